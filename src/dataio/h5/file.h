@@ -1,0 +1,41 @@
+// An open HDF5 file.
+//
+//   h5::File const file("run.h5", h5::File::READ_ONLY);
+//   bool const hasCells = file.exist("CellsAll");
+#pragma once
+
+#include <string>
+
+#include "dataio/h5/handle.h"
+
+namespace dataio::h5 {
+
+/// Open from construction to destruction.
+class File {
+ public:
+  static constexpr unsigned READ_ONLY = 0;
+  static constexpr unsigned READ_WRITE = 1;
+  static constexpr unsigned TRUNCATE = 2;
+  static constexpr unsigned CREATE = 16;
+
+  /// @param access flags of the above; TRUNCATE or CREATE makes a new, empty file
+  /// @throws Error if the file cannot be opened or created.
+  File(const std::string& name, unsigned access);
+
+  const std::string& name() const noexcept { return filename; }
+  const Handle& handle() const noexcept { return file; }
+
+  /// Whether there is a link at `path`.
+  /// @throws Error if what stands before the last element does not exist.
+  bool exist(const std::string& path) const;
+
+  /// Hands everything written so far to the operating system.
+  /// @throws Error on failure, as on a full disk.
+  void flush() const;
+
+ private:
+  std::string filename;
+  Handle file;
+};
+
+}  // namespace dataio::h5

@@ -1,0 +1,132 @@
+// The sequential backend: one thread visits the elements in set order.
+//
+// A backend is one function over trivially copyable cursors and the body. A cursor turns an
+// element number into the pointer that the body gets for one row. Rows that name the same map
+// share one index load: their cursors get the same row of the map's table.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <tuple>
+#include <type_traits>
+#include <utility>
+
+#include "op/op_loop.h"
+
+namespace op::backend {
+
+template <class Element>
+struct GlobalCursor {
+  Element* data;
+  Element* resolve(std::ptrdiff_t /*n*/, int const* /*columns*/) const { return data; }
+};
+
+template <class Element, int Dim>
+struct DirectCursor {
+  Element* data;
+  Element* resolve(std::ptrdiff_t n, int const* /*columns*/) const { return data + n * Dim; }
+};
+
+template <class Element, int Dim, int Column>
+struct ColumnCursor {
+  Element* data;
+  Element* resolve(std::ptrdiff_t /*n*/, int const* columns) const {
+    return data + std::ptrdiff_t{columns[Column]} * Dim;
+  }
+};
+
+template <class Element, int Dim, int Columns>
+struct VectorCursor {
+  Element* data;
+  std::array<Element*, std::size_t{Columns}> resolve(std::ptrdiff_t /*n*/,
+                                                     int const* columns) const {
+    std::array<Element*, std::size_t{Columns}> addresses;
+    for (int k = 0; k < Columns; ++k) {
+      addresses[static_cast<std::size_t>(k)] = data + std::ptrdiff_t{columns[k]} * Dim;
+    }
+    return addresses;
+  }
+};
+
+/// An optional row without data: the body must not look at what it gets.
+template <class Base>
+struct OptionalCursor {
+  Base cursor;
+  bool present;
+  auto resolve(std::ptrdiff_t n, int const* columns) const {
+    using Resolved = decltype(cursor.resolve(n, columns));
+    return present ? cursor.resolve(n, columns) : Resolved{};
+  }
+};
+
+template <class Row>
+constexpr auto makeCursor(op_arg const& arg) {
+  using Element = typename Row::Element;
+  auto* data = reinterpret_cast<Element*>(arg.data);
+  if constexpr (Row::global) {
+    return GlobalCursor<Element>{data};
+  } else {
+    auto const plain = [data] {
+      if constexpr (!Row::mapped) {
+        return DirectCursor<Element, Row::dim>{data};
+      } else if constexpr (Row::vector) {
+        return VectorCursor<Element, Row::dim, Row::Route::columns>{data};
+      } else {
+        return ColumnCursor<Element, Row::dim, Row::Route::idx>{data};
+      }
+    }();
+    if constexpr (Row::optional) {
+      return OptionalCursor<decltype(plain)>{plain, arg.opt != 0};
+    } else {
+      return plain;
+    }
+  }
+}
+
+/// What the body gets for a vector row: the k addresses live as long as the call.
+template <class Element, std::size_t N>
+Element* const* bodyArgument(std::array<Element*, N> const& addresses) {
+  return addresses.data();
+}
+template <class Element>
+Element* bodyArgument(Element* address) {
+  return address;
+}
+
+struct Sequential {
+  /// Runs the body for the elements from `begin` to `end` - 1.
+  /// @param args one argument per row
+  template <class L, typename L::Body* Body>
+  static void run(typename L::Arguments const& args, int begin, int end) {
+    runRows<L, Body>(args, begin, end, std::make_index_sequence<L::rows>{});
+  }
+
+ private:
+  template <class L, typename L::Body* Body, std::size_t... I>
+  static void runRows(typename L::Arguments const& args, std::ptrdiff_t begin, std::ptrdiff_t end,
+                      std::index_sequence<I...> /*rows*/) {
+    auto const cursors = std::tuple{makeCursor<typename L::template Row<I>>(args[I])...};
+    std::array<int const*, L::rows> const tables{args[I].map_data...};
+    std::array<std::ptrdiff_t, L::rows> const widths{
+        (args[I].map == nullptr ? 0 : args[I].map->dim)...};
+    for (std::ptrdiff_t n = begin; n < end; ++n) {
+      Body(bodyArgument(std::get<I>(cursors).resolve(
+          n, columnsOf<L, I>(tables, widths, n)))...);
+    }
+  }
+
+  /// The map row of element n, taken from the table of the first row that uses the same map.
+  template <class L, std::size_t I>
+  static int const* columnsOf(std::array<int const*, L::rows> const& tables,
+                              std::array<std::ptrdiff_t, L::rows> const& widths,
+                              std::ptrdiff_t n) {
+    if constexpr (L::template Row<I>::mapped) {
+      constexpr std::size_t leader = detail::mapLeader<L, I>();
+      return tables[leader] + n * widths[leader];
+    } else {
+      return nullptr;
+    }
+  }
+};
+
+}  // namespace op::backend

@@ -1,0 +1,130 @@
+// The one frame of all loops: timing, diagnostics, halo calls, the backend, reductions, accounting.
+//
+//   void op_par_loop_kernel_HYDRAULICS_TimeStep(char const* name, op_set set,
+//                                               loops::TimeStep::Arguments args) {
+//     op::par_loop<loops::TimeStep, hydraulics::time_step>(name, set, args);
+//   }
+//
+// The frame keeps the shape of a parallel build; what has no meaning for one process is a stub.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <utility>
+
+#include "op/backend/sequential.h"
+#include "op/op_lib_core.h"
+#include "op/op_loop.h"
+#include "op/op_rt_support.h"
+#include "op/op_seq.h"
+
+/// Shows that a loop runs, if the diagnostic level is above 2.
+/// @param kernel the kernel's own name, not the name that the caller gives the loop
+void op_frame_diagnostics(char const* kernel, bool isDirect);
+
+namespace op {
+
+namespace detail {
+
+/// Copies the incoming arguments to the local array, a vector row taking one entry per column.
+/// The first entry of a vector row addresses column 0.
+template <class L, std::size_t... I>
+std::array<op_arg, std::size_t{L::entries}> expand(typename L::Arguments& incoming,
+                                                   std::index_sequence<I...> /*rows*/) {
+  std::array<op_arg, std::size_t{L::entries}> args;
+  std::size_t next = 0;
+  auto const append = [&]<class Row>(std::type_identity<Row>, op_arg& arg) {
+    if constexpr (Row::vector) arg.idx = 0;
+    args[next++] = arg;
+    for (int column = 1; column < Row::entries; ++column) {
+      if constexpr (Row::optional) {
+        args[next++] =
+            op_opt_arg_dat(arg.opt, arg.dat, column, arg.map, arg.dim, arg.type, arg.acc);
+      } else {
+        args[next++] = op_arg_dat(arg.dat, column, arg.map, arg.dim, arg.type, arg.acc);
+      }
+    }
+  };
+  (append(std::type_identity<typename L::template Row<I>>{}, incoming[I]), ...);
+  return args;
+}
+
+/// Adds the estimated bytes of one call to a timing record, in single precision and in argument
+/// order: each dat, twice if it is read and written, and each map.
+template <class L, std::size_t... I>
+void addTransfer(op_kernel& record, op_set set, typename L::Arguments const& args,
+                 std::index_sequence<I...> /*rows*/) {
+  auto const elements = static_cast<float>(set->size);
+  auto const addDat = [&]<class Row>(std::type_identity<Row>, op_arg const& arg, bool repeated) {
+    if constexpr (!Row::global) {
+      if (repeated || (Row::optional && L::isDirect && arg.opt == 0)) return;
+      bool const twice = Row::access == OP_RW || (L::isDirect && Row::access == OP_WRITE);
+      float const bytes = elements * static_cast<float>(arg.size);
+      record.transfer += twice ? bytes * 2.0F : bytes;
+    }
+  };
+  auto const addMap = [&](bool leads, op_arg const& arg) {
+    if (leads) record.transfer += elements * static_cast<float>(arg.map->dim) * 4.0F;
+  };
+  (addDat(std::type_identity<typename L::template Row<I>>{}, args[I], repeatsDatum<L, I>()), ...);
+  (addMap(L::template Row<I>::mapped && mapLeader<L, I>() == I, args[I]), ...);
+}
+
+inline void reduceGlobal(op_arg* arg, double* value) { op_mpi_reduce_double(arg, value); }
+inline void reduceGlobal(op_arg* arg, int* value) { op_mpi_reduce_int(arg, value); }
+
+template <class L, std::size_t... I>
+void reduce(typename L::Arguments& args, std::index_sequence<I...> /*rows*/) {
+  auto const one = []<class Row>(std::type_identity<Row>, op_arg& arg) {
+    if constexpr (Row::global) {
+      if constexpr (Row::reduction) reduceGlobal(&arg, reinterpret_cast<Row::Value*>(arg.data));
+    }
+  };
+  (one(std::type_identity<typename L::template Row<I>>{}, args[I]), ...);
+}
+
+}  // namespace detail
+
+/// Runs a kernel body over a set.
+/// @tparam L description of the loop
+/// @tparam Body one small function over raw pointers; it is inlined here
+/// @param name under which the timing table lists the loop
+/// @param incoming one argument per row of the description
+template <class L, typename L::Body* Body, class Backend = backend::Sequential>
+void par_loop(char const* name, op_set set, typename L::Arguments incoming) {
+  constexpr auto rows = std::make_index_sequence<L::rows>{};
+  auto args = detail::expand<L>(incoming, rows);
+
+  op_timing_realloc(L::slot);
+  double cpu = 0.0;
+  double start = 0.0;
+  op_timers_core(&cpu, &start);
+  op_frame_diagnostics(L::name(), L::isDirect);
+
+  int const executed = op_mpi_halo_exchanges(set, L::entries, args.data());
+  if (set->size >= 1 && executed >= 1) {
+    // The elements of the core need nothing from other processes; the rest waits for them.
+    int const core = L::isDirect ? executed : std::min(set->core_size, executed);
+    Backend::template run<L, Body>(incoming, 0, core);
+    if (core < executed) {
+      op_mpi_wait_all(L::entries, args.data());
+      Backend::template run<L, Body>(incoming, core, executed);
+    }
+  }
+  if (!L::isDirect && (executed == 0 || executed == set->core_size)) {
+    op_mpi_wait_all(L::entries, args.data());
+  }
+
+  detail::reduce<L>(incoming, rows);
+  op_mpi_set_dirtybit(L::entries, args.data());
+  double end = 0.0;
+  op_timers_core(&cpu, &end);
+
+  op_kernel& record = OP_kernels[L::slot];
+  record.name = name;
+  record.count += 1;
+  record.time += end - start;
+  detail::addTransfer<L>(record, set, incoming, rows);
+}
+
+}  // namespace op

@@ -1,0 +1,77 @@
+// What the HDF5 calls of the runtime share: handles that close themselves, the properties of a
+// dataset, the groups along a path. Works on the HDF5 C library directly.
+//
+//   H5Handle const file(H5Fopen(name, H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
+//   if (!file) ...
+#pragma once
+
+#include <hdf5.h>
+
+#include <cstddef>
+#include <string>
+
+/// An HDF5 identifier that is closed with its scope.
+class H5Handle {
+ public:
+  using Close = herr_t (*)(hid_t);
+
+  /// @param id an open identifier, or a negative value of a call that failed
+  H5Handle(hid_t id, Close close) : id_(id), close_(close) {}
+  H5Handle(H5Handle const&) = delete;
+  H5Handle& operator=(H5Handle const&) = delete;
+  ~H5Handle() {
+    if (id_ >= 0) close_(id_);
+  }
+
+  explicit operator bool() const { return id_ >= 0; }
+  hid_t get() const { return id_; }
+
+ private:
+  hid_t id_;
+  Close close_;
+};
+
+/// Turns the automatic printing of HDF5 errors off for a scope.
+class H5Silence {
+ public:
+  H5Silence() {
+    H5Eget_auto2(H5E_DEFAULT, &function_, &data_);
+    H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+  }
+  H5Silence(H5Silence const&) = delete;
+  H5Silence& operator=(H5Silence const&) = delete;
+  ~H5Silence() { H5Eset_auto2(H5E_DEFAULT, function_, data_); }
+
+ private:
+  H5E_auto2_t function_ = nullptr;
+  void* data_ = nullptr;
+};
+
+/// Shape and type of a dataset.
+struct op_hdf5_dataset_properties {
+  std::string type;        ///< "int", "long", "long long", "float" or "double"
+  int size;                ///< first extent; 0 for a dataset of rank 0
+  int dim;                 ///< second extent; 1 for rank 1, 0 for rank 0
+  std::size_t elem_bytes;  ///< `dim` times the bytes of one value
+};
+
+/// How the values of a dat of some type string are stored.
+struct op_hdf5_value_type {
+  hid_t memory;       ///< type of the values in memory, and of a new dataset; negative if unknown
+  std::size_t bytes;  ///< bytes of one value in a dat
+};
+
+/// The storage that a type string of a dat stands for.
+op_hdf5_value_type op_hdf5_type_of(char const* type);
+
+/// Name of an HDF5 type, "UNRECOGNISED" if it has none here.
+char const* op_hdf5_type_to_string(hid_t type);
+
+/// Reads shape and type of a dataset. Ends the process with status 2 if the runtime knows no such
+/// type, or if the dataset has more than two extents or an extent above the range of int.
+/// @return 0, or -1 if `record` is null or HDF5 fails
+int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record);
+
+/// Creates all groups that are missing on the way to the last component of `path`.
+/// @return false if a group could not be made
+bool create_path(char const* path, hid_t file);

@@ -1,0 +1,246 @@
+#include <hdf5.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <string>
+
+#include "op/op_arg.h"
+#include "op/op_hdf5.h"
+#include "op/op_hdf5_dataset.h"
+#include "op/op_util.h"
+
+namespace {
+
+// Where a dat goes, for messages.
+struct Target {
+  op_dat dat;
+  char const* file;
+  char const* path;
+};
+
+// After a failed write the library's own clean-up at exit would try again and can crash; the
+// process has to end without it to keep its exit status.
+[[noreturn]] void fail_write(Target const& target) {
+  std::printf("Could not write dataset '%s' to file '%s'\n", target.path, target.file);
+  std::fflush(nullptr);
+  std::_Exit(2);
+}
+
+// A full disk shows in any of the calls that write.
+void require(bool done, Target const& target) {
+  if (!done) fail_write(target);
+}
+
+// The HDF5 type of new datasets, by the dat's type.
+hid_t file_type(Target const& target) {
+  hid_t const type = op_hdf5_type_of(target.dat->type).memory;
+  if (type < 0) op_fail(2, "Unknown type for data elements\n");
+  return type;
+}
+
+// The HDF5 type of the dat's values, which for "long" can be of four or of eight bytes.
+hid_t memory_type(Target const& target) {
+  hid_t const type = file_type(target);
+  auto const bytes = static_cast<std::size_t>(target.dat->size / target.dat->dim);
+  if (bytes == H5Tget_size(type)) return type;
+  if (type == H5T_NATIVE_LONG && bytes == sizeof(int)) return H5T_NATIVE_INT;
+  op_fail(2, "dat %s has values of %zu bytes, which is not the size of its type %s\n",
+          target.dat->name, bytes, target.dat->type);
+}
+
+std::array<hsize_t, 2> extents_of(op_dat dat) {
+  return {static_cast<hsize_t>(dat->set->size), static_cast<hsize_t>(dat->dim)};
+}
+
+void write_values(hid_t dataset, hid_t memory_space, Target const& target) {
+  if (target.dat->set->size == 0) return;
+  require(H5Dwrite(dataset, memory_type(target), memory_space, H5S_ALL, H5P_DEFAULT,
+                   target.dat->data) >= 0,
+          target);
+}
+
+// Opens an attribute of the dataset that is to be updated.
+hid_t open_attribute(hid_t dataset, char const* name, Target const& target) {
+  H5Silence const silence;
+  hid_t const attribute = H5Aopen(dataset, name, H5P_DEFAULT);
+  if (attribute < 0) {
+    std::printf("data set %s on file %s does not have attribute '%s'", target.path, target.file,
+                name);
+    op_fail(2, " -- cannot check %s ... aborting\n", name);
+  }
+  return attribute;
+}
+
+[[noreturn]] void fail_attribute(char const* name, Target const& target) {
+  op_fail(2, "Could not read attribute '%s' of dataset '%s' in file '%s'\n", name, target.path,
+          target.file);
+}
+
+int int_attribute(hid_t dataset, char const* name, Target const& target) {
+  H5Handle const attribute(open_attribute(dataset, name, target), H5Aclose);
+  H5Handle const space(H5Aget_space(attribute.get()), H5Sclose);
+  int value = 0;
+  if (H5Sget_simple_extent_npoints(space.get()) != 1 ||
+      H5Aread(attribute.get(), H5T_NATIVE_INT, &value) < 0) {
+    fail_attribute(name, target);
+  }
+  return value;
+}
+
+// Reads a text of fixed or of variable length.
+std::string text_attribute(hid_t dataset, char const* name, Target const& target) {
+  H5Handle const attribute(open_attribute(dataset, name, target), H5Aclose);
+  H5Handle const space(H5Aget_space(attribute.get()), H5Sclose);
+  H5Handle const type(H5Aget_type(attribute.get()), H5Tclose);
+  H5Handle const memory(H5Tcopy(type.get()), H5Tclose);
+  if (H5Tget_class(type.get()) != H5T_STRING || H5Sget_simple_extent_npoints(space.get()) != 1) {
+    fail_attribute(name, target);
+  }
+  if (H5Tis_variable_str(type.get()) > 0) {
+    char* shared = nullptr;
+    if (H5Aread(attribute.get(), memory.get(), static_cast<void*>(&shared)) < 0 ||
+        shared == nullptr) {
+      fail_attribute(name, target);
+    }
+    std::string text(shared);
+    H5free_memory(shared);
+    return text;
+  }
+  // One more character, since a fixed length does not include the terminating zero.
+  std::string text(H5Tget_size(type.get()) + 1, '\0');
+  H5Tset_size(memory.get(), text.size());
+  H5Tset_strpad(memory.get(), H5T_STR_NULLTERM);
+  if (H5Aread(attribute.get(), memory.get(), text.data()) < 0) fail_attribute(name, target);
+  text.resize(std::strlen(text.c_str()));
+  return text;
+}
+
+// Ends the process unless the existing dataset holds a dat of the same shape and type.
+void check_existing(hid_t dataset, Target const& target) {
+  op_dat const dat = target.dat;
+  int const size = int_attribute(dataset, "size", target);
+  if (size != dat->size) {
+    op_fail(2, "dat.size %zu in file %s and dim %d do not match ... aborting\n",
+            static_cast<std::size_t>(size), target.file, dat->size);
+  }
+  int const dim = int_attribute(dataset, "dim", target);
+  if (dim != dat->dim) {
+    op_fail(2, "dat.dim %d in file %s and dim %d do not match ... aborting\n", dim, target.file,
+            dat->dim);
+  }
+  std::string const type = text_attribute(dataset, "type", target);
+  if (!op_type_equivalence(type.c_str(), dat->type)) {
+    op_fail(2, "dat.type %s in file %s and type %s do not match\n", type.c_str(), target.file,
+            dat->type);
+  }
+  op_hdf5_dataset_properties properties{};
+  if (get_dataset_properties(dataset, &properties) != 0) fail_write(target);
+  if (properties.size != dat->set->size || properties.dim != dat->dim) {
+    op_fail(2, "dataset '%s' in file '%s' is %d by %d and dat %s is %d by %d ... aborting\n",
+            target.path, target.file, properties.size, properties.dim, dat->name, dat->set->size,
+            dat->dim);
+  }
+}
+
+void update_dataset(hid_t file, Target const& target) {
+  H5Handle const dataset(H5Dopen2(file, target.path, H5P_DEFAULT), H5Dclose);
+  if (!dataset) {
+    op_fail(2, "'%s' in file '%s' is not a dataset\n", target.path, target.file);
+  }
+  check_existing(dataset.get(), target);
+  auto const extents = extents_of(target.dat);
+  H5Handle const space(H5Screate_simple(2, extents.data(), nullptr), H5Sclose);
+  write_values(dataset.get(), space.get(), target);
+}
+
+void write_attribute(hid_t dataset, char const* name, hid_t type, hid_t space, void const* value,
+                     Target const& target) {
+  H5Handle const attribute(H5Acreate2(dataset, name, type, space, H5P_DEFAULT, H5P_DEFAULT),
+                           H5Aclose);
+  require(attribute && H5Awrite(attribute.get(), type, value) >= 0, target);
+}
+
+void write_attributes(hid_t dataset, Target const& target) {
+  hsize_t const one = 1;
+  H5Handle const single(H5Screate_simple(1, &one, nullptr), H5Sclose);
+  H5Handle const scalar(H5Screate(H5S_SCALAR), H5Sclose);
+  H5Handle const text(H5Tcopy(H5T_C_S1), H5Tclose);
+  char const* const type = target.dat->type;
+  H5Tset_size(text.get(), std::strlen(type));
+  write_attribute(dataset, "size", H5T_NATIVE_INT, single.get(), &target.dat->size, target);
+  write_attribute(dataset, "dim", H5T_NATIVE_INT, single.get(), &target.dat->dim, target);
+  write_attribute(dataset, "type", text.get(), scalar.get(), type, target);
+}
+
+void create_dataset(hid_t file, Target const& target) {
+  hid_t const type = file_type(target);
+  require(create_path(target.path, file), target);
+  auto const extents = extents_of(target.dat);
+  H5Handle const space(H5Screate_simple(2, extents.data(), nullptr), H5Sclose);
+  H5Handle const dataset(
+      H5Dcreate2(file, target.path, type, space.get(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT),
+      H5Dclose);
+  require(static_cast<bool>(dataset), target);
+  write_values(dataset.get(), space.get(), target);
+  write_attributes(dataset.get(), target);
+}
+
+// The file, or an invalid identifier if there is none yet.
+hid_t open_if_there(Target const& target) {
+  if (file_exist(target.file) == 0) return H5I_INVALID_HID;
+  if (OP_diags > 3) {
+    std::printf("File %s exists .... checking for dataset and path %s in file\n", target.file,
+                target.path);
+  }
+  hid_t const file = H5Fopen(target.file, H5F_ACC_RDWR, H5P_DEFAULT);
+  if (file < 0) op_fail(2, "Could not obtain write access to file '%s'\n", target.file);
+  return file;
+}
+
+bool holds_object(hid_t file, char const* path) {
+  // Missing groups on the way are an error for the library.
+  H5Silence const silence;
+  return H5Oexists_by_name(file, path, H5P_DEFAULT) > 0;
+}
+
+// What the library still keeps would be lost without a word when the file is closed on a full disk.
+void flush(hid_t file, Target const& target) {
+  require(H5Fflush(file, H5F_SCOPE_LOCAL) >= 0, target);
+}
+
+}  // namespace
+
+void op_fetch_data_hdf5(op_dat dat, char const* file, char const* path) {
+  std::printf("Writing '%s' to file '%s'\n", path, file);
+  if (dat == nullptr) op_fail(2, "There is no dat to write to '%s' in file '%s'\n", path, file);
+  Target const target{dat, file, path};
+  H5Handle const existing(open_if_there(target), H5Fclose);
+  if (existing && holds_object(existing.get(), path)) {
+    if (OP_diags > 3) {
+      std::printf("dataset '%s' exists in the file ... updating data\n", path);
+    }
+    update_dataset(existing.get(), target);
+    flush(existing.get(), target);
+    return;
+  }
+  if (OP_diags > 3) {
+    std::printf("op_dat %s does not exists in the file ... creating data set\n", dat->name);
+  }
+  if (existing) {
+    create_dataset(existing.get(), target);
+    flush(existing.get(), target);
+    return;
+  }
+  if (OP_diags > 3) std::printf("File %s does not exist .... creating file\n", file);
+  H5Handle const created(H5Fcreate(file, H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT), H5Fclose);
+  require(static_cast<bool>(created), target);
+  create_dataset(created.get(), target);
+  flush(created.get(), target);
+}
+
+void op_fetch_data_hdf5_file_path(op_dat dat, char const* file, char const* path) {
+  op_fetch_data_hdf5(dat, file, path);
+}

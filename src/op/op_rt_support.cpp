@@ -1,0 +1,161 @@
+#include "op/op_rt_support.h"
+
+#include <sys/time.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstddef>
+#include <cstdio>
+
+#include "op/op_lib_core.h"
+#include "op/op_seq.h"
+#include "op/op_util.h"
+
+namespace {
+
+// clang-format off
+constexpr char const* TABLE_HEAD =
+    "\n  count   plan time     MPI time(std)        time(std)           GB/s      GB/s   kernel name "
+    "\n -------------------------------------------------------------------------------------------";
+// clang-format on
+
+constexpr int SPARE_SLOTS = 10;  // records made beyond the one that is asked for
+
+// Largest time of a record. A loop that was timed as a whole hands its time to its one thread.
+double kernel_time(op_kernel& kernel) {
+  if (kernel.ntimes == 1 && kernel.times[0] == 0.0 && kernel.time != 0.0) {
+    kernel.times[0] = kernel.time;
+  }
+  return *std::max_element(kernel.times, kernel.times + kernel.ntimes);
+}
+
+double floored(double bandwidth) {
+  return bandwidth > 0.0 ? bandwidth : 0.0;
+}
+
+void print_timing(op_kernel& kernel) {
+  double const nanoseconds = kernel_time(kernel) * 1e9;
+  double m1 = 0.0;
+  double m2 = 0.0;
+  double p1 = 0.0;
+  double p2 = 0.0;
+  op_compute_moment_across_times(kernel.times, kernel.ntimes, true, &m1, &m2);
+  op_compute_moment(kernel.mpi_time, &p1, &p2);
+  double const p_deviation = std::sqrt(p2 - p1 * p1);
+  double const m_deviation = std::sqrt(m2 - m1 * m1);
+  if (kernel.transfer2 < 1e-8F) {
+    double const used = floored(kernel.transfer / (nanoseconds - kernel.mpi_time));
+    std::printf(" %6d;  %8.4f;  %8.4f(%8.4f);  %8.4f(%8.4f);  %8.4f;         ;   %s \n",
+                kernel.count, kernel.plan_time, p1, p_deviation, m1, m_deviation, used,
+                kernel.name);
+    return;
+  }
+  double const d = nanoseconds - kernel.plan_time - kernel.mpi_time;
+  std::printf(" %6d;  %8.4f;  %8.4f(%8.4f);  %8.4f(%8.4f); %8.4f; %8.4f;   %s \n", kernel.count,
+              kernel.plan_time, p1, p_deviation, m1, m_deviation, floored(kernel.transfer / d),
+              floored(kernel.transfer2 / d), kernel.name);
+}
+
+void print_sets() {
+  std::printf("\n       set       size\n");
+  std::printf("  -------------------\n");
+  for (int i = 0; i < OP_set_index; ++i) {
+    std::printf("%10s %10d\n", OP_set_list[i]->name, OP_set_list[i]->size);
+  }
+}
+
+void print_maps() {
+  std::printf("\n       map        dim       from         to\n");
+  std::printf("  -----------------------------------------\n");
+  for (int i = 0; i < OP_map_index; ++i) {
+    op_map const map = OP_map_list[i];
+    std::printf("%10s %10d %10s %10s\n", map->name, map->dim, map->from->name, map->to->name);
+  }
+}
+
+void print_dats() {
+  std::printf("\n       dat        dim        set\n");
+  std::printf("  ------------------------------\n");
+  for (op_dat_entry const* entry = OP_dat_list.first; entry != nullptr; entry = entry->next) {
+    std::printf("%10s %10d %10s\n", entry->dat->name, entry->dat->dim, entry->dat->set->name);
+  }
+}
+
+}  // namespace
+
+void op_timers(double* cpu, double* wall) {
+  op_timers_core(cpu, wall);
+}
+
+void op_timers_core(double* /*cpu*/, double* wall) {
+  timeval now{};
+  gettimeofday(&now, nullptr);
+  *wall = static_cast<double>(now.tv_usec) * 1e-6 + static_cast<double>(now.tv_sec);
+}
+
+void op_timing_realloc(int slot) {
+  op_timing_realloc_manytime(slot, 1);
+}
+
+void op_timing_realloc_manytime(int slot, int threads) {
+  OP_kern_curr = slot;
+  if (slot < OP_kern_max) return;
+  int const capacity = slot + SPARE_SLOTS;
+  auto const bytes = static_cast<std::size_t>(capacity) * sizeof(op_kernel);
+  OP_kernels = static_cast<op_kernel*>(op_realloc(OP_kernels, bytes));
+  if (OP_kernels == nullptr) op_fail(-1, " op_timing_realloc error ");
+  for (int i = OP_kern_max; i < capacity; ++i) {
+    op_kernel kernel{};
+    kernel.name = "unused";
+    kernel.ntimes = threads;
+    kernel.times =
+        static_cast<double*>(op_calloc(static_cast<std::size_t>(threads), sizeof(double)));
+    if (kernel.times == nullptr) op_fail(-1, " op_timing_realloc error ");
+    OP_kernels[i] = kernel;
+  }
+  OP_kern_max = capacity;
+}
+
+void op_compute_moment(double value, double* first, double* second) {
+  *first = value;
+  *second = value * value;
+}
+
+void op_compute_moment_across_times(double const* values, int count, bool ignore_zeros,
+                                    double* first, double* second) {
+  double sum = 0.0;
+  double squares = 0.0;
+  int counted = 0;
+  for (int i = 0; i < count; ++i) {
+    if (ignore_zeros && values[i] == 0.0) continue;
+    sum += values[i];
+    squares += values[i] * values[i];
+    ++counted;
+  }
+  *first = counted == 0 ? 0.0 : sum / counted;
+  *second = counted == 0 ? 0.0 : squares / counted;
+}
+
+void op_timing_output() {
+  op_timing_output_core();
+}
+
+void op_timing_output_core() {
+  if (OP_kern_max < 1) return;
+  if (op_is_root() != 0) {
+    std::printf("%s\n", TABLE_HEAD);
+  }
+  for (int i = 0; i < OP_kern_max; ++i) {
+    if (OP_kernels[i].count > 0 && op_is_root() != 0) print_timing(OP_kernels[i]);
+  }
+}
+
+void op_diagnostic_output() {
+  if (OP_diags < 2) return;
+  std::printf("\n  OP diagnostic output\n");
+  std::printf("  --------------------\n");
+  print_sets();
+  print_maps();
+  print_dats();
+  std::printf("\n");
+}

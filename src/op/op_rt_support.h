@@ -1,0 +1,35 @@
+// What the runtime knows and tells about itself: the clock, the timing record of each loop, the
+// timing table at the end of a run and the list of declarations at its start.
+//
+//   op_timing_realloc(slot);                    // OP_kernels[slot] is there now
+//   op_timers_core(&cpu, &wall);
+//   ...
+//   OP_kernels[slot].time += end - start;
+//   op_timing_output();
+#pragma once
+
+/// Stores the seconds since the epoch, with microsecond resolution, in `wall`; `cpu` is left as is.
+void op_timers(double* cpu, double* wall);
+void op_timers_core(double* cpu, double* wall);
+
+/// Makes sure that the timing record of a slot exists, and makes it the current one. Records move
+/// when their array grows. Ends the process if memory runs out.
+void op_timing_realloc(int slot);
+
+/// The same, with new records that time `threads` threads each.
+void op_timing_realloc_manytime(int slot, int threads);
+
+/// Stores `value` and its square.
+void op_compute_moment(double value, double* first, double* second);
+
+/// Stores the mean of the values and the mean of their squares, 0 if no value counts.
+/// @param ignore_zeros if true, zeros do not count
+void op_compute_moment_across_times(double const* values, int count, bool ignore_zeros,
+                                    double* first, double* second);
+
+/// Prints the timing table: one line for each loop that has run.
+void op_timing_output();
+void op_timing_output_core();
+
+/// Prints all sets, maps and dats, if the diagnostic level is at least 2.
+void op_diagnostic_output();

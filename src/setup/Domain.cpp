@@ -1,0 +1,39 @@
+#include "setup/Domain.h"
+
+#include "setup/Reader2dm.h"
+#include "setup/initialState.h"
+#include "setup/numbering.h"
+
+namespace setup {
+
+namespace {
+
+/// Every mesh format has its line here.
+struct MeshSource {
+  Mesh operator()(const MeshFile& source) const { return readMesh2dm(source.file); }
+  Mesh operator()(const RectangleMesh& source) const { return makeMesh(source); }
+  Mesh operator()(const ChannelMesh& source) const { return makeMesh(source); }
+};
+
+void numberCells(Domain& domain) {
+  const Neighbours asGiven = neighboursOf(findTopology(domain.mesh));
+  orderCells(domain.mesh, cuthillMcKee(asGiven));
+  domain.topology = findTopology(domain.mesh);
+  domain.bandwidthAsGiven = bandwidth(asGiven);
+  domain.bandwidthAsNumbered = bandwidth(neighboursOf(domain.topology));
+}
+
+}  // namespace
+
+Domain buildDomain(const Study& study) {
+  Domain domain;
+  domain.mesh = std::visit(MeshSource{}, study.mesh);
+  domain.tidying = tidyMesh(domain.mesh);
+  numberCells(domain);
+  domain.geometry = measure(domain.mesh, domain.topology);
+  domain.bed = cellBeds(study, domain.mesh, domain.geometry);
+  domain.flow = initialFlow(study, domain.mesh, domain.geometry, domain.bed);
+  return domain;
+}
+
+}  // namespace setup

@@ -1,0 +1,31 @@
+// The domain of a study: the mesh in its final numbering, its geometry and its initial state.
+#pragma once
+
+#include <array>
+#include <vector>
+
+#include "setup/Geometry.h"
+#include "setup/Mesh.h"
+#include "setup/Study.h"
+#include "setup/Topology.h"
+#include "setup/tidyMesh.h"
+
+namespace setup {
+
+struct Domain {
+  Mesh mesh;
+  Topology topology;
+  Geometry geometry;
+  std::vector<double> bed;                  ///< per cell [m]
+  std::vector<std::array<double, 3>> flow;  ///< per cell: water surface [m], qx, qy [m2/s]
+
+  Tidying tidying;              ///< what had to be changed in the mesh
+  int bandwidthAsGiven = 0;     ///< distance of neighbours in the list of cells, before ...
+  int bandwidthAsNumbered = 0;  ///< ... and after the cells were numbered
+};
+
+/// Reads or makes the mesh of the study and brings it into its final form.
+/// @throws BaseException for a faulty mesh and for areas without a cell; see the parts.
+Domain buildDomain(const Study& study);
+
+}  // namespace setup

@@ -1,0 +1,40 @@
+// What the run file holds of one set: its size, its maps, its data. Each set has a file of its own
+// in sets/; a set of a new kind is such a file and a line in setContents.cpp.
+#pragma once
+
+#include <array>
+#include <map>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "model/catalogue/IDs.h"
+#include "setup/Domain.h"
+
+namespace setup {
+
+/// All values of a map or datum, element by element.
+template <class T>
+using Values = std::vector<T> (*)(const Domain&);
+
+using DataValues = std::variant<Values<int>, Values<double>, Values<std::string>>;
+
+struct SetContent {
+  int (*size)(const Domain&);
+  std::map<model::MapID, Values<int>> maps;
+  std::map<model::DataID, DataValues> data;
+};
+
+/// The content of all sets that a study can define so far.
+const std::map<model::SetID, SetContent>& setContents();
+
+/// The rows one behind the other.
+template <class T, std::size_t N>
+std::vector<T> flat(const std::vector<std::array<T, N>>& rows) {
+  std::vector<T> values;
+  values.reserve(N * rows.size());
+  for (const std::array<T, N>& row : rows) values.insert(values.end(), row.begin(), row.end());
+  return values;
+}
+
+}  // namespace setup

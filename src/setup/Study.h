@@ -1,0 +1,79 @@
+// A study: what the user writes down to have a run file made.
+//
+//   const Study study = readStudy("study.json");
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "setup/gridMesh.h"
+
+namespace setup {
+
+struct MeshFile {
+  std::string file;  ///< as it can be opened from where the program runs
+};
+
+/// A name for the cells of one material.
+struct Region {
+  int index = 0;  ///< the material
+  std::string name;
+};
+
+/// A part of the domain: the cells of a region, or with the centroid in a box, or both.
+struct Area {
+  std::string path;  ///< in the study document, for messages
+  std::optional<Region> region;
+  std::optional<std::array<double, 4>> box;  ///< xmin, ymin, xmax, ymax [m]
+};
+
+/// Sets the bed of an area to a plane, or lifts it.
+struct BedZone {
+  Area area;
+  std::optional<double> elevation;   ///< at `at` [m]; none: the bed is lifted by `raise`
+  std::array<double, 2> gradient{};  ///< rise per metre along x and y [-]
+  std::array<double, 2> at{};        ///< [m]
+  double raise = 0.0;                ///< [m]
+};
+
+/// Dry, if there is neither a level nor a depth.
+struct Water {
+  std::optional<double> level;       ///< [m]
+  std::optional<double> depth;       ///< [m]
+  std::array<double, 2> velocity{};  ///< [m/s]
+};
+
+struct WaterZone {
+  Area area;
+  Water water;
+};
+
+struct HydraulicParameters {
+  double cfl = 0.5;
+  double maximumTimeStep = 100.0;    ///< [s]
+  double minimumWaterDepth = 0.001;  ///< cells with less count as dry [m]
+  double gravity = 9.81;             ///< [m/s2]
+  bool safeMode = true;
+};
+
+struct Study {
+  std::string file;
+  std::string document;  ///< the study as compact JSON
+  std::string name;      ///< empty if the study has none
+  std::variant<MeshFile, RectangleMesh, ChannelMesh> mesh;
+  std::vector<Region> regions;
+  std::vector<BedZone> bed;  ///< in the order in which they apply
+  Water water;               ///< where no zone says otherwise
+  std::vector<WaterZone> waterZones;
+  HydraulicParameters hydraulics;
+};
+
+/// Reads and checks a study document. Relative file names in it start from its own folder.
+/// @throws BaseException for a file that cannot be read or is not JSON, for unknown and missing
+///         keys, wrong values and keys that exclude each other; the message names the key.
+Study readStudy(const std::string& file);
+
+}  // namespace setup

@@ -1,0 +1,474 @@
+#include "simulation/RHEOcommon_op.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+#include <new>
+#include <utility>
+
+#include "api/IResultReader.h"
+#include "common/check.h"
+#include "common/console.h"
+#include "dataio/Archive.h"
+#include "dataio/Factory.h"
+#include "dataio/H5FileNameDefinitions.h"
+#include "dataio/ResultReader.h"
+#include "model/Factory.h"
+#include "model/Kernel.h"
+#include "model/vectors.h"
+#include "op/op_hdf5.h"
+#include "op/op_rt_support.h"
+#include "op/op_seq.h"
+#include "simulation/Factory.h"
+#include "simulation/InputChecks.h"
+#include "simulation/SetupOutput.h"
+#include "simulation/kernels/parameters.h"
+
+namespace simulation {
+
+namespace console = common::console;
+
+namespace {
+
+// Checks whose place in the code is part of their message: users' notes cite the line numbers.
+constexpr int LINE_MINIMUM_STEP = 168;
+constexpr int LINE_PARAMETER_COUNT = 411;
+constexpr int LINE_INT_PARAMETER = 425;
+constexpr int LINE_REAL_PARAMETER = 431;
+
+// Steps are reset to this value before each pass; every bound lies below it.
+constexpr double NO_LIMIT = 1e12;
+
+// Times of records are compared after rounding to this many digits; the reader's factor overflows
+// on purpose, so that in practice only equal times match.
+constexpr int TIME_DIGITS = 100;
+
+// Truncates toward zero; what no int can hold (0/0 where a run has no length) becomes INT_MIN.
+int truncated(double value) {
+  constexpr double LIMIT = 2147483648.0;
+  return std::fabs(value) < LIMIT ? static_cast<int>(value) : std::numeric_limits<int>::min();
+}
+
+double secondsSince(const std::chrono::steady_clock::time_point& start) {
+  const auto passed = std::chrono::steady_clock::now() - start;
+  const auto count = std::chrono::duration_cast<std::chrono::nanoseconds>(passed).count();
+  return static_cast<double>(count) / 1e9;
+}
+
+}  // namespace
+
+RHEOcommon::RHEOcommon(const std::string& commandFileName, const std::string& runFileName)
+    : model(model::Factory::createModel(runFileName)),
+      commandFile(dataio::Factory::createCommandFileReader(commandFileName)),
+      runFile(dataio::Factory::createH5Reader(runFileName)) {
+  model->addOutputs(commandFile->getOptionalStringList("SIMULATION/OUTPUT", {}));
+}
+
+RHEOcommon::~RHEOcommon() { op_exit(); }
+
+void RHEOcommon::printHash(const std::string& file) {
+  console::info("restoring the model configuration to file <", file, ">");
+  dataio::Archive::restore(runFile.get(), file);
+}
+
+void RHEOcommon::setParallel(const int& threads) {
+  if (threads > 1) console::info("no parallel run!");
+}
+
+void RHEOcommon::init(const int& level, const bool& showProgress, const bool& debug,
+                      const std::string& output) {
+  logLevel = level;
+  progress = showProgress;
+  G_Debug = debug ? 1 : 0;
+  if (debug) console::info("DEBUG MODE ACTIVATED");
+  op_init(0, nullptr, logLevel);
+
+  const std::string fileName = runFile->getFilename();
+  initializeSetsAndKernels(fileName);
+  initializeMaps(fileName);
+  initializeSolutionData();
+  if (startTime() > 0.0) {
+    initializeReRunData(output, startTime());
+    initializeData(fileName, true);
+  } else {
+    initializeData(fileName, false);
+    checkStateData(*model, dats);
+    initializeResultsFile(output);
+  }
+  initializeOutputData();
+  initializeParameters();
+  initializeVariables();
+  checkInputData(dats, maps);
+  op_diagnostic_output();
+}
+
+void RHEOcommon::initializeSetsAndKernels(const std::string& fileName) {
+  for (const model::SetID id : model->getSets()) {
+    api::ISet* set = model->getSet(id);
+    sets[id] = op_decl_set_hdf5(fileName.c_str(), set->getH5Path().c_str());
+    set->setSize(op_get_size(sets[id]));
+    if (G_Debug != 0) setEnumerators[id] = createDebugData(set);
+  }
+  deactivateKernels();
+}
+
+// A kernel over an empty set loses its callable and so gets no plan and no loop.
+void RHEOcommon::deactivateKernels() {
+  const std::vector<model::KernelID> ofModel = model->getKernels();
+  std::vector<model::KernelID> idle;
+  for (const auto& entry : kernels) {
+    if (model::elementInVector(entry.first, ofModel) < 0) continue;
+    const op_set set = sets.at(model->getKernel(entry.first)->getSet()->getID());
+    if (op_get_size(set) == 0) idle.push_back(entry.first);
+  }
+  for (const model::KernelID id : idle) {
+    if (logLevel > 0) {
+      console::info("de-activating the kernel <", model->getKernel(id)->getName(), ">");
+    }
+    kernels.erase(id);
+  }
+}
+
+void RHEOcommon::initializeMaps(const std::string& fileName) {
+  for (const model::MapID id : model->getMaps()) {
+    const api::IMap* map = model->getMap(id);
+    const std::string path = map->getH5Path();
+    if (!runFile->existDataset(path)) {
+      if (logLevel > 0) console::info("map <", path, "> not found in runfile");
+      continue;
+    }
+    if (logLevel > 2) console::info("loading map <", path, "> ...");
+    maps[id] = op_decl_map_hdf5(sets[map->getSet()->getID()], sets[map->getSetMapped()->getID()],
+                                map->getSize(), fileName.c_str(), path.c_str());
+  }
+}
+
+void RHEOcommon::initializeSolutionData() {
+  for (const model::DataID id : model->getDats()) {
+    if (!model->getData(id)->isSolution()) continue;
+    solutionData.push_back(id);
+    outputData.push_back(id);
+  }
+}
+
+void RHEOcommon::initializeData(const std::string& fileName, bool isReRun) {
+  for (const model::KernelID kernel : model->getKernels()) {
+    for (const model::DataID id : model->getKernel(kernel)->getOptionalData()) {
+      if (logLevel > 4) {
+        console::info("assign (empty) optional data <", static_cast<int>(id), "> ...");
+      }
+      dats[id] = nullptr;
+    }
+  }
+  for (const model::DataID id : model->getDats()) {
+    api::IData* data = model->getData(id);
+    if (isReRun && data->isSolution()) continue;
+    dats[id] = loadData(data, fileName);
+  }
+}
+
+op_dat RHEOcommon::loadData(api::IData* data, const std::string& fileName) {
+  const std::string path = data->getH5Path();
+  const std::string type = data->getType();
+  if (data->isSimulationOnly()) {
+    if (type == "int") return createLocalData<int>(data);
+    if (type == "double") return createLocalData<double>(data);
+    return nullptr;
+  }
+  if (data->isSetupOnly()) return nullptr;
+  if (!runFile->existDataset(path)) {
+    if (logLevel > 0) console::info("data <", path, "> not found in runfile");
+    return nullptr;
+  }
+  if (logLevel > 2) console::info("loading data <", path, "> ...");
+  return op_decl_dat_hdf5(sets[data->getSet()->getID()], data->getDimension().at(1), type.c_str(),
+                          fileName.c_str(), path.c_str());
+}
+
+void RHEOcommon::initializeReRunData(const std::string& output, const double& time) {
+  const std::string name = dataio::H5FileNameDefinitions::getResultFileName(output);
+  if (logLevel > 1) {
+    console::info("opening the existing solution file <", name, "> to setup the RE-RUN simulation");
+  }
+  std::unique_ptr<api::IResultReader> reader(dataio::Factory::createResultReader(name));
+  std::vector<std::string> paths;
+  paths.reserve(solutionData.size());
+  for (const model::DataID id : solutionData) paths.push_back(model->getData(id)->getH5Path());
+
+  const int position = reader->findTime(paths, time, TIME_DIGITS);
+  if (position < 0) {
+    console::info("Restart time ", time,
+                  " [s] is not available. Please choose among available times:");
+    reader->printValidTimes(paths);
+    console::fail("impossible to setup proper Re-Run Initial Conditions");
+  }
+  outputCounter = position;
+  for (const model::DataID id : solutionData) {
+    const api::IData* data = model->getData(id);
+    const std::string record =
+        dataio::ResultReader::getOutputPath(data->getH5Path(), outputCounter);
+    dats[id] = op_decl_dat_hdf5(sets[data->getSet()->getID()], data->getDimension().at(1),
+                                data->getType().c_str(), name.c_str(), record.c_str());
+    reader->deleteResults(data->getH5Path(), position);
+  }
+  console::info("Re-run properly set at ", time, " [s]");
+  reader.reset();
+  resultFile.reset(dataio::Factory::createH5Writer(name, "rw"));
+}
+
+void RHEOcommon::initializeResultsFile(const std::string& output) {
+  const std::string name = dataio::H5FileNameDefinitions::getResultFileName(output);
+  if (logLevel > 1) {
+    console::info("creating a new file container to store the simulation results: ", name);
+  }
+  resultFile.reset(dataio::Factory::createH5Writer(name));
+
+  std::vector<model::DataID> setupData;
+  for (const model::DataID id : model->getDats()) {
+    if (model->getData(id)->isSetupOnly()) setupData.push_back(id);
+  }
+  for (const model::OutputID out : model->getOuts()) {
+    for (const model::DataID id : model->getOutput(out)->getData()) {
+      if (!model->getData(id)->isVariableInTime()) setupData.push_back(id);
+    }
+  }
+  model::sortVector(setupData);
+  for (const model::DataID id : setupData) {
+    writeSetupOutput(model->getData(id), runFile.get(), resultFile.get(), logLevel);
+  }
+  for (const model::ParameterID id : model->getPars()) {
+    api::IParameter* parameter = model->getParameter(id);
+    if (parameter->isSetupOnly()) {
+      writeSetupOutput(parameter, runFile.get(), resultFile.get(), logLevel);
+    }
+  }
+}
+
+void RHEOcommon::initializeOutputData() {
+  for (const model::OutputID id : model->getOuts()) {
+    const api::IOutput* output = model->getOutput(id);
+    if (logLevel > 0) console::info("init output <", output->getName(), ">");
+    for (const model::DataID datum : output->getData()) {
+      if (output->isTracking()) {
+        trackedData.push_back(datum);
+      } else if (model->getData(datum)->isVariableInTime()) {
+        outputData.push_back(datum);
+      }
+    }
+  }
+  model::sortVector(outputData);
+  model::sortVector(trackedData);
+}
+
+void RHEOcommon::initializeParameters() {
+  CHECK_THAT_AT(PARAMETER_SLOTS >= static_cast<int>(this->model->getPars().size()),
+                "number of parameters not updated...see 'model/Dimensions'", LINE_PARAMETER_COUNT);
+  for (const model::ParameterID id : model->getPars()) {
+    const api::IParameter* parameter = model->getParameter(id);
+    if (parameter->isSimulationOnly()) continue;
+    const std::string path = parameter->getH5Path();
+    const auto slot = static_cast<std::size_t>(parameter->getID());
+    if (parameter->getType() == "int") {
+      if (parameter->getSize() == 1) {
+        G_INT[slot] = runFile->readIntScalar(path);
+        continue;
+      }
+      const std::vector<std::vector<int>> data = runFile->readIntVecVec(path);
+      CHECK_THAT_AT(data.size() == 1, "parameters cannot have length > 1", LINE_INT_PARAMETER);
+      checkParameterSize(path, data[0].size(), parameter->getSize());
+      std::copy(data[0].begin(), data[0].end(), G_INT + slot);
+    } else if (parameter->getType() == "double") {
+      if (parameter->getSize() == 1) {
+        G_REAL[slot] = runFile->readDoubleScalar(path);
+        continue;
+      }
+      const std::vector<std::vector<double>> data = runFile->readDoubleVecVec(path);
+      CHECK_THAT_AT(data.size() == 1, "parameters cannot have length > 1", LINE_REAL_PARAMETER);
+      checkParameterSize(path, data[0].size(), parameter->getSize());
+      std::copy(data[0].begin(), data[0].end(), G_REAL + slot);
+    }
+  }
+  initializeSimulationParameters();
+  op_decl_const_char(PARAMETER_SLOTS, "int", sizeof(int), reinterpret_cast<char*>(G_INT), "G_INT");
+  op_decl_const_char(PARAMETER_SLOTS, "double", sizeof(double), reinterpret_cast<char*>(G_REAL),
+                     "G_REAL");
+  op_decl_const_char(1, "int", sizeof(int), reinterpret_cast<char*>(&G_Debug), "G_Debug");
+}
+
+void RHEOcommon::initializeVariables() {
+  for (const model::VariableID id : model->getVars()) {
+    const api::IVariable* variable = model->getVariable(id);
+    const auto count = static_cast<std::size_t>(variable->getSize());
+    if (variable->getType() == "int") {
+      intVariables[variable->getID()] = Memory(std::calloc(count, sizeof(int)));
+    } else if (variable->getType() == "double") {
+      realVariables[variable->getID()] = Memory(std::calloc(count, sizeof(double)));
+    }
+  }
+}
+
+void* RHEOcommon::keepMemory(std::size_t count, std::size_t size) {
+  if (count == 0) return nullptr;
+  Memory memory(std::calloc(count, size));
+  if (memory == nullptr) throw std::bad_alloc();
+  localMemory.push_back(std::move(memory));
+  return localMemory.back().get();
+}
+
+// Data of the simulation itself start at zero; the kernels fill them.
+template <class T>
+op_dat RHEOcommon::createLocalData(api::IData* const& data) {
+  const std::vector<int> size = data->getDimension();
+  const std::size_t count = static_cast<std::size_t>(size.at(0)) * static_cast<std::size_t>(size.at(1));
+  void* values = keepMemory(count, sizeof(T));
+  return op_decl_dat_char(sets[data->getSet()->getID()], size.at(1), data->getType().c_str(),
+                          sizeof(T), static_cast<char*>(values), data->getH5Path().c_str());
+}
+
+op_dat RHEOcommon::createDebugData(api::ISet* const& set) {
+  const int size = set->getSize();
+  int* numbers = static_cast<int*>(keepMemory(static_cast<std::size_t>(size), sizeof(int)));
+  for (int i = 0; i < size; ++i) numbers[i] = i;
+  const std::string path = set->getH5Path();
+  op_dat dat = op_decl_dat_char(sets[set->getID()], 1, "int", sizeof(int),
+                                reinterpret_cast<char*>(numbers), path.c_str());
+  console::info("ENUMERATOR DATA FOR SET <", path, "> CREATED");
+  return dat;
+}
+
+double RHEOcommon::startTime() const {
+  return commandFile->getOptionalDouble("SIMULATION/TIME/start", 0.0);
+}
+
+double RHEOcommon::endTime() const {
+  bool found = false;
+  const double end = commandFile->getDouble("SIMULATION/TIME/end", found);
+  if (!found) console::fail("end of simulation not defined: SIMULATION/TIME/end");
+  return end;
+}
+
+double RHEOcommon::outTime() const {
+  return commandFile->getOptionalDouble("SIMULATION/TIME/out", 0.0);
+}
+
+double RHEOcommon::dtInit() const {
+  return commandFile->getOptionalDouble("SIMULATION/TIMESTEP/init", 0.02);
+}
+
+double RHEOcommon::dtMin() const {
+  return commandFile->getOptionalDouble("SIMULATION/TIMESTEP/minimum", 0.0001);
+}
+
+// Without an interval there are two records: at start and at end.
+api::IExecutionPlan* RHEOcommon::createOutputPlan(const double& start, const double& out,
+                                                  const double& end) {
+  return Factory::createExecutionPlan(start, out == 0.0 ? end : out, end);
+}
+
+api::IExecutionPlan* RHEOcommon::createProgressPlan(const double& start, const double& end) const {
+  return Factory::createExecutionPlan(start, progress ? (end - start) / progressSteps : end, end);
+}
+
+// Windows are relative to the start of this run, so the kernels that prepare the cells run again
+// after a restart.
+void RHEOcommon::initKernelPlans(const double& start) {
+  const auto ids = runFile->readIntVecVec(model::Kernel::kernelPath);
+  const auto execution = runFile->readDoubleVecVec(model::Kernel::kernelTimingPath);
+  for (std::size_t i = 0; i < ids.size(); ++i) {
+    const auto id = static_cast<model::KernelID>(ids[i].at(0));
+    if (kernels.count(id) == 0) continue;
+    const std::vector<double>& timing = execution.at(i);
+    kernelPlans[id].reset(Factory::createExecutionPlan(timing.at(0) + start, timing.at(1),
+                                                       start + timing.at(2)));
+  }
+}
+
+void RHEOcommon::run() {
+  const double start = startTime();
+  const double end = endTime();
+  const double minimum = dtMin();
+  CHECK_THAT_AT(minimum > 2 * 1.e-12,
+                "Minimum integration timestep must be larger than <" << 1e-12 << ">",
+                LINE_MINIMUM_STEP);
+  const std::unique_ptr<api::IExecutionPlan> outputPlan(createOutputPlan(start, outTime(), end));
+  const std::unique_ptr<api::IExecutionPlan> progressPlan(createProgressPlan(start, end));
+  initKernelPlans(start);
+  currentTime = start;
+  timeStep = NO_LIMIT;
+  initialTimeStep = dtInit();
+  archive();
+  copyMinDepthParameter();
+  if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
+
+  const Clock::time_point clock = Clock::now();
+  if (progressPlan->execute(currentTime)) {
+    printProgressMessage(progressPlan->getIncrement(), clock, initialTimeStep);
+  }
+  while (end > currentTime) {
+    executeKernels();
+    if (minimum > timeStep && logLevel > 0) {
+      console::info("time step smaller than allowed minimal ", minimum,
+                    ". check for stability...");
+    }
+    currentTime = timeStep + currentTime;
+    if (logLevel > 2) console::info("time: ", currentTime);
+    if (progressPlan->execute(currentTime)) {
+      printProgressMessage(progressPlan->getIncrement(), clock, timeStep);
+    }
+    timeStep = NO_LIMIT;
+    if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
+  }
+  writeTrackingOutput(currentTime);
+  console::info("simulation finished! (cpu-time = ", secondsSince(clock), "s)");
+  op_timing_output();
+}
+
+// All plans are asked at the time at which the step starts.
+void RHEOcommon::executeKernels() {
+  for (const auto& entry : kernelPlans) {
+    if (entry.second->execute(currentTime)) kernels.at(entry.first)();
+  }
+}
+
+void RHEOcommon::printProgressMessage(const double& increment, const Clock::time_point& clock,
+                                      const double& dt) const {
+  if (!progress) return;
+  const double simulated = currentTime - startTime();
+  console::info("Progress: ", truncated(simulated / increment), "/", progressSteps,
+                ", dt = ", dt, " [s]", ", RTS = ", simulated / secondsSince(clock));
+}
+
+void RHEOcommon::archive() {
+  dataio::Archive::addModel(resultFile.get(), dataio::Archive::getModel(runFile.get()));
+  dataio::Archive::addSimulation(resultFile.get(), commandFile->getHash());
+}
+
+void RHEOcommon::copyMinDepthParameter() {
+  const std::string path = "Parameters/MinWaterDepth";
+  resultFile->writeDoubleScalar(path, runFile->readDoubleScalar(path));
+}
+
+void RHEOcommon::writeOutput(const double& time, const model::DataID& id, const int& index) {
+  const std::string path =
+      dataio::ResultReader::getOutputPath(model->getData(id)->getH5Path(), index);
+  const std::string name = resultFile->getFilename();
+  op_fetch_data_hdf5_file_path(dats.at(id), name.c_str(), path.c_str());
+  resultFile->attachAttributeDouble(path, "t", time);
+}
+
+// Each record is handed to the operating system: a run that is killed later keeps it.
+void RHEOcommon::writeRegularOutput(const double& time) {
+  if (logLevel > 1) console::info("writing output at t = ", time, " ...");
+  for (const model::DataID id : outputData) writeOutput(time, id, outputCounter);
+  resultFile->flush();
+  outputCounter = outputCounter + 1;
+}
+
+// Tracked data tell of the whole run: they stand at record 0 and carry no time of their own.
+void RHEOcommon::writeTrackingOutput(const double& /*time*/) {
+  if (logLevel > 1) console::info("writing tracked output ...");
+  for (const model::DataID id : trackedData) writeOutput(0.0, id, 0);
+  resultFile->flush();
+}
+
+}  // namespace simulation

@@ -1,0 +1,275 @@
+#include "simulation/RHEOdomain.h"
+
+#include <cmath>
+#include <tuple>
+#include <utility>
+
+#include "common/console.h"
+#include "op/op_seq.h"
+#include "simulation/LoopArguments.h"
+#include "simulation/Loops_op.h"
+#include "simulation/kernels/parameters.h"
+
+namespace simulation {
+
+namespace console = common::console;
+using kernels::integer;
+using kernels::real;
+using loops::Flag;
+using model::KernelID;
+using model::ParameterID;
+
+namespace {
+
+// Numerical trouble ends the run only where the user asked for it.
+void stopInSafeMode(int check, const std::string& message) {
+  if (check == 0 && integer(ParameterID::SafeMode) == 1) console::fail(message);
+}
+
+}  // namespace
+
+RHEOdomain* RHEOdomain::getInstance(const std::string& commandFile, const std::string& runFile) {
+  static RHEOdomain* const instance = new RHEOdomain(commandFile, runFile);
+  return instance;
+}
+
+RHEOdomain::RHEOdomain(const std::string& commandFileName, const std::string& runFileName)
+    : RHEOcommon(commandFileName, runFileName) {
+  // clang-format off
+  kernels[KernelID::InitCellHydFeatures]   = [this] { kernel_HYDRAULICS_InitializeCellFeatures(); };
+  kernels[KernelID::InitCellMorFeatures]   = [this] { kernel_MORPHOLOGY_InitializeCellFeatures(); };
+  kernels[KernelID::InitFrictionFeatures]  = [this] { kernel_HYDRAULICS_InitializeFriction(); };
+  kernels[KernelID::TimeStepCalculation]   = [this] { kernel_HYDRAULICS_TimeStep(); };
+  kernels[KernelID::NodeStringStateCalc]   = [this] { kernel_TOPOLOGY_NodeStringStates(); };
+  kernels[KernelID::EdgeDataInterpolation] = [this] { kernel_DATA_EdgeInterpolation(); };
+  kernels[KernelID::CellDataInterpolation] = [this] { kernel_DATA_CellInterpolation(); };
+  kernels[KernelID::EdgeDataModification]  = [this] { kernel_DATA_EdgeModification(); };
+  kernels[KernelID::CellDataModification]  = [this] { kernel_DATA_CellModification(); };
+  kernels[KernelID::CalCCurvature]         = [this] { kernel_HYDRAULICS_CalcCurvature(); };
+  kernels[KernelID::CalcBedGradient]       = [this] { kernel_MORPHOLOGY_CalcBedGradient(); };
+  kernels[KernelID::HydBoundaryFluxes]     = [this] { kernel_HYDRAULICS_Boundary(); };
+  kernels[KernelID::MorBoundaryFluxes]     = [this] { kernel_MORPHOLOGY_Boundary(); };
+  kernels[KernelID::HydWallBFluxes]        = [this] { kernel_HYDRAULICS_WallFluxes(); };
+  kernels[KernelID::MorWallBFluxes]        = [this] { kernel_MORPHOLOGY_WallFluxes(); };
+  kernels[KernelID::HydInternalFluxes]     = [this] { kernel_HYDRAULICS_InternalFluxes(); };
+  kernels[KernelID::LocalBedSlope]         = [this] { kernel_MORPHOLOGY_LocalBedSlope(); };
+  kernels[KernelID::MorBedloadTransport]   = [this] { kernel_MORPHOLOGY_CalcBedloadTransport(); };
+  kernels[KernelID::MorInternalFluxes]     = [this] { kernel_MORPHOLOGY_InternalFluxes(); };
+  kernels[KernelID::MorFixBedCorrection]   = [this] { kernel_MORPHOLOGY_FixedBedCorrection(); };
+  kernels[KernelID::Update]                = [this] { kernel_GLOBAL_Update(); };
+  kernels[KernelID::HydFriction]           = [this] { kernel_HYDRAULICS_Friction(); };
+  kernels[KernelID::HydFlood]              = [this] { kernel_HYDRAULICS_FloodTracking(); };
+  kernels[KernelID::HydSource]             = [this] { kernel_HYDRAULICS_Source(); };
+  kernels[KernelID::MorSource]             = [this] { kernel_MORPHOLOGY_Source(); };
+  // clang-format on
+}
+
+// Derived in every run, also from slots that a model leaves at zero: what comes out is not finite
+// then, and no kernel of that model reads it.
+void RHEOdomain::initializeSimulationParameters() {
+  const auto slot = [](ParameterID id) -> double& { return G_REAL[static_cast<int>(id)]; };
+  slot(ParameterID::InvGravity) = 1.0 / real(ParameterID::Gravity);
+  slot(ParameterID::InvBedPorosity) = 1.0 / (1.0 - real(ParameterID::BedPorosity));
+  slot(ParameterID::SedRelDensity) =
+      (real(ParameterID::SedimentDensity) - real(ParameterID::FluidDensity)) /
+      real(ParameterID::FluidDensity);
+}
+
+int RHEOdomain::flag(Flag which) const {
+  const bool friction = integer(ParameterID::FrictionOn) == 1;
+  const bool morphology = currentTime >= real(ParameterID::MorphStart);
+  switch (which) {
+    case Flag::debug:
+      return G_Debug;
+    case Flag::friction:
+      return friction ? 1 : 0;
+    case Flag::morphology:
+      return morphology ? 1 : 0;
+    case Flag::morphologyFriction:
+      return morphology && friction ? 1 : 0;
+  }
+  return 0;
+}
+
+template <class L, std::size_t I, class GlobalTuple>
+op_arg RHEOdomain::argument(const GlobalTuple& globals) {
+  using Row = typename L::template Row<I>;
+  using Value = typename Row::Value;
+  if constexpr (Row::global) {
+    return op_arg_gbl(&std::get<globalOrdinal<L, I>()>(globals), Row::dim, op::typeText<Value>(),
+                      Row::access);
+  } else {
+    const op_dat dat = datOf(Row::datum);
+    op_map map = nullptr;
+    if constexpr (Row::mapped) map = maps[Row::Route::map];
+    int used = 1;
+    if constexpr (Row::optional) used = flag(Row::flag());
+    if (used != 0) {
+      requireDat(dat, Row::datum, L::kernel);
+      if constexpr (Row::mapped) requireMap(map, Row::Route::map, L::kernel);
+    }
+    if constexpr (Row::optional) {
+      return op_opt_arg_dat(used, dat, Row::Route::idx, map, Row::dim, op::typeText<Value>(),
+                            Row::access);
+    } else {
+      return op_arg_dat(dat, Row::Route::idx, map, Row::dim, op::typeText<Value>(), Row::access);
+    }
+  }
+}
+
+template <class L, class... Globals>
+void RHEOdomain::parLoop(void (*frame)(char const*, op_set, typename L::Arguments),
+                         Globals&... globals) {
+  const std::tuple<Globals&...> given(globals...);
+  [&]<std::size_t... I>(std::index_sequence<I...> /*rows*/) {
+    frame(model->getKernel(L::kernel)->getNameC(), sets[L::set],
+          typename L::Arguments{argument<L, I>(given)...});
+  }
+  (std::make_index_sequence<L::rows>{});
+}
+
+void RHEOdomain::kernel_HYDRAULICS_InitializeCellFeatures() {
+  parLoop<loops::InitCellHydFeatures>(op_par_loop_kernel_HYDRAULICS_InitializeCellFeatures);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_InitializeCellFeatures() {
+  parLoop<loops::InitCellMorFeatures>(op_par_loop_kernel_MORPHOLOGY_InitializeCellFeatures);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_InitializeFriction() {
+  parLoop<loops::InitFrictionFeatures>(op_par_loop_kernel_HYDRAULICS_InitializeFriction);
+}
+
+// On the first step of a domain that nothing limits (all dry, say) the initial step is taken.
+void RHEOdomain::kernel_HYDRAULICS_TimeStep() {
+  const double longest = real(ParameterID::DTmax);
+  const double courant = real(ParameterID::CFLnumber);
+  double dtLocal = longest;
+  parLoop<loops::TimeStepCalculation>(op_par_loop_kernel_HYDRAULICS_TimeStep, dtLocal);
+  if (firstTimeStep) {
+    if (dtLocal == longest) dtLocal = initialTimeStep / courant;
+    firstTimeStep = false;
+  }
+  timeStep = std::fmin(timeStep, courant * dtLocal);
+}
+
+void RHEOdomain::kernel_TOPOLOGY_NodeStringStates() {
+  int morphology = flag(Flag::morphology);
+  int morphologyFriction = flag(Flag::morphologyFriction);
+  parLoop<loops::NodeStringStateCalc>(op_par_loop_kernel_TOPOLOGY_NodeStringStates, morphology,
+                                      morphologyFriction);
+}
+
+void RHEOdomain::kernel_DATA_EdgeInterpolation() {
+  double time = currentTime;
+  parLoop<loops::EdgeDataInterpolation>(op_par_loop_kernel_DATA_EdgeInterpolation, time);
+}
+
+void RHEOdomain::kernel_DATA_CellInterpolation() {
+  double time = currentTime;
+  parLoop<loops::CellDataInterpolation>(op_par_loop_kernel_DATA_CellInterpolation, time);
+}
+
+void RHEOdomain::kernel_DATA_EdgeModification() {
+  double time = currentTime;
+  parLoop<loops::EdgeDataModification>(op_par_loop_kernel_DATA_EdgeModification, time);
+}
+
+void RHEOdomain::kernel_DATA_CellModification() {
+  double time = currentTime;
+  parLoop<loops::CellDataModification>(op_par_loop_kernel_DATA_CellModification, time);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_CalcCurvature() {
+  parLoop<loops::CalCCurvature>(op_par_loop_kernel_HYDRAULICS_CalcCurvature);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_CalcBedGradient() {
+  parLoop<loops::CalcBedGradient>(op_par_loop_kernel_MORPHOLOGY_CalcBedGradient);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_Boundary() {
+  parLoop<loops::HydBoundaryFluxes>(op_par_loop_kernel_HYDRAULICS_Boundary);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_Boundary() {
+  double dt = timeStep;
+  parLoop<loops::MorBoundaryFluxes>(op_par_loop_kernel_MORPHOLOGY_Boundary, dt);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_WallFluxes() {
+  parLoop<loops::HydWallBFluxes>(op_par_loop_kernel_HYDRAULICS_WallFluxes);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_WallFluxes() {
+  parLoop<loops::MorWallBFluxes>(op_par_loop_kernel_MORPHOLOGY_WallFluxes);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_InternalFluxes() {
+  parLoop<loops::HydInternalFluxes>(op_par_loop_kernel_HYDRAULICS_InternalFluxes);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_LocalBedSlope() {
+  parLoop<loops::LocalBedSlope>(op_par_loop_kernel_MORPHOLOGY_LocalBedSlope);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_CalcBedloadTransport() {
+  int friction = flag(Flag::friction);
+  parLoop<loops::MorBedloadTransport>(op_par_loop_kernel_MORPHOLOGY_CalcBedloadTransport,
+                                      friction);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_InternalFluxes() {
+  parLoop<loops::MorInternalFluxes>(op_par_loop_kernel_MORPHOLOGY_InternalFluxes);
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_FixedBedCorrection() {
+  const double accuracy = real(ParameterID::FixBedAccuracy);
+  const int mostIterations = integer(ParameterID::FixBedMaxIter);
+  if (!(1e12 > accuracy) || mostIterations <= 0) return;
+  double deviation = accuracy;
+  int iteration = 0;
+  do {
+    double dt = timeStep;
+    deviation = accuracy;
+    parLoop<loops::MorFixBedCorrection>(op_par_loop_kernel_MORPHOLOGY_FixedBedCorrection, dt);
+    if (mostIterations == 1) return;
+    parLoop<loops::MorFixBedCorrectionMax>(op_par_loop_kernel_MORPHOLOGY_FixedBedCorrectionFindMax,
+                                           deviation);
+    ++iteration;
+  } while (deviation > accuracy && mostIterations > iteration);
+}
+
+void RHEOdomain::kernel_GLOBAL_Update() {
+  double dt = timeStep;
+  int morphology = flag(Flag::morphology);
+  int check = 1;
+  parLoop<loops::Update>(op_par_loop_kernel_GLOBAL_Update, dt, morphology, check);
+  stopInSafeMode(check, "ERROR in kernel_GLOBAL_Update... MASS not conserved");
+}
+
+void RHEOdomain::kernel_HYDRAULICS_Friction() {
+  double dt = timeStep;
+  parLoop<loops::HydFriction>(op_par_loop_kernel_HYDRAULICS_Friction, dt);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_FloodTracking() {
+  double time = currentTime;
+  parLoop<loops::HydFlood>(op_par_loop_kernel_HYDRAULICS_FloodTracking, time);
+}
+
+void RHEOdomain::kernel_HYDRAULICS_Source() {
+  double dt = timeStep;
+  int check = 1;
+  parLoop<loops::HydSource>(op_par_loop_kernel_HYDRAULICS_Source, dt, check);
+  stopInSafeMode(check, "ERROR in kernel_HYDRAULICS_Source... LIQUID MASS not conserved");
+}
+
+void RHEOdomain::kernel_MORPHOLOGY_Source() {
+  double dt = timeStep;
+  int check = 1;
+  parLoop<loops::MorSource>(op_par_loop_kernel_MORPHOLOGY_Source, dt, check);
+  stopInSafeMode(check, "ERROR in kernel_MORPHOLOGY_Source... SEDIMENT MASS not conserved");
+}
+
+}  // namespace simulation

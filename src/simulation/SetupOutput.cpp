@@ -1,0 +1,68 @@
+#include "simulation/SetupOutput.h"
+
+#include <string>
+#include <vector>
+
+#include "common/console.h"
+
+namespace simulation {
+
+namespace console = common::console;
+
+namespace {
+
+template <class T>
+void copySetupOutput(T const& item, const int& rows, const int& columns,
+                     api::IH5Reader* const& from, api::IH5Writer* const& to, int logLevel) {
+  const std::string path = item->getH5Path();
+  const std::string type = item->getType();
+  const bool scalar = rows < 2 && columns < 2;
+  if (logLevel > 1) {
+    console::info("reading data <", path, "> from runfile and writing to result file.");
+  }
+  if (type == "int") {
+    if (scalar) {
+      to->writeIntScalar(path, from->readIntScalar(path));
+    } else {
+      to->writeIntVecVec(path, from->readIntVecVec(path));
+    }
+  } else if (type == "double") {
+    if (scalar) {
+      to->writeDoubleScalar(path, from->readDoubleScalar(path));
+    } else {
+      to->writeDoubleVecVec(path, from->readDoubleVecVec(path));
+    }
+  } else if (type == "string") {
+    if (rows < 1 || columns != 1) {
+      console::fail("writing data of type string is only possible for vector of strings");
+    }
+    const std::vector<std::string> values = from->readStrVec(path);
+    to->writeStringVec(path, static_cast<int>(values.size()), values);
+  }
+}
+
+}  // namespace
+
+void writeSetupOutput(api::IData* const& data, api::IH5Reader* const& from,
+                      api::IH5Writer* const& to, int logLevel) {
+  const std::vector<int> size = data->getDimension();
+  if (size.at(0) == 0) {
+    if (logLevel > 2) console::info("data <", data->getH5Path(), "> not found in runfile...");
+    return;
+  }
+  copySetupOutput(data, size.at(0), size.at(1), from, to, logLevel);
+}
+
+void writeSetupOutput(api::IParameter* const& parameter, api::IH5Reader* const& from,
+                      api::IH5Writer* const& to, int logLevel) {
+  const int size = parameter->getSize();
+  if (size == 0) {
+    if (logLevel > 2) {
+      console::info("parameter <", parameter->getH5Path(), "> not found in runfile...");
+    }
+    return;
+  }
+  copySetupOutput(parameter, size, 1, from, to, logLevel);
+}
+
+}  // namespace simulation

@@ -1,0 +1,18 @@
+// Looks a series up for a source: against time, which is all that sources know.
+#pragma once
+
+#include "simulation/kernels/data/series.h"
+
+namespace kernels::data {
+
+/// @param row,size the series and its number of values
+/// @param keyPosition {key, write position}; a key other than 0 looks up at x = 0
+/// @param time [s]
+/// @param source source record, two values; only the one at the write position changes
+inline void cell_interpolation(double const* row, int const* size, int const* keyPosition,
+                               double const* time, double* source) {
+  double const x = keyPosition[0] == 0 ? time[0] : 0.0;
+  source[keyPosition[1]] = seriesValue(row, size[0], x);
+}
+
+}  // namespace kernels::data

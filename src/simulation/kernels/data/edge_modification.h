@@ -1,0 +1,113 @@
+// Turns the totals that a user gives for a nodestring into what the boundary fluxes need.
+//
+//   1, 10   total per length                      9   wetted area per length of the other
+//   2       total per length of the other        12   total per conveyance sum
+//   3       discharge over a weir                13   transport capacity per length
+//   4, 11   total per wetted area                14   transport capacity per wetted area
+//   5       open (1) or shut (-1) by the time    15   transport capacity per conveyance sum
+//   8       switch with hysteresis and delay     16   discharge per length of the other
+//
+// Every other type changes nothing. Of the two nodestrings of a modification, the second one, the
+// other, lends its length only. The letters S, D and so on are those of EdgeModification.
+#pragma once
+
+#include <cmath>
+
+#include "simulation/kernels/missing_value.h"
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::data {
+
+/// What a modification knows.
+struct EdgeModification {
+  int const* r;        ///< five read positions
+  double const* S;     ///< state of the nodestring
+  double length;       ///< of the nodestring [m]
+  double lengthOther;  ///< of the other nodestring [m]
+  double time;         ///< [s]
+  double const* D;     ///< boundary record
+
+  /// Value at read position `index`.
+  double value(int index) const { return D[r[index]]; }
+  double wettedArea() const { return S[2]; }
+  double conveyance() const { return S[7]; }
+  double capacity() const { return S[9]; }
+};
+
+/// a / b, or 0 unless b is at least TINY.
+inline double share(double a, double b) {
+  return a * inverse(b);
+}
+
+/// Type 3: specific discharge over a weir, by Poleni, Q = 2/3 (a + b hw / P) sqrt(2 g) L hw^1.5,
+/// with P the height of the crest above the bed (Rehbock, 1929, for the shape of the coefficient).
+/// Values read: crest [m], coefficients a and b.
+inline double weirDischarge(EdgeModification const& m) {
+  double const crest = m.value(0);
+  double const head = m.S[0] - crest;
+  if (head < real(ParameterID::MinWaterDepth)) return 0.0;
+  double const inverseHeight = inverseOfAbsolute(crest - m.S[4]);
+  double const Cd = 0.6666666666666666 * (m.value(2) * head * inverseHeight + m.value(1));
+  double const g = real(ParameterID::Gravity);
+  double const Qw = Cd * std::sqrt(2.0 * g * head * head * head) * m.length;
+  return share(Qw, m.wettedArea());
+}
+
+/// Type 8: a total that is switched by the water surface, per wetted area. Values read: the total
+/// while on, while off, the level that switches off [m], the delay of that [s], the level that
+/// switches on [m] (missing: never).
+/// @param memory {state, negative if off; deadline of switching off [s]}
+inline double hysteresisSwitch(EdgeModification const& m, double* memory) {
+  double const level = m.S[0];
+  bool on = memory[0] >= 0.0;
+  if (on) {
+    if (m.value(2) > level) {
+      memory[1] = 1e12;
+    } else if (m.value(3) > 0.0 && memory[1] >= m.time) {
+      // The first step above the level sets the deadline; later ones cannot put it off.
+      memory[1] = fmin(memory[1], m.value(3) + m.time);
+    } else {
+      memory[0] = -1.0;
+      memory[1] = 1e12;
+      on = false;
+    }
+  } else if (m.value(4) != MISSING_VALUE && m.value(4) >= level) {
+    memory[0] = 1.0;
+    on = true;
+  }
+  return share(m.value(on ? 0 : 1), m.wettedArea());
+}
+
+/// @param info {type, write position, five read positions}
+/// @param string state of the nodestring, ten values; @param length,lengthOther [m]
+/// @param time [s]; @param memory what a switch remembers from step to step, 0 at the start
+/// @param boundary boundary record, seven values; only the one at the write position changes
+inline void edge_modification(int const* info, double const* string, double const* /*stringOther*/,
+                              double const* length, double const* lengthOther, double const* time,
+                              double* memory, double* boundary) {
+  EdgeModification const m{info + 2, string, length[0], lengthOther[0], time[0], boundary};
+  double* const D = boundary;
+  int const w = info[1];
+  // clang-format off
+  switch (info[0]) {
+    case 1:
+    case 10: D[w] = share(m.value(0), m.length);             break;
+    case 2:  D[w] = share(m.value(0), m.lengthOther);        break;
+    case 3:  D[w] = weirDischarge(m);                        break;
+    case 4:
+    case 11: D[w] = share(m.value(0), m.wettedArea());       break;
+    case 5:  D[w] = m.time > m.value(0) ? 1.0 : -1.0;        break;
+    case 8:  D[w] = hysteresisSwitch(m, memory);             break;
+    case 9:  D[w] = share(m.wettedArea(), m.lengthOther);    break;
+    case 12: D[w] = share(m.value(0), m.conveyance());       break;
+    case 13: D[w] = share(m.capacity(), m.length);           break;
+    case 14: D[w] = share(m.capacity(), m.wettedArea());     break;
+    case 15: D[w] = share(m.capacity(), m.conveyance());     break;
+    case 16: D[w] = share(m.S[1], m.lengthOther);            break;
+    default: break;
+  }
+  // clang-format on
+}
+
+}  // namespace kernels::data

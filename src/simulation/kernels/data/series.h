@@ -1,0 +1,46 @@
+// A series of points (x, y), linear between them and constant outside.
+//
+// A row holds pairs x0, y0, x1, y1, ... with ascending x, at most SERIES_VALUES values. Pairs
+// behind the last point have the missing value as their x, which ends the series.
+#pragma once
+
+#include "simulation/kernels/missing_value.h"
+#include "simulation/kernels/numeric.h"
+
+namespace kernels::data {
+
+/// The most values (twice the points) that a series can hold.
+inline constexpr int SERIES_VALUES = 12000;
+
+/// Index of the first of `points` pairs whose x lies above the given one or is the end mark;
+/// `points` if there is none.
+inline int firstPointAbove(double const* row, int points, double x) {
+  int low = 0;
+  int high = points;
+  while (high != low) {
+    int const middle = (high + low) / 2;
+    double const xm = row[2 * middle];
+    if (xm == MISSING_VALUE || xm > x) {
+      high = middle;
+    } else {
+      low = middle + 1;
+    }
+  }
+  return high;
+}
+
+/// Value of the series at x; at a step (two points closer than 1e-12) the left one of the pair.
+/// @param row the pairs; the first one must be a point, and an x behind the last point needs an
+///   end mark within the row
+/// @param size number of values in use, 2 to SERIES_VALUES
+inline double seriesValue(double const* row, int size, double x) {
+  if (row[0] >= x) return row[1];
+  double const* const right = row + 2 * firstPointAbove(row, size / 2, x);
+  double const* const left = right - 2;
+  if (right[0] == MISSING_VALUE) return left[1];
+  double const dx = right[0] - left[0];
+  double const dy = right[1] - left[1];
+  return (x - left[0]) * (inverseOfAbsolute(dx) * dy) + left[1];
+}
+
+}  // namespace kernels::data

@@ -1,0 +1,93 @@
+// Building blocks of the boundary fluxes: pressure, the one-sided flux, depths at a boundary.
+//
+// Sign convention: a positive mass flux leaves the left cell, so an inflow is negative. The cell
+// of a boundary edge stands on its left.
+#pragma once
+
+#include <cmath>
+
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::hydraulics {
+
+/// The cell at a boundary edge, in the frame of the edge.
+struct BoundaryCell {
+  double H, z;    ///< water surface and bed [m]
+  double h;       ///< depth [m]
+  double qn, qt;  ///< normal and tangential specific discharge [m2/s]
+  double q;       ///< magnitude of the specific discharge [m2/s]
+};
+
+inline BoundaryCell boundaryCell(double const* normal, double const* state, double bed) {
+  double const qx = state[1];
+  double const qy = state[2];
+  return {state[0],
+          bed,
+          state[0] - bed,
+          qx * normal[0] + qy * normal[1],
+          qy * normal[0] - qx * normal[1],
+          std::sqrt(qx * qx + qy * qy)};
+}
+
+/// Hydrostatic pressure of a water surface over the bed z, in surface form [m3/s2].
+inline double hydrostaticPressure(double surface, double z) {
+  return (0.5 * surface - z) * (surface * real(ParameterID::Gravity));
+}
+
+/// 1/h, or 0 where the depth is below MinWaterDepth.
+inline double inverseWetDepth(double h) {
+  return inverseDepth(h, real(ParameterID::MinWaterDepth));
+}
+
+/// Froude number of the cell; 0 where celerity times depth vanishes.
+inline double froudeNumber(BoundaryCell const& cell) {
+  double const c = std::sqrt(real(ParameterID::Gravity) * fmax(cell.h, 0.0));
+  return cell.q * inverse(c * cell.h);
+}
+
+/// Normal depth [m] of a specific discharge on a slope, from q^2 = C g S h^3 with C the squared
+/// non-dimensional Chezy value.
+inline double normalDepth(double discharge, double chezySquared, double slope) {
+  return std::cbrt(discharge * discharge /
+                   (chezySquared * real(ParameterID::Gravity) * slope));
+}
+
+/// Flux that only the left cell feels.
+/// @param mass [m2/s]; @param normalMomentum,tangentialMomentum [m3/s2]
+inline void oneSidedFlux(double const* normal, double mass, double normalMomentum,
+                         double tangentialMomentum, double* flux) {
+  flux[0] = mass;
+  flux[1] = normal[0] * normalMomentum - normal[1] * tangentialMomentum;
+  flux[2] = normal[1] * normalMomentum + normal[0] * tangentialMomentum;
+  flux[3] = 0.0;
+  flux[4] = 0.0;
+}
+
+/// A wall: nothing but the pressure of the cell.
+inline void wallFlux(double const* normal, BoundaryCell const& cell, double* flux) {
+  oneSidedFlux(normal, 0.0, hydrostaticPressure(cell.H, cell.z), 0.0, flux);
+}
+
+/// Mass flux with the momentum that a depth at the boundary gives it.
+/// @param depth depth at the boundary [m]
+inline void flowThrough(double const* normal, BoundaryCell const& cell, double mass, double depth,
+                        double tangentialMomentum, double* flux) {
+  double const pressure =
+      mass * mass * inverseWetDepth(depth) + hydrostaticPressure(depth + cell.z, cell.z);
+  oneSidedFlux(normal, mass, pressure, tangentialMomentum, flux);
+}
+
+/// Mass flux that carries the tangential velocity of the cell and takes its depth.
+inline void flowAtCellDepth(double const* normal, BoundaryCell const& cell, double mass,
+                            double* flux) {
+  flowThrough(normal, cell, mass, cell.h, mass * cell.qt * inverseWetDepth(cell.h), flux);
+}
+
+/// Mass flux against the pressure of the cell, without momentum of its own.
+inline void flowWithPressureOnly(double const* normal, BoundaryCell const& cell, double mass,
+                                 double* flux) {
+  oneSidedFlux(normal, mass, hydrostaticPressure(cell.H, cell.z), 0.0, flux);
+}
+
+}  // namespace kernels::hydraulics

@@ -1,0 +1,20 @@
+// Prepares the cells before the time marching: their squared Chezy value.
+#pragma once
+
+#include "simulation/kernels/hydraulics/chezy.h"
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::hydraulics {
+
+/// Wet or dry, each cell gets the value of a depth of at least MinWaterDepth.
+/// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]
+/// @param roughness friction value of the cell, in the closure's own unit
+/// @param chezy out: squared Chezy value [-]
+inline void initialize_friction(double const* state, double const* bed, double const* roughness,
+                                double* chezy) {
+  double const depth = fmax(state[0] - bed[0], real(ParameterID::MinWaterDepth));
+  chezy[0] = chezySquared(depth, roughness[0]);
+}
+
+}  // namespace kernels::hydraulics

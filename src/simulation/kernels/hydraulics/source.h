@@ -1,0 +1,56 @@
+// Water that comes in or leaves from above or below: H' = H + R dt, without any momentum.
+//
+// The last digit of the sink type says what a negative rate R may take: just what it says (0), at
+// most the water that is there (1), or all of it, however small the rate (2).
+#pragma once
+
+#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::hydraulics {
+
+/// Height [m] that a source adds in a step; 0 for an unknown type.
+/// @param amount rate times time step [m]; @param state {H, ...} [m]; @param bed z [m]
+inline double sourceHeight(int type, double amount, double const* state, double const* bed) {
+  switch (type) {
+    case 10:
+    case 20:
+      return amount;
+    case 11:
+    case 21:
+      return amount < 0.0 ? fmax(amount, bed[0] - state[0]) : amount;
+    case 12:
+    case 22:
+      return amount < 0.0 ? bed[0] - state[0] : amount;
+    default:
+      return 0.0;
+  }
+}
+
+/// @param dt time step [s]; @param data source record {unused, rate [m/s]}
+/// @param type sink type; @param bed z [m]; @param state {H, qx, qy} [m, m2/s]
+/// @param wetted out: 1 or 0; left alone where the depth gets negative
+/// @param massKept 0 if the depth of this cell is negative, else 1: each cell replaces the verdict
+///   of the one before, so the flag tells only about the last cell of the loop
+inline void source(double const* dt, double const* data, int const* type, double const* bed,
+                   double* state, int* wetted, int* massKept) {
+  state[0] = sourceHeight(type[0], data[1] * dt[0], state, bed) + state[0];
+
+  double const h = state[0] - bed[0];
+  if (h < -1e-12) {
+    reportMassBalance(h);
+    massKept[0] = 0;
+    return;
+  }
+  if (h > real(ParameterID::MinWaterDepth)) {
+    wetted[0] = 1;
+  } else {
+    wetted[0] = 0;
+    state[1] = 0.0;
+    state[2] = 0.0;
+  }
+  massKept[0] = 1;
+}
+
+}  // namespace kernels::hydraulics

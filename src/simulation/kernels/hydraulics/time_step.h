@@ -1,0 +1,36 @@
+// The stable time step of the explicit scheme (Courant, Friedrichs and Lewy, 1928), edge by edge:
+//
+//   dt = L / (sqrt(g h) + |qn| / h),
+//
+// with L twice the distance between the edge and the centroid of the cell, for both cells.
+#pragma once
+
+#include <cmath>
+
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::hydraulics {
+
+/// Bound of one side [s]; a dry side never limits the step.
+inline double timeStepBound(double const* normal, double size, int wetted, double const* state,
+                            double bed) {
+  if (wetted != 1) return 1e12;
+  double const h = state[0] - bed;
+  double const qn = state[1] * normal[0] + state[2] * normal[1];
+  return size / (std::sqrt(real(ParameterID::Gravity) * h) + std::fabs(qn) / h + TINY);
+}
+
+/// @param normal {nx, ny}; @param size characteristic sizes {left, right} [m]
+/// @param wettedLeft,wettedRight 1 for a wet cell
+/// @param stateLeft,stateRight {H, qx, qy} [m, m2/s]; @param bedLeft,bedRight z [m]
+/// @param lowest running minimum of the step [s]; a NaN at one edge does not set it
+inline void time_step(double const* normal, double const* size, int const* wettedLeft,
+                      int const* wettedRight, double const* stateLeft, double const* stateRight,
+                      double const* bedLeft, double const* bedRight, double* lowest) {
+  double const left = timeStepBound(normal, size[0], wettedLeft[0], stateLeft, bedLeft[0]);
+  double const right = timeStepBound(normal, size[1], wettedRight[0], stateRight, bedRight[0]);
+  lowest[0] = fmin(fmin(left, right), lowest[0]);
+}
+
+}  // namespace kernels::hydraulics

@@ -1,0 +1,108 @@
+// Bed load formulas: capacity and its derivative with respect to the specific discharge.
+//
+//   3      Grass form     qb = A (q/h - vc)^B
+//   4      power law      qb = 0.05 sqrt(s) q^2 / (g^2 d C^3 h^5)
+//   other  MPM form       qb = A sqrt(s g d^3) (t - tc)^B,   t = q^2 / (h^2 C^2 g s d)
+//
+// after Grass, Sediment transport by waves and currents (1981), and Meyer-Peter and Mueller,
+// Formulas for bed-load transport, 2nd IAHR congress (1948); the coefficient of the power law is
+// that of Engelund and Hansen, A monograph on sediment transport in alluvial streams (1967). C^2 is
+// the squared non-dimensional Chezy value, s the relative density. The power law is quadratic in q
+// and knows no threshold.
+#pragma once
+
+#include <cmath>
+
+#include "simulation/kernels/missing_value.h"
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::morphology {
+
+// Values of BeadloadType; every other value is the MPM form.
+inline constexpr int GRASS_FORM = 3;
+inline constexpr int POWER_LAW = 4;
+
+/// What the formulas take from a cell.
+struct BedloadCell {
+  double q;           ///< magnitude of the specific discharge [m2/s]
+  double inverse_h;   ///< 1/h [1/m], or 0 without water
+  double inverse_C2;  ///< 1/C^2 [-]
+  double d;           ///< median grain size [m]
+  double critical;    ///< critical Shields parameter [-], or velocity [m/s] in the Grass form
+};
+
+struct BedloadRate {
+  double capacity;    ///< qb [m2/s]
+  double derivative;  ///< dqb/dq [-]
+};
+
+/// 1/C^2 of a cell. Without friction it is the mark of a missing value, not 0.
+/// @param friction 1 if `chezy` may be read; @param chezy squared non-dimensional Chezy value
+inline double inverseChezy(int friction, double const* chezy) {
+  return friction == 1 ? inverse(chezy[0]) : MISSING_VALUE;
+}
+
+/// Excess over the critical value; 0 below it and for a NaN.
+inline double excess(double load, double critical) {
+  return fmax(load - critical, 0.0);
+}
+
+/// Unit of the MPM capacity, A sqrt(s g d^3) [m2/s].
+inline double mpmUnit(double d) {
+  double const g = real(ParameterID::Gravity);
+  double const s = real(ParameterID::SedRelDensity);
+  double const A = real(ParameterID::BedloadCoeff);
+  return A * std::sqrt(d * d * d * g * s);
+}
+
+/// P/T of a power P = T^B: up to the factor B its derivative. 0 at T = 0, whatever B.
+inline double powerOverBase(double P, double T) {
+  return T < TINY ? 0.0 : P / T;
+}
+
+inline BedloadRate grassBedload(BedloadCell const& cell) {
+  double const A = real(ParameterID::BedloadCoeff);
+  double const B = real(ParameterID::BedloadExpon);
+  double const T = excess(cell.q * cell.inverse_h, cell.critical);
+  double const P = std::pow(T, B);
+  return {A * P, A * B * powerOverBase(P, T) * cell.inverse_h};
+}
+
+inline BedloadRate powerLawBedload(BedloadCell const& cell) {
+  double const ig = real(ParameterID::InvGravity);
+  double const s = real(ParameterID::SedRelDensity);
+  double const icc = cell.inverse_C2;
+  double const ih = cell.inverse_h;
+  double const q = cell.q;
+  double const E = ig * (0.05 * ig) * std::sqrt(s) * inverse(cell.d);
+  double const Ec = icc * E * std::sqrt(icc);
+  return {Ec * (q * q) * ih * ih * ih * ih * ih, Ec * ((q + q) * ih * ih * ih * ih * ih)};
+}
+
+inline BedloadRate mpmBedload(BedloadCell const& cell) {
+  double const ig = real(ParameterID::InvGravity);
+  double const s = real(ParameterID::SedRelDensity);
+  double const B = real(ParameterID::BedloadExpon);
+  double const ih = cell.inverse_h;
+  double const q = cell.q;
+  double const K1 = cell.inverse_C2 * ig / (s * cell.d);
+  double const K2 = (q + q) * ih * ih;
+  double const T = excess(q * q * ih * ih * K1, cell.critical);
+  double const P = std::pow(T, B);
+  double const A1 = mpmUnit(cell.d);
+  return {A1 * P, A1 * B * powerOverBase(P, T) * K1 * K2};
+}
+
+/// The formula that BeadloadType names.
+inline BedloadRate bedload(BedloadCell const& cell) {
+  // clang-format off
+  switch (integer(ParameterID::BeadloadType)) {
+    case GRASS_FORM: return grassBedload(cell);
+    case POWER_LAW:  return powerLawBedload(cell);
+    default:         return mpmBedload(cell);
+  }
+  // clang-format on
+}
+
+}  // namespace kernels::morphology

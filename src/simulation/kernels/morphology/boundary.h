@@ -1,0 +1,108 @@
+// Bed load fluxes at boundary edges, by the type code.
+//
+//   400  raises the cell to an elevation      402  lowers the cell to an elevation
+//   404  given inflow                         410  inflow of a share of the capacity
+//   406  the same, weighted by depth          412  the same, weighted by depth
+//   408  the same, weighted by conveyance     414  the same, weighted by conveyance
+//
+// Every other code lets nothing pass. A positive flux leaves the cell, so an inflow is negative.
+// All fluxes are in units of bed elevation (pores included).
+#pragma once
+
+#include <cmath>
+
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::morphology {
+
+/// What a boundary edge and its cell know.
+struct BoundaryEdge {
+  double sign;          ///< orientation of the stored value, +1 or -1
+  double const* D;      ///< boundary record, of which D[0] and D[1] count
+  double dt;            ///< time step [s]
+  double length;        ///< of the edge [m]
+  double area;          ///< of the cell [m2]
+  double z;             ///< bed of the cell [m]
+  double h;             ///< depth of the cell [m]
+  double const* chezy;  ///< squared Chezy value of the cell; null without friction
+};
+
+/// From a volume of grains to one of bed, with the calibration factor of the formulas.
+inline double bedVolume(double flux) {
+  return flux * real(ParameterID::InvBedPorosity) * real(ParameterID::BedloadFactor);
+}
+
+/// Conveyance per unit of width at the cell, h sqrt(C h) with C the squared Chezy value.
+inline double conveyance(BoundaryEdge const& edge) {
+  return edge.h * std::sqrt(edge.chezy[0] * edge.h);
+}
+
+/// Code 400: what lifts the cell to the elevation D[0] in one step.
+inline double raiseTo(BoundaryEdge const& edge) {
+  if (edge.z >= edge.D[0]) return 0.0;
+  return -(edge.D[0] - edge.z) * edge.area / (edge.dt * edge.length);
+}
+
+/// Code 402: what lowers the cell to the elevation D[0] in one step.
+inline double lowerTo(BoundaryEdge const& edge) {
+  if (edge.D[0] >= edge.z) return 0.0;
+  return (edge.z - edge.D[0]) * edge.area / (edge.dt * edge.length);
+}
+
+/// Code 404: the inflow D[1]. An outflow is never let through.
+inline double givenInflow(BoundaryEdge const& edge) {
+  double const v = edge.sign * edge.D[1];
+  return v >= 0.0 ? 0.0 : bedVolume(v);
+}
+
+/// Code 406: D[1] counts per unit of depth.
+inline double givenInflowByDepth(BoundaryEdge const& edge) {
+  double const v = edge.sign * edge.D[1];
+  return v >= 0.0 ? 0.0 : bedVolume(edge.h * v);
+}
+
+/// Code 408: D[1] counts per unit of conveyance.
+inline double givenInflowByConveyance(BoundaryEdge const& edge) {
+  double const v = edge.sign * edge.D[1];
+  return v >= 0.0 ? 0.0 : bedVolume(conveyance(edge) * v);
+}
+
+/// The flux of a type code [m2/s]. Shares of the capacity keep whatever sign they have.
+inline double boundaryFlux(int type, BoundaryEdge const& edge) {
+  double const* const D = edge.D;
+  // clang-format off
+  switch (type) {
+    case 400: return raiseTo(edge);
+    case 402: return lowerTo(edge);
+    case 404: return givenInflow(edge);
+    case 406: return givenInflowByDepth(edge);
+    case 408: return givenInflowByConveyance(edge);
+    case 410: return -bedVolume(D[0]) * D[1];
+    case 412: return edge.h * -bedVolume(D[0]) * D[1];
+    case 414: return -bedVolume(D[0]) * conveyance(edge) * D[1];
+    default:  return 0.0;
+  }
+  // clang-format on
+}
+
+/// @param dt time step [s]; @param type {type code, orientation of the stored value}
+/// @param D boundary record, seven values; @param length of the edge [m]
+/// @param state {H, qx, qy} [m, m2/s] of the cell; @param bed z of the cell [m]
+/// @param chezy null without friction; codes 408 and 414 need it
+/// @param area of the cell [m2]; @param flux out [m2/s]
+inline void boundary(double const* dt, int const* type, double const* D, double const* /*normal*/,
+                     double const* length, double const* state, double const* /*stateRight*/,
+                     double const* bed, double const* /*bedRight*/, double const* chezy,
+                     double const* area, double const* /*grainSize*/, double* flux) {
+  BoundaryEdge const edge{.sign = static_cast<double>(type[1]),
+                          .D = D,
+                          .dt = dt[0],
+                          .length = length[0],
+                          .area = area[0],
+                          .z = bed[0],
+                          .h = state[0] - bed[0],
+                          .chezy = chezy};
+  flux[0] = boundaryFlux(type[0], edge);
+}
+
+}  // namespace kernels::morphology

@@ -1,0 +1,51 @@
+// Keeps the bed of a cell above its fixed bed: the bed load out of the cell is scaled by
+//
+//   f = 1 - (zf - z') / (outflow dt/A),   z' = z - dt/A sum of the fluxes,
+//
+// so that the update cannot dig deeper than zf. Less outflow here is less inflow next door: the
+// pass is repeated until no cell falls short by more than FixBedAccuracy.
+#pragma once
+
+#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/numeric.h"
+
+namespace kernels::morphology {
+
+/// Whether a flux leaves the cell; never through an edge of sign 0.
+inline bool leavesCell(int sign, double flux) {
+  return (sign > 0 && flux > 0.0) || (sign < 0 && flux < 0.0);
+}
+
+/// Cells are visited in order: where two of them share an edge, the second meets the flux that the
+/// first has scaled.
+/// @param cell number of the cell, null unless G_Debug is set; @param dt time step [s]
+/// @param area [m2]; @param bed z [m]; @param fixedBed zf [m]
+/// @param sign 1 if the cell is on the left of the edge, -1 if on the right
+/// @param length lengths of the edges [m]
+/// @param newBed out: z' [m], before the correction
+/// @param flux bed flux per edge [m2/s]; those out of the cell are scaled, the others kept
+inline void fixed_bed_correction(int const* cell, double const* dt, double const* area,
+                                 double const* bed, double const* fixedBed, int const* sign,
+                                 double const* const* length, double* newBed, double* const* flux) {
+  double net = 0.0;
+  double outflow = 0.0;
+  for (int k = 0; k < 3; ++k) {
+    double const share = sign[k] * flux[k][0] * length[k][0];
+    net += share;
+    if (leavesCell(sign[k], flux[k][0])) outflow += share;
+  }
+  double const r = dt[0] / area[0];
+  newBed[0] = bed[0] - net * r;
+  double const overdraft = fixedBed[0] - newBed[0];
+  if (!(overdraft > 0.0)) return;
+  reportOverdraft(overdraft, cell);
+
+  // A cell without outflow divides by zero and gets f = 0, with nothing to scale.
+  double const f = 1.0 - overdraft / (outflow * r);
+  double const factor = f > 1.0 ? 1.0 : fmax(0.0, f);
+  for (int k = 0; k < 3; ++k) {
+    if (leavesCell(sign[k], flux[k][0])) flux[k][0] *= factor;
+  }
+}
+
+}  // namespace kernels::morphology

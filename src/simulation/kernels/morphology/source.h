@@ -1,0 +1,46 @@
+// Sediment that is dumped or dredged: z' = z + R dt. The water surface moves with the bed, so the
+// depth stays.
+//
+// The last digit of the sink type says what a negative rate R may take: just what it says (0), at
+// most the material above the fixed bed (1), or all of it, however small the rate (2).
+#pragma once
+
+#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/numeric.h"
+
+namespace kernels::morphology {
+
+/// Height [m] that a source adds in a step; 0 for an unknown type.
+/// @param amount rate times time step [m]; @param available fixed bed minus bed [m]
+inline double sourceHeight(int type, double amount, double available) {
+  switch (type) {
+    case 30:
+      return amount;
+    case 31:
+      return amount < 0.0 ? fmax(amount, available) : amount;
+    case 32:
+      return amount < 0.0 ? available : amount;
+    default:
+      return 0.0;
+  }
+}
+
+/// @param dt time step [s]; @param data source record {unused, rate [m/s]}
+/// @param type sink type; @param bed z [m]; @param fixedBed zf [m]
+/// @param state {H, qx, qy} [m, m2/s], of which H moves
+/// @param massKept 0 if the bed of this cell is below its fixed bed, else 1: each cell replaces the
+///   verdict of the one before, so the flag tells only about the last cell of the loop
+inline void source(double const* dt, double const* data, int const* type, double* bed,
+                   double const* fixedBed, double* state, int* massKept) {
+  double const dz = sourceHeight(type[0], data[1] * dt[0], fixedBed[0] - bed[0]);
+  bed[0] = bed[0] + dz;
+  state[0] = state[0] + dz;
+
+  massKept[0] = 1;
+  if (bed[0] - fixedBed[0] < -1e-12) {
+    reportFixedBedDeficit(bed[0], fixedBed[0]);
+    massKept[0] = 0;
+  }
+}
+
+}  // namespace kernels::morphology

@@ -1,0 +1,5 @@
+#include "simulation/kernels/parameters.h"
+
+double G_REAL[PARAMETER_SLOTS] = {};
+int G_INT[PARAMETER_SLOTS] = {};
+int G_Debug = 0;

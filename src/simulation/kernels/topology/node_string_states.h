@@ -1,0 +1,104 @@
+// The state of a nodestring, integrated over its edges: what boundary conditions, modifications
+// and the output of discharges refer to.
+//
+//   [0] mean water surface [m]              [5] wetted length [m]
+//   [1] liquid discharge [m3/s]             [6] volume of the adjacent water [m3]
+//   [2] wetted cross-section [m2]           [7] conveyance sum, L h sqrt(C h) [m^2.5]
+//   [3] mean bed elevation [m]              [8] sediment discharge [m3/s]
+//   [4] lowest bed elevation [m]            [9] transport capacity [m3/s]
+//
+// An edge is wet if its upstream cell is. Dry edges count for [4] only; [0] and [3] are missing
+// values if no edge is wet. [7] is 0 without morphology or friction, [8] and [9] without
+// morphology.
+#pragma once
+
+#include <cmath>
+
+#include "simulation/kernels/missing_value.h"
+#include "simulation/kernels/morphology/bedload_formulas.h"
+#include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
+
+namespace kernels::topology {
+
+/// Bed load [m2/s] of an upstream cell, whatever its direction. The Shields parameter is grouped
+/// unlike that of the cells' own transport; the two may differ in the last digit.
+inline double bedloadCapacity(morphology::BedloadCell const& cell) {
+  // clang-format off
+  switch (integer(ParameterID::BeadloadType)) {
+    case morphology::GRASS_FORM: return morphology::grassBedload(cell).capacity;
+    case morphology::POWER_LAW:  return morphology::powerLawBedload(cell).capacity;
+    default:                     break;
+  }
+  // clang-format on
+  double const ig = real(ParameterID::InvGravity);
+  double const s = real(ParameterID::SedRelDensity);
+  double const q2 = cell.q * cell.q;
+  double const ih2 = cell.inverse_h * cell.inverse_h;
+  double const theta = (q2 * ih2) * (cell.inverse_C2 * ig) / (s * cell.d);
+  double const power =
+      std::pow(morphology::excess(theta, cell.critical), real(ParameterID::BedloadExpon));
+  return morphology::mpmUnit(cell.d) * power;
+}
+
+/// Arguments per edge come as arrays of `size` pointers, in the order along the nodestring.
+/// @param morphology 1 if the bed moves; else no sediment argument is read
+/// @param friction 1 if the bed moves and `chezy` may be read
+/// @param size number of edges, 0 to 40
+/// @param sign per edge: 1 if oriented as the nodestring, -1 if against it
+/// @param length of the edges [m]; @param fluxHy,fluxMo liquid and bed flux of the edges [m2/s]
+/// @param chezy,critical,grainSize,state,bed,area upstream cells: squared Chezy value [-], critical
+///   Shields parameter [-] or velocity [m/s], median grain size [m], {H, qx, qy} [m, m2/s], z [m],
+///   area [m2]
+/// @param result out: the ten values above
+inline void node_string_states(int const* morphology, int const* friction, int const* size,
+                               int const* sign, double const* const* length,
+                               double const* const* fluxHy, double const* const* fluxMo,
+                               double const* const* chezy, double const* const* critical,
+                               double const* const* grainSize, double const* const* state,
+                               double const* const* bed, double const* const* area,
+                               double* result) {
+  double const hmin = real(ParameterID::MinWaterDepth);
+  double const solid = 1.0 - real(ParameterID::BedPorosity);
+  double sumHL = 0.0, Q = 0.0, A = 0.0, sumzL = 0.0, Lw = 0.0;
+  double V = 0.0, K = 0.0, Qs = 0.0, Cap = 0.0, zmin = 1e12;
+
+  for (int i = 0; i < size[0]; ++i) {
+    double const sgn = sign[i];
+    double const L = length[i][0];
+    double const H = state[i][0];
+    double const z = bed[i][0];
+    double const h = H - z;
+    zmin = fmin(zmin, z);
+    if (!(h > hmin)) continue;
+    Lw += L;
+    sumHL += H * L;
+    Q += fluxHy[i][0] * L * sgn;
+    sumzL += z * L;
+    A += h * L;
+    V += area[i][0] * h;
+
+    if (morphology[0] != 1) continue;
+    double const* const C = friction[0] == 1 ? chezy[i] : nullptr;
+    if (friction[0] == 1) K += h * L * std::sqrt(C[0] * h);
+    Qs += L * fluxMo[i][0] * sgn * solid;
+    double const q = std::sqrt(state[i][1] * state[i][1] + state[i][2] * state[i][2]);
+    Cap += bedloadCapacity({q, inverse(h), morphology::inverseChezy(friction[0], C),
+                            grainSize[i][0], critical[i][0]}) *
+           L;
+  }
+
+  bool const wet = Lw > 0.0;
+  result[0] = wet ? sumHL / Lw : MISSING_VALUE;
+  result[1] = Q;
+  result[2] = A;
+  result[3] = wet ? sumzL / Lw : MISSING_VALUE;
+  result[4] = zmin;
+  result[5] = Lw;
+  result[6] = V;
+  result[7] = K;
+  result[8] = Qs;
+  result[9] = Cap;
+}
+
+}  // namespace kernels::topology

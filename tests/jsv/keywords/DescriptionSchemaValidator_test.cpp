@@ -1,0 +1,32 @@
+#include "jsv/keywords/DescriptionSchemaValidator.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "jsv/report.h"
+
+namespace jsv {
+namespace {
+
+using nlohmann::json;
+using test::at;
+using test::check;
+using test::faultOf;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Validator = DescriptionSchemaValidator;
+
+TEST(DescriptionSchemaValidator, PassesTheTextOn) {
+  const auto checked = check<Validator>(3, "The number of cells.");
+  EXPECT_THAT(checked.annotations,
+              ElementsAre(at("/value", DescriptionAnnotation{"The number of cells."})));
+  EXPECT_THAT(checked.names, IsEmpty());
+}
+
+TEST(DescriptionSchemaValidator, TheParameterMustBeAString) {
+  EXPECT_EQ(faultOf<Validator>(3, json::array({"text"})),
+            "/keyword: This keyword requires a string parameter.");
+}
+
+}  // namespace
+}  // namespace jsv

@@ -1,0 +1,271 @@
+// The frame with a toy loop per kind of row.
+#include "op/op_frame.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <new>
+#include <string>
+#include <vector>
+
+namespace {
+
+// Counts what a loop allocates: the frame and the backend must not allocate per element.
+std::size_t allocations = 0;  // NOLINT: seen by the replaced operator new
+
+}  // namespace
+
+void* operator new(std::size_t size) {
+  ++allocations;
+  if (void* memory = std::malloc(size)) return memory;
+  throw std::bad_alloc();
+}
+void operator delete(void* memory) noexcept { std::free(memory); }
+void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+
+namespace {
+
+enum class Datum { area, depth, state, flag };
+enum class Map { edgeCells, cellEdges };
+enum class Kernel { toy };
+enum class Set { cells };
+enum class Switch { on };
+
+using op::all;
+using op::at;
+using op::Order;
+
+void copyBody(double const* in, double* out) { out[0] = in[0] + in[1]; }
+using CopyLoop = op::Loop<"toy_copy", 0, Kernel::toy, Set::cells, Order::any,
+                          op::read<Datum::state, double[2]>, op::write<Datum::depth, double>>;
+
+void jumpBody(double const* left, double const* right, double const* factor, double* out) {
+  out[0] = (right[0] - left[0]) * factor[0];
+}
+using JumpLoop =
+    op::Loop<"toy_jump", 1, Kernel::toy, Set::cells, Order::any,
+             op::read<Datum::depth, double, at<Map::edgeCells, 0>>,
+             op::read<Datum::depth, double, at<Map::edgeCells, 1>>, op::given<double>,
+             op::write<Datum::state, double>>;
+
+void sumBody(double const* const* values, int const* number, double* out, double* highest) {
+  out[0] = values[0][0] + values[1][0] + values[2][0];
+  if (number != nullptr) out[0] += number[0];
+  if (out[0] > highest[0]) highest[0] = out[0];
+}
+using SumLoop =
+    op::Loop<"toy_sum", 2, Kernel::toy, Set::cells, Order::any,
+             op::read<Datum::area, double, all<Map::cellEdges, 3>>,
+             op::read_if<Switch::on, Datum::flag, int>, op::change<Datum::depth, double>,
+             op::highest<double>>;
+
+void lowestBody(int const* value, int* lowest) {
+  if (value[0] < lowest[0]) lowest[0] = value[0];
+}
+using LowestLoop = op::Loop<"toy_lowest", 3, Kernel::toy, Set::cells, Order::ascending,
+                            op::read<Datum::flag, int>, op::lowest<int>>;
+
+void flatBody(double const* in, double* out) { out[0] = in[0]; }
+using FlatLoop = op::Loop<"toy_flat", 4, Kernel::toy, Set::cells, Order::any,
+                          op::read<Datum::state, double>, op::write<Datum::depth, double>>;
+
+static_assert(CopyLoop::isDirect && CopyLoop::entries == 2);
+static_assert(!JumpLoop::isDirect && JumpLoop::entries == 4);
+static_assert(!SumLoop::isDirect && SumLoop::entries == 6);
+static_assert(std::is_same_v<SumLoop::Body, void(double const* const*, int const*, double*,
+                                                 double*)>);
+
+class Frame : public ::testing::Test {
+ protected:
+  Frame() {
+    ::testing::internal::CaptureStdout();
+    op_init(0, nullptr, 0);
+    ::testing::internal::GetCapturedStdout();
+    cells = op_decl_set(4, "cells");
+    edges = op_decl_set(3, "edges");
+    none = op_decl_set(0, "none");
+    edgeCells = op_decl_map(edges, cells, 2, edgeCellTable.data(), "edgeCells");
+    cellEdges = op_decl_map(cells, edges, 3, cellEdgeTable.data(), "cellEdges");
+    depth = dat(cells, 1, depths.data(), "depth");
+    state = dat(cells, 2, states.data(), "state");
+    jump = dat(edges, 1, jumps.data(), "jump");
+    numbers = op_decl_dat_char(cells, 1, "int", sizeof(int),
+                               reinterpret_cast<char*>(numberValues.data()), "numbers");
+  }
+  ~Frame() override { op_exit(); }
+  Frame(const Frame&) = delete;
+  Frame& operator=(const Frame&) = delete;
+  Frame(Frame&&) = delete;
+  Frame& operator=(Frame&&) = delete;
+
+  static op_dat dat(op_set set, int dim, double* data, char const* name) {
+    return op_decl_dat_char(set, dim, "double", sizeof(double), reinterpret_cast<char*>(data),
+                            name);
+  }
+  static op_arg direct(op_dat of, int dim, op_access access) {
+    return op_arg_dat(of, -1, nullptr, dim, "double", access);
+  }
+
+  void runCopy(op_set set) {
+    op::par_loop<CopyLoop, copyBody>(
+        "copy", set, {direct(state, 2, OP_READ), direct(depth, 1, OP_WRITE)});
+  }
+
+  std::array<int, 6> edgeCellTable{0, 1, 1, 2, 3, 0};
+  std::array<int, 12> cellEdgeTable{0, 1, 2, 0, 0, 0, 2, 1, 0, 1, 1, 2};
+  std::array<double, 4> depths{1, 2, 4, 8};
+  std::array<double, 8> states{1, 10, 2, 20, 3, 30, 4, 40};
+  std::array<double, 3> jumps{1, 100, 10000};
+  std::array<int, 4> numberValues{5, -7, 3, 9};
+  op_set cells = nullptr;
+  op_set edges = nullptr;
+  op_set none = nullptr;
+  op_map edgeCells = nullptr;
+  op_map cellEdges = nullptr;
+  op_dat depth = nullptr;
+  op_dat state = nullptr;
+  op_dat jump = nullptr;
+  op_dat numbers = nullptr;
+};
+
+TEST_F(Frame, directRowsWalkTheSet) {
+  runCopy(cells);
+  EXPECT_EQ(depths, (std::array<double, 4>{11, 22, 33, 44}));
+}
+
+TEST_F(Frame, columnsOfAMapReachBothCells) {
+  double factor = 10;
+  op::par_loop<JumpLoop, jumpBody>(
+      "jump", edges,
+      {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
+       op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
+       op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
+  EXPECT_EQ(jumps, (std::array<double, 3>{10, 20, -70}));
+}
+
+TEST_F(Frame, vectorRowsGiveAllColumnsAndOptionalRowsAPointerOrNull) {
+  double highest = 0;
+  op_arg const absent = op_opt_arg_dat(0, nullptr, -1, nullptr, 1, "int", OP_READ);
+  op_arg const values = op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ);
+  op_arg const global = op_arg_gbl(&highest, 1, "double", OP_MAX);
+  op::par_loop<SumLoop, sumBody>("sum", cells,
+                                 {values, absent, direct(depth, 1, OP_RW), global});
+  EXPECT_EQ(depths, (std::array<double, 4>{10101, 3, 10101, 10200}));
+  EXPECT_EQ(highest, 10200);
+
+  op_arg const present = op_opt_arg_dat(1, numbers, -1, nullptr, 1, "int", OP_READ);
+  op::par_loop<SumLoop, sumBody>("sum", cells,
+                                 {values, present, direct(depth, 1, OP_RW), global});
+  EXPECT_EQ(depths, (std::array<double, 4>{10106, -4, 10104, 10209}));
+}
+
+TEST_F(Frame, anOptionalRowOutOfUseIsNotResolvedThoughItsDatExists) {
+  double highest = 0;
+  op::par_loop<SumLoop, sumBody>(
+      "sum", cells,
+      {op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ),
+       op_opt_arg_dat(0, numbers, -1, nullptr, 1, "int", OP_READ), direct(depth, 1, OP_RW),
+       op_arg_gbl(&highest, 1, "double", OP_MAX)});
+  EXPECT_EQ(depths[0], 10101);
+}
+
+TEST_F(Frame, reductionsKeepTheRunningValue) {
+  int lowest = 4;
+  op::par_loop<LowestLoop, lowestBody>(
+      "lowest", cells,
+      {op_arg_dat(numbers, -1, nullptr, 1, "int", OP_READ),
+       op_arg_gbl(&lowest, 1, "int", OP_MIN)});
+  EXPECT_EQ(lowest, -7);
+}
+
+TEST_F(Frame, theStrideIsTheDimOfTheRowNotOfTheDat) {
+  // One value of a dat with two: element e reads the flat entry e.
+  op::par_loop<FlatLoop, flatBody>("flat", cells,
+                                   {direct(state, 1, OP_READ), direct(depth, 1, OP_WRITE)});
+  EXPECT_EQ(depths, (std::array<double, 4>{1, 10, 2, 20}));
+}
+
+TEST_F(Frame, anEmptySetRunsNoBodyButIsAccountedFor) {
+  runCopy(none);
+  EXPECT_EQ(depths, (std::array<double, 4>{1, 2, 4, 8}));
+  ASSERT_GE(OP_kern_max, 1);
+  EXPECT_EQ(OP_kernels[0].count, 1);
+  EXPECT_EQ(OP_kernels[0].transfer, 0.0F);
+}
+
+TEST_F(Frame, countRisesPerCallAndTheNameIsThatOfTheCaller) {
+  runCopy(cells);
+  runCopy(cells);
+  EXPECT_EQ(OP_kernels[0].count, 2);
+  EXPECT_STREQ(OP_kernels[0].name, "copy");
+  EXPECT_GE(OP_kernels[0].time, 0.0);
+}
+
+TEST_F(Frame, aDirectLoopCountsWrittenDataTwice) {
+  runCopy(cells);
+  EXPECT_EQ(OP_kernels[0].transfer, 4.0F * 16 + 4.0F * 8 * 2);
+}
+
+TEST_F(Frame, anIndirectLoopCountsADatumPerMapOnceAndEachMap) {
+  double factor = 1;
+  op::par_loop<JumpLoop, jumpBody>(
+      "jump", edges,
+      {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
+       op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
+       op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
+  EXPECT_EQ(OP_kernels[1].transfer, 3.0F * 8 + 3.0F * 8 + 3.0F * 2 * 4);
+}
+
+TEST_F(Frame, anIndirectLoopCountsChangedDataTwiceAndOptionalOnesAlways) {
+  double highest = 0;
+  op::par_loop<SumLoop, sumBody>(
+      "sum", cells,
+      {op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ),
+       op_opt_arg_dat(0, numbers, -1, nullptr, 1, "int", OP_READ), direct(depth, 1, OP_RW),
+       op_arg_gbl(&highest, 1, "double", OP_MAX)});
+  EXPECT_EQ(OP_kernels[2].transfer, 4.0F * 8 + 4.0F * 4 + 4.0F * 8 * 2 + 4.0F * 3 * 4);
+}
+
+std::string outputOfCopyAtLevel(int level, const std::function<void()>& run) {
+  OP_diags = level;
+  ::testing::internal::CaptureStdout();
+  run();
+  std::fflush(stdout);
+  return ::testing::internal::GetCapturedStdout();
+}
+
+TEST_F(Frame, directLoopsShowALineWithoutEndAboveLevelTwo) {
+  EXPECT_EQ(outputOfCopyAtLevel(2, [this] { runCopy(cells); }), "");
+  EXPECT_EQ(outputOfCopyAtLevel(3,
+                                [this] {
+                                  runCopy(cells);
+                                  runCopy(cells);
+                                }),
+            " kernel routine w/o indirection:  toy_copy"
+            " kernel routine w/o indirection:  toy_copy");
+}
+
+TEST_F(Frame, indirectLoopsShowALineOfTheirOwnAboveLevelTwo) {
+  double factor = 1;
+  const auto run = [&] {
+    op::par_loop<JumpLoop, jumpBody>(
+        "jump", edges,
+        {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
+         op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
+         op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
+  };
+  EXPECT_EQ(outputOfCopyAtLevel(2, run), "");
+  EXPECT_EQ(outputOfCopyAtLevel(3, run), " kernel routine with indirection: toy_jump\n");
+}
+
+TEST_F(Frame, nothingIsAllocatedOnceTheSlotExists) {
+  runCopy(cells);
+  const std::size_t before = allocations;
+  runCopy(cells);
+  EXPECT_EQ(allocations, before);
+}
+
+}  // namespace

@@ -1,0 +1,114 @@
+#include "simulation/kernels/hydraulics/chezy.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "simulation/kernels/Parameters.h"
+
+namespace {
+
+using namespace kernels::hydraulics;
+
+class Chezy : public support::Parameters {
+ protected:
+  Chezy() {
+    set(ParameterID::InvGravity, 0.125);
+    set(ParameterID::MinWaterDepth, 0.001);
+  }
+};
+
+TEST_F(Chezy, ManningDividesTwiceByTheValue) {
+  EXPECT_DOUBLE_EQ(chezyManning(8.0, 0.5), 1.0);    // 0.125 * 2 * 2 * 2
+  EXPECT_DOUBLE_EQ(chezyManning(27.0, 0.25), 6.0);  // 0.125 * 3 * 4 * 4
+}
+
+TEST_F(Chezy, ManningMultipliesByInversesFromLeftToRight) {
+  volatile double const depth = 0.7;
+  volatile double product = 0.125 * std::cbrt(depth);
+  product = product * (1.0 / 0.03);
+  product = product * (1.0 / 0.03);
+  EXPECT_EQ(chezyManning(0.7, 0.03), product);
+}
+
+TEST_F(Chezy, ManningWithoutRoughnessIsZero) {
+  EXPECT_EQ(chezyManning(8.0, 0.0), 0.0);
+  EXPECT_EQ(chezyManning(8.0, 9e-13), 0.0);
+  EXPECT_GT(chezyManning(8.0, 1e-12), 0.0);
+  EXPECT_EQ(chezyManning(8.0, -0.5), 0.0);
+}
+
+TEST_F(Chezy, StricklerMultipliesTwiceByTheValue) {
+  EXPECT_DOUBLE_EQ(chezyStrickler(8.0, 30.0), 225.0);  // 0.125 * 2 * 30 * 30
+  EXPECT_EQ(chezyStrickler(8.0, 0.0), 0.0);
+}
+
+TEST_F(Chezy, ManningAndStricklerSeeAtLeastTheMinimumDepth) {
+  set(ParameterID::MinWaterDepth, 0.125);
+  EXPECT_DOUBLE_EQ(chezyManning(0.0, 1.0), 0.0625);
+  EXPECT_DOUBLE_EQ(chezyManning(-3.0, 1.0), 0.0625);
+  EXPECT_DOUBLE_EQ(chezyStrickler(0.1, 2.0), 0.25);
+  EXPECT_DOUBLE_EQ(chezyStrickler(-3.0, 2.0), 0.25);
+}
+
+TEST_F(Chezy, ANumberBeatsADepthThatIsNone) {
+  set(ParameterID::MinWaterDepth, 0.125);
+  EXPECT_DOUBLE_EQ(chezyManning(std::numeric_limits<double>::quiet_NaN(), 1.0), 0.0625);
+}
+
+TEST_F(Chezy, LogarithmicLawAboveTheRoughness) {
+  EXPECT_DOUBLE_EQ(chezyLogarithmic(1.0, 0.1), 142.92901074510283);
+}
+
+TEST_F(Chezy, LogarithmicLawIsConstantFromTheRoughnessDown) {
+  EXPECT_EQ(chezyLogarithmic(0.1, 0.1), 38.505650853010394);
+  EXPECT_EQ(chezyLogarithmic(0.01, 0.1), 38.505650853010394);
+  EXPECT_EQ(chezyLogarithmic(-0.01, 0.1), 38.505650853010394);
+  EXPECT_EQ(chezyLogarithmic(0.0, 0.0), 38.505650853010394);
+}
+
+TEST_F(Chezy, LogarithmicLawJustAboveTheRoughnessIsComputed) {
+  double const above = chezyLogarithmic(std::nextafter(1.0, 2.0), 1.0);
+  EXPECT_NE(above, 38.505650853010394);
+  EXPECT_DOUBLE_EQ(above, 38.505650850203651);
+}
+
+TEST_F(Chezy, RoughLayerHasThreeRanges) {
+  EXPECT_DOUBLE_EQ(chezyRoughLayer(4.0, 1.0), 66.801827281271741);
+  EXPECT_DOUBLE_EQ(chezyRoughLayer(3.0, 1.0), 50.674103884752718);
+  EXPECT_DOUBLE_EQ(chezyRoughLayer(1.0, 1.0), 8.9159182220485267);
+  EXPECT_EQ(chezyRoughLayer(0.25, 1.0), 2.25);
+}
+
+TEST_F(Chezy, RoughLayerTakesTheMiddleRowAtBothOfItsEnds) {
+  EXPECT_DOUBLE_EQ(chezyRoughLayer(2.0, 1.0), 29.681778313978072);
+  EXPECT_DOUBLE_EQ(chezyRoughLayer(0.5, 1.0), 2.2461814778011999);
+  EXPECT_EQ(chezyRoughLayer(std::nextafter(0.5, 0.0), 1.0), 2.25);
+}
+
+TEST_F(Chezy, RoughLayerOfNoOrNegativeRelativeDepthIsTheSmallestRow) {
+  EXPECT_EQ(chezyRoughLayer(0.0, 1.0), 2.25);
+  EXPECT_EQ(chezyRoughLayer(-1.0, 1.0), 2.25);
+  EXPECT_EQ(chezyRoughLayer(1.0, 0.0), 2.25);
+}
+
+TEST_F(Chezy, FrictionTypeChoosesTheClosure) {
+  setInt(ParameterID::FrictionType, 1);
+  EXPECT_EQ(chezySquared(8.0, 0.5), chezyManning(8.0, 0.5));
+  setInt(ParameterID::FrictionType, 2);
+  EXPECT_EQ(chezySquared(8.0, 0.5), chezyStrickler(8.0, 0.5));
+  setInt(ParameterID::FrictionType, 3);
+  EXPECT_EQ(chezySquared(8.0, 0.5), chezyLogarithmic(8.0, 0.5));
+  setInt(ParameterID::FrictionType, 4);
+  EXPECT_EQ(chezySquared(8.0, 0.5), chezyRoughLayer(8.0, 0.5));
+}
+
+TEST_F(Chezy, UnknownFrictionTypeGivesZero) {
+  for (int const type : {-1, 0, 5, 100}) {
+    setInt(ParameterID::FrictionType, type);
+    EXPECT_EQ(chezySquared(8.0, 0.5), 0.0) << type;
+  }
+}
+
+}  // namespace

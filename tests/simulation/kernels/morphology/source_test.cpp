@@ -1,0 +1,163 @@
+#include "simulation/kernels/morphology/source.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <string>
+#include <type_traits>
+
+#include "simulation/Loops.h"
+
+static_assert(std::is_same_v<decltype(kernels::morphology::source), loops::MorSource::Body>);
+
+namespace {
+
+/// A cell with its bed at 2 m, its fixed bed at 1 m and 3 m of water; a time step of 0.5 s.
+class MorSource : public ::testing::Test {
+ protected:
+  double dt = 0.5;
+  double bed = 2.0;
+  double fixedBed = 1.0;
+  std::array<double, 3> state{5.0, 0.25, -0.75};
+  int massKept = 1;
+  std::string text;
+
+  void run(int type, double rate) {
+    std::array<double, 2> const data{1e9, rate};
+    testing::internal::CaptureStdout();
+    kernels::morphology::source(&dt, data.data(), &type, &bed, &fixedBed, state.data(), &massKept);
+    text = testing::internal::GetCapturedStdout();
+  }
+};
+
+class MorSourceType : public MorSource, public ::testing::WithParamInterface<int> {};
+
+INSTANTIATE_TEST_SUITE_P(all, MorSourceType, ::testing::Values(30, 31, 32));
+
+TEST_P(MorSourceType, addsAPositiveAmountWithoutLimit) {
+  run(GetParam(), 4.0);
+  EXPECT_EQ(bed, 4.0);
+  EXPECT_EQ(massKept, 1);
+}
+
+TEST_P(MorSourceType, liftsTheWaterSurfaceWithTheBedAndKeepsTheDischarges) {
+  run(GetParam(), 4.0);
+  EXPECT_EQ(state, (std::array<double, 3>{7.0, 0.25, -0.75}));
+}
+
+TEST_P(MorSourceType, doesNothingAtARateOfZero) {
+  run(GetParam(), 0.0);
+  EXPECT_EQ(bed, 2.0);
+  EXPECT_EQ(state[0], 5.0);
+}
+
+TEST_P(MorSourceType, doesNothingAtARateOfNegativeZero) {
+  run(GetParam(), -0.0);
+  EXPECT_EQ(bed, 2.0);
+  EXPECT_EQ(state[0], 5.0);
+}
+
+TEST_F(MorSource, exactRemovesTheWholeAmount) {
+  run(30, -1.0);
+  EXPECT_EQ(bed, 1.5);
+  EXPECT_EQ(state[0], 4.5);
+  EXPECT_EQ(massKept, 1);
+  EXPECT_EQ(text, "");
+}
+
+TEST_F(MorSource, exactReportsABedBelowTheFixedBed) {
+  run(30, -4.0);
+  EXPECT_EQ(bed, 0.0);
+  EXPECT_EQ(state[0], 3.0);
+  EXPECT_EQ(massKept, 0);
+  EXPECT_EQ(text, "MASS BALANCE PROBLEM: z = 0 < zFix = 1\n");
+}
+
+TEST_F(MorSource, availableRemovesTheAmountThatIsThere) {
+  run(31, -1.0);
+  EXPECT_EQ(bed, 1.5);
+  EXPECT_EQ(state[0], 4.5);
+}
+
+TEST_F(MorSource, availableStopsAtTheFixedBed) {
+  run(31, -4.0);
+  EXPECT_EQ(bed, 1.0);
+  EXPECT_EQ(state[0], 4.0);
+  EXPECT_EQ(massKept, 1);
+}
+
+TEST_F(MorSource, availableTakesNothingFromACellAtItsFixedBed) {
+  bed = 1.0;
+  run(31, -4.0);
+  EXPECT_EQ(bed, 1.0);
+  EXPECT_EQ(state[0], 5.0);
+}
+
+TEST_F(MorSource, availableLiftsACellFromBelowItsFixedBed) {
+  bed = 0.75;
+  run(31, -4.0);
+  EXPECT_EQ(bed, 1.0);
+  EXPECT_EQ(state[0], 5.25);
+}
+
+TEST_F(MorSource, infinityLowersTheCellToTheFixedBedAtOnce) {
+  run(32, -1e-30);
+  EXPECT_EQ(bed, 1.0);
+  EXPECT_EQ(state[0], 4.0);
+  EXPECT_EQ(massKept, 1);
+}
+
+TEST_F(MorSource, infinityStopsAtTheFixedBed) {
+  run(32, -100.0);
+  EXPECT_EQ(bed, 1.0);
+  EXPECT_EQ(state[0], 4.0);
+}
+
+TEST_F(MorSource, unknownTypesChangeNothing) {
+  for (int const type : {0, 10, 12, 20, 29, 33}) {
+    run(type, -4.0);
+    EXPECT_EQ(bed, 2.0) << type;
+    EXPECT_EQ(state[0], 5.0) << type;
+  }
+}
+
+TEST_F(MorSource, unknownTypesAreCheckedAllTheSame) {
+  bed = 0.5;
+  run(0, 0.0);
+  EXPECT_EQ(massKept, 0);
+  EXPECT_EQ(text, "MASS BALANCE PROBLEM: z = 0.5 < zFix = 1\n");
+}
+
+TEST_F(MorSource, aDifferenceOfExactlyTheToleranceIsNoDeficit) {
+  bed = -1e-12;
+  fixedBed = 0.0;
+  run(30, 0.0);
+  EXPECT_EQ(massKept, 1);
+  EXPECT_EQ(text, "");
+}
+
+TEST_F(MorSource, aDifferenceJustBeyondTheToleranceIsADeficit) {
+  bed = std::nextafter(-1e-12, -1.0);
+  fixedBed = 0.0;
+  run(30, 0.0);
+  EXPECT_EQ(massKept, 0);
+  EXPECT_EQ(text, "MASS BALANCE PROBLEM: z = -1e-12 < zFix = 0\n");
+}
+
+TEST_F(MorSource, theVerdictIsThatOfTheLastCell) {
+  run(30, -4.0);
+  EXPECT_EQ(massKept, 0);
+  bed = 2.0;
+  run(30, 0.0);
+  EXPECT_EQ(massKept, 1);
+}
+
+TEST_F(MorSource, sourcesOfOneCellAddUp) {
+  run(30, 1.0);
+  run(30, 0.5);
+  EXPECT_EQ(bed, 2.75);
+  EXPECT_EQ(state[0], 5.75);
+}
+
+}  // namespace

@@ -1,0 +1,20 @@
+#include "simulation/kernels/morphology/wall_fluxes.h"
+
+#include <gtest/gtest.h>
+
+#include <type_traits>
+
+#include "simulation/Loops.h"
+
+static_assert(
+    std::is_same_v<decltype(kernels::morphology::wall_fluxes), loops::MorWallBFluxes::Body>);
+
+namespace {
+
+TEST(MorWallFluxes, letNothingPass) {
+  double flux = 3.7;
+  kernels::morphology::wall_fluxes(&flux);
+  EXPECT_EQ(flux, 0.0);
+}
+
+}  // namespace
