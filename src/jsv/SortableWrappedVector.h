@@ -15,6 +15,7 @@ namespace jsv {
 
 class SortableWrappedVector {
  public:
+  using value_type = std::string;
   using const_iterator = std::vector<std::string>::const_iterator;
 
   /// Takes over `sorted`, which must be in ascending order; see makeSortable.

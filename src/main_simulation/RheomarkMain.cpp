@@ -1,5 +1,6 @@
 #include "main_simulation/RheomarkMain.h"
 
+#include <cstdio>
 #include <cstdlib>
 #include <exception>
 #include <fstream>
@@ -17,6 +18,14 @@ namespace {
 
 [[noreturn]] void failForArgument(const TCLAP::ArgException& exception) {
   console::fail("error: ", exception.error(), " for arg ", exception.argId());
+}
+
+// Ends the process without running anything else: after a write that failed, HDF5's own clean-up
+// at exit can crash. The results file stays as far as it was flushed.
+[[noreturn]] void endFailedRun() {
+  std::cout.flush();
+  std::fflush(nullptr);
+  std::_Exit(1);
 }
 
 }  // namespace
@@ -43,12 +52,12 @@ int RheomarkMain::go() {
     failForArgument(exception);
   } catch (const BaseException& exception) {
     console::error(exception.what());
-    std::exit(1);
+    endFailedRun();
   } catch (const std::exception& exception) {
     console::error("unhandled exception (actually, this should never happen)");
     console::error(exception.what());
     console::error("... unfortunately RHEOMARK is killed!");
-    std::exit(1);
+    endFailedRun();
   }
   return 0;
 }

@@ -1,5 +1,7 @@
 #include "main_simulation/RheomarkSimulation.h"
 
+#include <cstdlib>
+
 #include "api/ISimulation.h"
 #include "common/check.h"
 #include "main_simulation/SimulationSchema.h"
@@ -46,5 +48,8 @@ void RheomarkSimulation::executionContent() {
   } else {
     domain->printHash(getArchive());
   }
+  const int signal = domain->endedBySignal();
   delete domain;
+  // As shells report it; the footer is for runs that came to their regular end.
+  if (signal != 0) std::exit(128 + signal);
 }

@@ -49,6 +49,7 @@ template <class T>
 void grow_if_full(T*& list, int count, int& capacity, char const* message) {
   if (count < capacity) return;
   capacity += LIST_STEP;
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): the lists hold pointers
   list = static_cast<T*>(op_realloc(list, static_cast<std::size_t>(capacity) * sizeof(T)));
   if (list == nullptr) op_fail(-1, "%s", message);
 }

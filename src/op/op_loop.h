@@ -5,11 +5,11 @@
 // reductions and the transfer estimate. Data, maps, sets and flags are named by enumerators of the
 // application; the runtime never looks at their meaning.
 //
-//   using TimeStep = op::Loop<"kernel_HYDRAULICS_TimeStep", 8, KernelID::TimeStepCalculation,
+//   struct TimeStep : op::Loop<"kernel_HYDRAULICS_TimeStep", 8, KernelID::TimeStepCalculation,
 //       SetID::EdgesAll, op::Order::any,
 //       op::read<DataID::NormVect, double[2]>,                                    // direct
 //       op::read<DataID::IsWetted, int, op::at<MapID::EdgesAll_CellsAll, 0>>,     // one column
-//       op::lowest<double>>;                                                      // global
+//       op::lowest<double>> {};                                                    // global
 #pragma once
 
 #include <algorithm>

@@ -151,10 +151,21 @@ void writeAll(const std::string& file, const api::IModel& model, const Domain& d
 
 }  // namespace
 
-void requireRunFileName(const std::string& file) {
-  const std::string name = std::filesystem::path(file).filename().string();
-  if (name.size() > 3 && name.find('.') == name.size() - 3 && name.ends_with(".h5")) return;
-  console::fail("run file <", file, ">: the name must end in \".h5\" and hold no other dot");
+void requireRunFile(const std::string& file) {
+  const std::filesystem::path path(file);
+  const std::string name = path.filename().string();
+  if (name.size() <= 3 || name.find('.') != name.size() - 3 || !name.ends_with(".h5")) {
+    console::fail("run file <", file, ">: the name must end in \".h5\" and hold no other dot");
+  }
+  std::error_code ignored;
+  if (path.has_parent_path() && !std::filesystem::is_directory(path.parent_path(), ignored)) {
+    console::fail("run file <", file, ">: there is no folder <", path.parent_path().string(), ">");
+  }
+  const std::size_t afterLeadingDots = file.find_first_not_of('.');
+  if (file.find('.', afterLeadingDots) != file.size() - 3) {
+    console::info("run file <", file, ">: start the simulation in its folder, as a path with ",
+                  "further dots is not accepted there");
+  }
 }
 
 void writeRunFile(const std::string& file, const api::IModel& model, const Domain& domain,

@@ -10,10 +10,11 @@
 
 namespace setup {
 
-/// Refuses a name under which the solver would not find its model: the last part must end in ".h5"
-/// and hold no other dot.
+/// Refuses a file in a folder that does not exist, and a name under which the solver would not find
+/// its model: it must end in ".h5" and hold no other dot. Tells the user of dots in the folders,
+/// which the solver stumbles over.
 /// @throws BaseException
-void requireRunFileName(const std::string& file);
+void requireRunFile(const std::string& file);
 
 /// The file appears under its name only when it is complete; an earlier one is then replaced.
 /// @throws BaseException if the file cannot be written, or if the model needs something that no

@@ -15,7 +15,7 @@ namespace setup {
 
 void makeRunFile(const std::string& study, const std::string& runFile) {
   const auto start = std::chrono::steady_clock::now();
-  requireRunFileName(runFile);
+  requireRunFile(runFile);
   const Study described = readStudy(study);
   const std::unique_ptr<api::IModel> model(
       model::Factory::getModelFromCommandFile(described.document));

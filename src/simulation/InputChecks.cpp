@@ -70,15 +70,25 @@ void checkSigns(const Dats& dats, DataID id) {
   }
 }
 
-// Inflow at normal depth and outflow over a slope need the bed friction of their cell.
-void checkBoundaryTypes(const Dats& dats) {
-  const op_dat dat = find(dats, DataID::HydBType);
+// Types of boundaries that reach for the bed friction of their cell.
+struct FrictionalTypes {
+  DataID datum;
+  std::array<int, 2> codes;
+};
+
+constexpr std::array FRICTIONAL_TYPES = {
+    FrictionalTypes{DataID::HydBType, {100, 104}},
+    FrictionalTypes{DataID::MorBType, {408, 414}},
+};
+
+void checkBoundaryTypes(const Dats& dats, const FrictionalTypes& frictional) {
+  const op_dat dat = find(dats, frictional.datum);
   if (dat == nullptr || kernels::integer(model::ParameterID::FrictionOn) == 1) return;
   const int* values = valuesOf(dat);
   for (int row = 0; row < dat->set->size; ++row) {
     const int code = values[static_cast<std::ptrdiff_t>(row) * dat->dim];
-    if (code != 100 && code != 104) continue;
-    console::fail("data <", pathOf(DataID::HydBType), "> in row ", row, " has the type ", code,
+    if (code != frictional.codes[0] && code != frictional.codes[1]) continue;
+    console::fail("data <", pathOf(frictional.datum), "> in row ", row, " has the type ", code,
                   ", which needs bed friction: parameter <FrictionOn> must be 1");
   }
 }
@@ -108,7 +118,7 @@ void checkStateData(const api::IModel& model, const Dats& dats) {
 void checkInputData(const Dats& dats, const Maps& maps) {
   for (const Range& range : RANGES) checkRange(dats, range);
   checkSigns(dats, DataID::CellsAll_EdgeSign);
-  checkBoundaryTypes(dats);
+  for (const FrictionalTypes& types : FRICTIONAL_TYPES) checkBoundaryTypes(dats, types);
   checkStringMap(dats, maps, MapID::NodeStrg_EdgesAll);
   checkStringMap(dats, maps, MapID::NodeStrg_CellsAll);
 }

@@ -37,29 +37,31 @@ using op::Order::ascending;
 // The most edges that a nodestring can have.
 inline constexpr int STRING_EDGES = 40;
 
+// Descriptions are types of their own, so that compilers, profilers and debuggers show short names.
+
 // A row that names a set instead of a datum reads the numbers of the set's elements.
 
 // clang-format off
-using InitCellHydFeatures = Loop<"kernel_HYDRAULICS_InitializeCellFeatures", 0,
+struct InitCellHydFeatures : Loop<"kernel_HYDRAULICS_InitializeCellFeatures", 0,
     KernelID::InitCellHydFeatures, SetID::CellsAll, any,
     read <DataID::HydState, double[3]>,
     read <DataID::BottomEl, double>,
-    write<DataID::IsWetted, int>>;
+    write<DataID::IsWetted, int>> {};
 
-using InitCellMorFeatures = Loop<"kernel_MORPHOLOGY_InitializeCellFeatures", 2,
+struct InitCellMorFeatures : Loop<"kernel_MORPHOLOGY_InitializeCellFeatures", 2,
     KernelID::InitCellMorFeatures, SetID::CellsAll, any,
     read <DataID::BottomEl, double>,
     write<DataID::FlowCurv, double>,
-    write<DataID::BedGrdnt, double[2]>>;
+    write<DataID::BedGrdnt, double[2]>> {};
 
-using InitFrictionFeatures = Loop<"kernel_HYDRAULICS_InitializeFriction", 1,
+struct InitFrictionFeatures : Loop<"kernel_HYDRAULICS_InitializeFriction", 1,
     KernelID::InitFrictionFeatures, SetID::CellsAll, any,
     read <DataID::HydState, double[3]>,
     read <DataID::BottomEl, double>,
     read <DataID::Friction, double>,
-    write<DataID::ChezyCoe, double>>;
+    write<DataID::ChezyCoe, double>> {};
 
-using TimeStepCalculation = Loop<"kernel_HYDRAULICS_TimeStep", 8,
+struct TimeStepCalculation : Loop<"kernel_HYDRAULICS_TimeStep", 8,
     KernelID::TimeStepCalculation, SetID::EdgesAll, any,
     read  <DataID::NormVect, double[2]>,
     read  <DataID::CharSize, double[2]>,
@@ -69,9 +71,9 @@ using TimeStepCalculation = Loop<"kernel_HYDRAULICS_TimeStep", 8,
     read  <DataID::HydState, double[3], at<MapID::EdgesAll_CellsAll, 1>>,
     read  <DataID::BottomEl, double,    at<MapID::EdgesAll_CellsAll, 0>>,
     read  <DataID::BottomEl, double,    at<MapID::EdgesAll_CellsAll, 1>>,
-    lowest<double>>;                    // the stable time step
+    lowest<double>> {};                    // the stable time step
 
-using NodeStringStateCalc = Loop<"kernel_TOPOLOGY_NodeStringStates", 3,
+struct NodeStringStateCalc : Loop<"kernel_TOPOLOGY_NodeStringStates", 3,
     KernelID::NodeStringStateCalc, SetID::NodeStrg, any,
     given<int>,                         // morphology flag
     given<int>,                         // friction-in-morphology flag
@@ -90,26 +92,26 @@ using NodeStringStateCalc = Loop<"kernel_TOPOLOGY_NodeStringStates", 3,
     read   <DataID::HydState, double[3], all<MapID::NodeStrg_CellsAll, STRING_EDGES>>,
     read   <DataID::BottomEl, double,    all<MapID::NodeStrg_CellsAll, STRING_EDGES>>,
     read   <DataID::CellsAll_GeomArea, double, all<MapID::NodeStrg_CellsAll, STRING_EDGES>>,
-    write  <DataID::StateVar, double[10]>>;
+    write  <DataID::StateVar, double[10]>> {};
 
-using EdgeDataInterpolation = Loop<"kernel_DATA_EdgeInterpolation", 4,
+struct EdgeDataInterpolation : Loop<"kernel_DATA_EdgeInterpolation", 4,
     KernelID::EdgeDataInterpolation, SetID::EdInterp, any,
     read <DataID::InSeries_NumValue, double[12000], at<MapID::EdInterp_InSeries, 0>>,
     read <DataID::InSeries_ListSize, int,           at<MapID::EdInterp_InSeries, 0>>,
     read <DataID::EdInterp_KeyPostn, int[2]>,
     read <DataID::StateVar,          double[10],    at<MapID::EdInterp_NodeStrg, 0>>,
     given<double>,                      // current time
-    write<DataID::EdgeData_NumValue, double[7],     at<MapID::EdInterp_EdgeData, 0>>>;
+    write<DataID::EdgeData_NumValue, double[7],     at<MapID::EdInterp_EdgeData, 0>>> {};
 
-using CellDataInterpolation = Loop<"kernel_DATA_CellInterpolation", 5,
+struct CellDataInterpolation : Loop<"kernel_DATA_CellInterpolation", 5,
     KernelID::CellDataInterpolation, SetID::ClInterp, any,
     read <DataID::InSeries_NumValue, double[12000], at<MapID::ClInterp_InSeries, 0>>,
     read <DataID::InSeries_ListSize, int,           at<MapID::ClInterp_InSeries, 0>>,
     read <DataID::ClInterp_KeyPostn, int[2]>,
     given<double>,                      // current time
-    write<DataID::CellData_NumValue, double[2],     at<MapID::ClInterp_CellData, 0>>>;
+    write<DataID::CellData_NumValue, double[2],     at<MapID::ClInterp_CellData, 0>>> {};
 
-using EdgeDataModification = Loop<"kernel_DATA_EdgeModification", 6,
+struct EdgeDataModification : Loop<"kernel_DATA_EdgeModification", 6,
     KernelID::EdgeDataModification, SetID::EdModDat, ascending,
     read  <DataID::EdModDat_ModfInfo, int[7]>,
     read  <DataID::StateVar,          double[10], at<MapID::EdModDat_NodeStrg, 0>>,
@@ -118,16 +120,16 @@ using EdgeDataModification = Loop<"kernel_DATA_EdgeModification", 6,
     read  <DataID::TotalLen,          double,     at<MapID::EdModDat_NodeStrg, 1>>,
     given <double>,                     // current time
     change<DataID::LocalDat,          double[2]>,
-    change<DataID::EdgeData_NumValue, double[7],  at<MapID::EdModDat_EdgeData, 0>>>;
+    change<DataID::EdgeData_NumValue, double[7],  at<MapID::EdModDat_EdgeData, 0>>> {};
 
-using CellDataModification = Loop<"kernel_DATA_CellModification", 7,
+struct CellDataModification : Loop<"kernel_DATA_CellModification", 7,
     KernelID::CellDataModification, SetID::ClModDat, ascending,
     read  <DataID::ClModDat_ModfInfo, int[7]>,
     read  <DataID::MatIDRgn_GeomArea, double,    at<MapID::ClModDat_MatIDRgn, 0>>,
     given <double>,                     // current time
-    change<DataID::CellData_NumValue, double[2], at<MapID::ClModDat_CellData, 0>>>;
+    change<DataID::CellData_NumValue, double[2], at<MapID::ClModDat_CellData, 0>>> {};
 
-using CalCCurvature = Loop<"kernel_HYDRAULICS_CalcCurvature", 17,
+struct CalCCurvature : Loop<"kernel_HYDRAULICS_CalcCurvature", 17,
     KernelID::CalCCurvature, SetID::CellsAll, any,
     read <DataID::UnitCent, double[2], all<MapID::CellsAll_EdgesAll, 3>>,
     read <DataID::DistCent, double,    all<MapID::CellsAll_EdgesAll, 3>>,
@@ -136,16 +138,16 @@ using CalCCurvature = Loop<"kernel_HYDRAULICS_CalcCurvature", 17,
     read <DataID::HydState, double[3], all<MapID::CellsAll_NbrCells, 3>>,
     read <DataID::BottomEl, double,    all<MapID::CellsAll_NbrCells, 3>>,
     read <DataID::GeomWght, double[6]>,
-    write<DataID::FlowCurv, double>>;
+    write<DataID::FlowCurv, double>> {};
 
-using CalcBedGradient = Loop<"kernel_MORPHOLOGY_CalcBedGradient", 18,
+struct CalcBedGradient : Loop<"kernel_MORPHOLOGY_CalcBedGradient", 18,
     KernelID::CalcBedGradient, SetID::CellsAll, any,
     read <DataID::BottomEl, double>,
     read <DataID::BottomEl, double,    all<MapID::CellsAll_NbrCells, 3>>,
     read <DataID::GeomWght, double[6]>,
-    write<DataID::BedGrdnt, double[2]>>;
+    write<DataID::BedGrdnt, double[2]>> {};
 
-using HydBoundaryFluxes = Loop<"kernel_HYDRAULICS_Boundary", 9,
+struct HydBoundaryFluxes : Loop<"kernel_HYDRAULICS_Boundary", 9,
     KernelID::HydBoundaryFluxes, SetID::EdgHydBC, any,
     read   <DataID::HydBType,          int[2]>,
     read   <DataID::EdgeData_NumValue, double[7], at<MapID::EdgHydBC_EdgeData, 0>>,
@@ -158,9 +160,9 @@ using HydBoundaryFluxes = Loop<"kernel_HYDRAULICS_Boundary", 9,
             DataID::ChezyCoe,          double,    at<MapID::EdgHydBC_CellsAll, 0>>,
     // One value per edge though the datum holds two: edge e reads the flat entry e.
     read   <DataID::CharSize,          double,    at<MapID::EdgHydBC_EdgesAll, 0>>,
-    write  <DataID::FluxesHy,          double[5], at<MapID::EdgHydBC_EdgesAll, 0>>>;
+    write  <DataID::FluxesHy,          double[5], at<MapID::EdgHydBC_EdgesAll, 0>>> {};
 
-using MorBoundaryFluxes = Loop<"kernel_MORPHOLOGY_Boundary", 10,
+struct MorBoundaryFluxes : Loop<"kernel_MORPHOLOGY_Boundary", 10,
     KernelID::MorBoundaryFluxes, SetID::EdgMorBC, any,
     given  <double>,                    // time step
     read   <DataID::MorBType,          int[2]>,
@@ -175,20 +177,20 @@ using MorBoundaryFluxes = Loop<"kernel_MORPHOLOGY_Boundary", 10,
             DataID::ChezyCoe,          double,    at<MapID::EdgMorBC_CellsAll, 0>>,
     read   <DataID::CellsAll_GeomArea, double,    at<MapID::EdgMorBC_CellsAll, 0>>,
     read   <DataID::MSedSize,          double,    at<MapID::EdgMorBC_CellsAll, 0>>,
-    write  <DataID::FluxesMo,          double,    at<MapID::EdgMorBC_EdgesAll, 0>>>;
+    write  <DataID::FluxesMo,          double,    at<MapID::EdgMorBC_EdgesAll, 0>>> {};
 
-using HydWallBFluxes = Loop<"kernel_HYDRAULICS_WallFluxes", 11,
+struct HydWallBFluxes : Loop<"kernel_HYDRAULICS_WallFluxes", 11,
     KernelID::HydWallBFluxes, SetID::EdgHydWL, any,
     read <DataID::HydState, double[3], at<MapID::EdgHydWL_CellsAll, 0>>,
     read <DataID::BottomEl, double,    at<MapID::EdgHydWL_CellsAll, 0>>,
     read <DataID::NormVect, double[2], at<MapID::EdgHydWL_EdgesAll, 0>>,
-    write<DataID::FluxesHy, double[5], at<MapID::EdgHydWL_EdgesAll, 0>>>;
+    write<DataID::FluxesHy, double[5], at<MapID::EdgHydWL_EdgesAll, 0>>> {};
 
-using MorWallBFluxes = Loop<"kernel_MORPHOLOGY_WallFluxes", 12,
+struct MorWallBFluxes : Loop<"kernel_MORPHOLOGY_WallFluxes", 12,
     KernelID::MorWallBFluxes, SetID::EdgMorWL, any,
-    write<DataID::FluxesMo, double, at<MapID::EdgMorWL_EdgesAll, 0>>>;
+    write<DataID::FluxesMo, double, at<MapID::EdgMorWL_EdgesAll, 0>>> {};
 
-using HydInternalFluxes = Loop<"kernel_HYDRAULICS_InternalFluxes", 13,
+struct HydInternalFluxes : Loop<"kernel_HYDRAULICS_InternalFluxes", 13,
     KernelID::HydInternalFluxes, SetID::EdgesSWE, any,
     read <DataID::NormVect, double[2], at<MapID::EdgesSWE_EdgesAll, 0>>,
     read <DataID::IsWetted, int,       at<MapID::EdgesSWE_CellsAll, 0>>,
@@ -197,16 +199,16 @@ using HydInternalFluxes = Loop<"kernel_HYDRAULICS_InternalFluxes", 13,
     read <DataID::HydState, double[3], at<MapID::EdgesSWE_CellsAll, 1>>,
     read <DataID::BottomEl, double,    at<MapID::EdgesSWE_CellsAll, 0>>,
     read <DataID::BottomEl, double,    at<MapID::EdgesSWE_CellsAll, 1>>,
-    write<DataID::FluxesHy, double[5], at<MapID::EdgesSWE_EdgesAll, 0>>>;
+    write<DataID::FluxesHy, double[5], at<MapID::EdgesSWE_EdgesAll, 0>>> {};
 
-using LocalBedSlope = Loop<"kernel_MORPHOLOGY_LocalBedSlope", 15,
+struct LocalBedSlope : Loop<"kernel_MORPHOLOGY_LocalBedSlope", 15,
     KernelID::LocalBedSlope, SetID::CellsAll, any,
     read <DataID::HydState, double[3]>,
     read <DataID::BottomEl, double>,
     read <DataID::BedGrdnt, double[2]>,
-    write<DataID::ThetaCrt, double>>;
+    write<DataID::ThetaCrt, double>> {};
 
-using MorBedloadTransport = Loop<"kernel_MORPHOLOGY_CalcBedloadTransport", 14,
+struct MorBedloadTransport : Loop<"kernel_MORPHOLOGY_CalcBedloadTransport", 14,
     KernelID::MorBedloadTransport, SetID::CellsAll, any,
     given  <int>,                       // friction flag
     read   <DataID::HydState, double[3]>,
@@ -218,9 +220,9 @@ using MorBedloadTransport = Loop<"kernel_MORPHOLOGY_CalcBedloadTransport", 14,
     read   <DataID::BedGrdnt, double[2]>,
     read   <DataID::FlowCurv, double>,
     write  <DataID::BedTrCap, double[2]>,
-    write  <DataID::BedTrDer, double[2]>>;
+    write  <DataID::BedTrDer, double[2]>> {};
 
-using MorInternalFluxes = Loop<"kernel_MORPHOLOGY_InternalFluxes", 16,
+struct MorInternalFluxes : Loop<"kernel_MORPHOLOGY_InternalFluxes", 16,
     KernelID::MorInternalFluxes, SetID::EdgesEXN, any,
     read <DataID::NormVect, double[2], at<MapID::EdgesEXN_EdgesAll, 0>>,
     read <DataID::IsWetted, int,       at<MapID::EdgesEXN_CellsAll, 0>>,
@@ -233,9 +235,9 @@ using MorInternalFluxes = Loop<"kernel_MORPHOLOGY_InternalFluxes", 16,
     read <DataID::BedTrCap, double[2], at<MapID::EdgesEXN_CellsAll, 1>>,
     read <DataID::BedTrDer, double[2], at<MapID::EdgesEXN_CellsAll, 0>>,
     read <DataID::BedTrDer, double[2], at<MapID::EdgesEXN_CellsAll, 1>>,
-    write<DataID::FluxesMo, double,    at<MapID::EdgesEXN_EdgesAll, 0>>>;
+    write<DataID::FluxesMo, double,    at<MapID::EdgesEXN_EdgesAll, 0>>> {};
 
-using MorFixBedCorrection = Loop<"kernel_MORPHOLOGY_FixedBedCorrection", 20,
+struct MorFixBedCorrection : Loop<"kernel_MORPHOLOGY_FixedBedCorrection", 20,
     KernelID::MorFixBedCorrection, SetID::CellsFix, ascending,
     read_if<Flag::debug,
             SetID::CellsAll,           int,    at<MapID::CellsFix_CellsAll, 0>>,
@@ -246,15 +248,15 @@ using MorFixBedCorrection = Loop<"kernel_MORPHOLOGY_FixedBedCorrection", 20,
     read   <DataID::CellsAll_EdgeSign, int[3], at<MapID::CellsFix_CellsAll, 0>>,
     read   <DataID::GeomLeng,          double, all<MapID::CellsFix_EdgesAll, 3>>,
     write  <DataID::NewBedEl,          double>,
-    change <DataID::FluxesMo,          double, all<MapID::CellsFix_EdgesAll, 3>>>;
+    change <DataID::FluxesMo,          double, all<MapID::CellsFix_EdgesAll, 3>>> {};
 
-using MorFixBedCorrectionMax = Loop<"kernel_MORPHOLOGY_FixedBedCorrectionFindMax", 21,
+struct MorFixBedCorrectionMax : Loop<"kernel_MORPHOLOGY_FixedBedCorrectionFindMax", 21,
     KernelID::MorFixBedCorrectionMax, SetID::CellsFix, any,
     read   <DataID::FixBedEl, double>,
     read   <DataID::NewBedEl, double>,
-    highest<double>>;                   // deviation
+    highest<double>> {};                   // deviation
 
-using Update = Loop<"kernel_GLOBAL_Update", 19,
+struct Update : Loop<"kernel_GLOBAL_Update", 19,
     KernelID::Update, SetID::CellsAll, ascending,
     read_if<Flag::debug,
             SetID::CellsAll,           int>,
@@ -269,25 +271,25 @@ using Update = Loop<"kernel_GLOBAL_Update", 19,
     change <DataID::HydState,          double[3]>,
     change <DataID::BottomEl,          double>,
     write  <DataID::IsWetted,          int>,
-    lowest <int>>;                      // check flag
+    lowest <int>> {};                      // check flag
 
-using HydFriction = Loop<"kernel_HYDRAULICS_Friction", 23,
+struct HydFriction : Loop<"kernel_HYDRAULICS_Friction", 23,
     KernelID::HydFriction, SetID::CellsAll, any,
     given <double>,                     // time step
     read  <DataID::BottomEl, double>,
     read  <DataID::Friction, double>,
     write <DataID::ChezyCoe, double>,
-    change<DataID::HydState, double[3]>>;
+    change<DataID::HydState, double[3]>> {};
 
-using HydFlood = Loop<"kernel_HYDRAULICS_FloodTracking", 25,
+struct HydFlood : Loop<"kernel_HYDRAULICS_FloodTracking", 25,
     KernelID::HydFlood, SetID::CellsAll, any,
     given <double>,                     // current time
     read  <DataID::HydState, double[3]>,
     read  <DataID::BottomEl, double>,
     read  <DataID::IsWetted, int>,
-    change<DataID::FloodVar, double[4]>>;
+    change<DataID::FloodVar, double[4]>> {};
 
-using HydSource = Loop<"kernel_HYDRAULICS_Source", 24,
+struct HydSource : Loop<"kernel_HYDRAULICS_Source", 24,
     KernelID::HydSource, SetID::ClHydSrc, ascending,
     given <double>,                     // time step
     read  <DataID::CellData_NumValue, double[2], at<MapID::ClHydSrc_CellData, 0>>,
@@ -295,9 +297,9 @@ using HydSource = Loop<"kernel_HYDRAULICS_Source", 24,
     read  <DataID::BottomEl,          double,    at<MapID::ClHydSrc_CellsAll, 0>>,
     change<DataID::HydState,          double[3], at<MapID::ClHydSrc_CellsAll, 0>>,
     write <DataID::IsWetted,          int,       at<MapID::ClHydSrc_CellsAll, 0>>,
-    lowest<int>>;                       // check flag
+    lowest<int>> {};                       // check flag
 
-using MorSource = Loop<"kernel_MORPHOLOGY_Source", 22,
+struct MorSource : Loop<"kernel_MORPHOLOGY_Source", 22,
     KernelID::MorSource, SetID::ClMorSrc, ascending,
     given <double>,                     // time step
     read  <DataID::CellData_NumValue, double[2], at<MapID::ClMorSrc_CellData, 0>>,
@@ -305,7 +307,7 @@ using MorSource = Loop<"kernel_MORPHOLOGY_Source", 22,
     change<DataID::BottomEl,          double,    at<MapID::ClMorSrc_CellsAll, 0>>,
     read  <DataID::FixBedEl,          double,    at<MapID::ClMorSrc_CellsFix, 0>>,
     change<DataID::HydState,          double[3], at<MapID::ClMorSrc_CellsAll, 0>>,
-    lowest<int>>;                       // check flag
+    lowest<int>> {};                       // check flag
 // clang-format on
 
 }  // namespace loops

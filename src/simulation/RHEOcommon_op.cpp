@@ -22,6 +22,7 @@
 #include "simulation/Factory.h"
 #include "simulation/InputChecks.h"
 #include "simulation/SetupOutput.h"
+#include "simulation/SignalWatch.h"
 #include "simulation/kernels/parameters.h"
 
 namespace simulation {
@@ -400,6 +401,7 @@ void RHEOcommon::run() {
   copyMinDepthParameter();
   if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
 
+  const SignalWatch signals;
   const Clock::time_point clock = Clock::now();
   if (progressPlan->execute(currentTime)) {
     printProgressMessage(progressPlan->getIncrement(), clock, initialTimeStep);
@@ -417,6 +419,9 @@ void RHEOcommon::run() {
     }
     timeStep = NO_LIMIT;
     if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
+    stopSignal = SignalWatch::stopSignal();
+    if (SignalWatch::takeRecordRequest() || stopSignal != 0) writeRequestedOutput(currentTime);
+    if (stopSignal != 0) break;
   }
   writeTrackingOutput(currentTime);
   console::info("simulation finished! (cpu-time = ", secondsSince(clock), "s)");
@@ -462,6 +467,12 @@ void RHEOcommon::writeRegularOutput(const double& time) {
   for (const model::DataID id : outputData) writeOutput(time, id, outputCounter);
   resultFile->flush();
   outputCounter = outputCounter + 1;
+  lastRecordTime = time;
+}
+
+// Each time has one record, from which a run can be continued.
+void RHEOcommon::writeRequestedOutput(const double& time) {
+  if (lastRecordTime != time) writeRegularOutput(time);
 }
 
 // Tracked data tell of the whole run: they stand at record 0 and carry no time of their own.

@@ -40,6 +40,7 @@ class RHEOcommon : public api::ISimulation {
             const std::string& output) override;
   void run() override;
   void initializeSimulationParameters() override {}
+  int endedBySignal() const override { return stopSignal; }
 
  protected:
   struct Free {
@@ -111,7 +112,11 @@ class RHEOcommon : public api::ISimulation {
   void copyMinDepthParameter();
   void writeOutput(const double& time, const model::DataID& id, const int& index);
   void writeRegularOutput(const double& time);
+  void writeRequestedOutput(const double& time);
   void writeTrackingOutput(const double& time);
+
+  double lastRecordTime = -1.0;  ///< [s]
+  int stopSignal = 0;
 
   std::map<model::VariableID, Memory> intVariables;
   std::map<model::VariableID, Memory> realVariables;

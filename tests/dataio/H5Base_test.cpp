@@ -19,6 +19,8 @@ using failures::reportOf;
 using failures::textOf;
 namespace h5 = dataio::h5;
 
+using DoubleRows = std::vector<std::vector<double>>;
+
 class H5BaseTest : public ::testing::Test {
  protected:
   const support::TempDir dir;
@@ -168,8 +170,10 @@ TEST(H5BaseDeathTest, FailureToFlushAtTheEndIsReported) {
   EXPECT_EXIT(
       {
         auto file = std::make_unique<H5Writer>(name);
-        file->writeIntScalar("a", 1);
-        const failures::FileSizeLimit limit(16);
+        // Standard error goes to a file here, too: the limit has to leave room for it.
+        file->writeDoubleVecVec("big", DoubleRows(1000, std::vector<double>(100)));
+        const failures::FileSizeLimit limit(400000);
+        file->writeDoubleVecVec("pending", DoubleRows(10, std::vector<double>(10)));
         file.reset();
         std::_Exit(0);
       },

@@ -18,13 +18,14 @@ std::size_t allocations = 0;  // NOLINT: seen by the replaced operator new
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Out of line: the compiler would see malloc paired with delete otherwise.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   ++allocations;
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
-void operator delete(void* memory) noexcept { std::free(memory); }
-void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
 
 namespace {
 

@@ -280,7 +280,7 @@ TEST_F(OpFetchDataHdf5, RefusesAttributesOfAnotherForm) {
 
 TEST_F(OpFetchDataHdf5, RefusesAGroupInPlaceOfTheDataset) {
   FileWriter(file_).ints(std::string(Path) + "/inner", {1}, {7});
-  expectExit(flow_, "'" + std::string(Path) + "' in file '" + file_ + "' is not a dataset\n");
+  expectExit(flow_, std::string("'") + Path + "' in file '" + file_ + "' is not a dataset\n");
 }
 
 TEST_F(OpFetchDataHdf5, RefusesADatasetInPlaceOfAGroup) {

@@ -91,6 +91,9 @@ TEST_F(AttributeTest, NoValueIsRefused) {
 
 TEST_F(AttributeTest, StringIsNoNumber) {
   make("t", {1}, h5::typeOf<std::string>());
+  const Handle attribute(H5Aopen(object.id(), "t", H5P_DEFAULT));
+  const char* const value = "0.5";
+  ASSERT_GE(H5Awrite(attribute.id(), h5::typeOf<std::string>().id(), &value), 0);
   const std::string text = textOf<Error>([&] { h5::readAttribute<double>(object, "t"); });
   EXPECT_EQ(text.rfind("Error during HDF5 Read:  (", 0), 0U) << text;
 }

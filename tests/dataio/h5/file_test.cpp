@@ -66,9 +66,13 @@ TEST_F(FileTest, CreatedFileIsEmptyAndCanBeOpened) {
 
 TEST_F(FileTest, FlushFailsIfTheDiskIsFull) {
   const File file(name, NEW_FILE);
+  const std::vector<double> values(100000);
+  DataSet::create<double>(file.handle(), "big", {values.size()}).writeVector(values);
+  const DataSet pending = DataSet::create<double>(file.handle(), "pending", {10});
   std::string text;
   {
-    const failures::FileSizeLimit limit(16);
+    const failures::FileSizeLimit limit(400000);
+    pending.writeVector(std::vector<double>(10));
     text = textOf<Error>([&] { file.flush(); });
   }
   EXPECT_EQ(text, "Unable to flush file " + name + hdf5Words(H5E_IO, H5E_WRITEERROR));

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "jsv/report.h"
 
 namespace jsv {
@@ -35,11 +37,7 @@ TEST(RequiredInSchemaValidator, ANameOfTheArrayPasses) {
 
 TEST(RequiredInSchemaValidator, AnotherValueIsAFault) {
   const std::string fault = "/use: This value must match a 'name' in '/a/regions'.\n";
-  for (const auto* use : {R"("hill")",
-                          R"("")"
-                          "",
-                          "1", "null", R"(["river"])"}) {
-    if (std::string(use) == R"("")") continue;
+  for (const auto* use : {R"("hill")", "1", "null", R"(["river"])"}) {
     EXPECT_EQ(validateUse(use).text, fault) << use;
   }
 }

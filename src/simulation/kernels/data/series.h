@@ -4,6 +4,8 @@
 // behind the last point have the missing value as their x, which ends the series.
 #pragma once
 
+#include <cstddef>
+
 #include "simulation/kernels/missing_value.h"
 #include "simulation/kernels/numeric.h"
 
@@ -14,11 +16,11 @@ inline constexpr int SERIES_VALUES = 12000;
 
 /// Index of the first of `points` pairs whose x lies above the given one or is the end mark;
 /// `points` if there is none.
-inline int firstPointAbove(double const* row, int points, double x) {
-  int low = 0;
-  int high = points;
+inline std::ptrdiff_t firstPointAbove(double const* row, std::ptrdiff_t points, double x) {
+  std::ptrdiff_t low = 0;
+  std::ptrdiff_t high = points;
   while (high != low) {
-    int const middle = (high + low) / 2;
+    std::ptrdiff_t const middle = (high + low) / 2;
     double const xm = row[2 * middle];
     if (xm == MISSING_VALUE || xm > x) {
       high = middle;
@@ -29,7 +31,7 @@ inline int firstPointAbove(double const* row, int points, double x) {
   return high;
 }
 
-/// Value of the series at x; at a step (two points closer than 1e-12) the left one of the pair.
+/// Value of the series at x; between two points closer than 1e-12 that of the left one.
 /// @param row the pairs; the first one must be a point, and an x behind the last point needs an
 ///   end mark within the row
 /// @param size number of values in use, 2 to SERIES_VALUES

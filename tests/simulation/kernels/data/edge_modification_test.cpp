@@ -36,6 +36,7 @@ class EdgeModification : public support::Parameters {
   }
 
   double result(int type) {
+    record[0] = -1.0;
     modify(type);
     return record[0];
   }
@@ -145,22 +146,22 @@ TEST_F(Weir, GivesTheSpecificDischarge) {
 
 TEST_F(Weir, KeepsTheOrderOfItsOperations) {
   set(ParameterID::Gravity, 9.81);
-  string[0] = 10.0;
-  string[4] = 4.1;
-  string[2] = 15.3;
-  length = 7.7;
-  weir(8.7, 0.61, 0.083);
-  double const head = 10.0 - 8.7;
-  volatile double Cd = 0.083 * head;
-  Cd = Cd * (1.0 / (8.7 - 4.1));
-  Cd = Cd + 0.61;
+  string[0] = 10.3;
+  string[4] = 3.4;
+  string[2] = 19.5;
+  length = 5.5;
+  weir(7.0, 0.7, 0.051);
+  volatile double const head = 10.3 - 7.0;
+  volatile double Cd = 0.051 * head;
+  Cd = Cd * (1.0 / (7.0 - 3.4));
+  Cd = Cd + 0.7;
   Cd = 0.6666666666666666 * Cd;
   volatile double root = 2.0 * 9.81 * head;
   root = root * head;
   root = root * head;
   volatile double Q = Cd * std::sqrt(root);
-  Q = Q * 7.7;
-  EXPECT_EQ(result(3), Q * (1.0 / 15.3));
+  Q = Q * 5.5;
+  EXPECT_EQ(result(3), Q * (1.0 / 19.5));
 }
 
 TEST_F(Weir, ReadsItsValuesWhereItIsTold) {

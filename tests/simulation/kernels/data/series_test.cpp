@@ -94,14 +94,19 @@ TEST(Series, NegativeAbscissaeAreFound) {
   EXPECT_EQ(seriesValue(row.data(), 4, 0.0), 4.0);
 }
 
+TEST(Series, AStepAtItsStartHoldsTheFirstValueThere) {
+  std::array<double, 8> const row{2.0, 1.0, 2.0, 5.0, 3.0, 5.0, MISSING_VALUE, 0.0};
+  EXPECT_EQ(seriesValue(row.data(), 6, 2.0), 1.0);
+  EXPECT_EQ(seriesValue(row.data(), 6, 2.5), 5.0);
+}
+
 TEST(Series, KeepsTheOrderOfItsOperations) {
-  std::array<double, 6> const row{0.1, 0.7, 0.4, 1.9, MISSING_VALUE, 0.0};
-  double const x = 0.23;
-  volatile double const dx = 0.4 - 0.1;
-  volatile double const dy = 1.9 - 0.7;
+  std::array<double, 6> const row{0.1, 0.0, 1.2, 1.8, MISSING_VALUE, 0.0};
+  volatile double const dx = 1.2 - 0.1;
+  volatile double const dy = 1.8 - 0.0;
   volatile double const slope = (1.0 / dx) * dy;
-  volatile double const rise = (x - 0.1) * slope;
-  EXPECT_EQ(seriesValue(row.data(), 4, x), rise + 0.7);
+  volatile double const rise = (0.68 - 0.1) * slope;
+  EXPECT_EQ(seriesValue(row.data(), 4, 0.68), rise + 0.0);
 }
 
 TEST(Series, EveryIntervalOfAFullRowIsFound) {

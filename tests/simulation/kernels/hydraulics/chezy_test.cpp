@@ -27,9 +27,17 @@ TEST_F(Chezy, ManningDividesTwiceByTheValue) {
 TEST_F(Chezy, ManningMultipliesByInversesFromLeftToRight) {
   volatile double const depth = 0.7;
   volatile double product = 0.125 * std::cbrt(depth);
-  product = product * (1.0 / 0.03);
-  product = product * (1.0 / 0.03);
-  EXPECT_EQ(chezyManning(0.7, 0.03), product);
+  product = product * (1.0 / 0.031);
+  product = product * (1.0 / 0.031);
+  EXPECT_EQ(chezyManning(depth, 0.031), product);
+}
+
+TEST_F(Chezy, StricklerMultipliesFromLeftToRight) {
+  volatile double const depth = 0.8;
+  volatile double product = 0.125 * std::cbrt(depth);
+  product = product * 29.2;
+  product = product * 29.2;
+  EXPECT_EQ(chezyStrickler(depth, 29.2), product);
 }
 
 TEST_F(Chezy, ManningWithoutRoughnessIsZero) {
@@ -76,6 +84,7 @@ TEST_F(Chezy, LogarithmicLawJustAboveTheRoughnessIsComputed) {
 
 TEST_F(Chezy, RoughLayerHasThreeRanges) {
   EXPECT_DOUBLE_EQ(chezyRoughLayer(4.0, 1.0), 66.801827281271741);
+  EXPECT_DOUBLE_EQ(chezyRoughLayer(2.25, 1.0), 35.548733776494096);
   EXPECT_DOUBLE_EQ(chezyRoughLayer(3.0, 1.0), 50.674103884752718);
   EXPECT_DOUBLE_EQ(chezyRoughLayer(1.0, 1.0), 8.9159182220485267);
   EXPECT_EQ(chezyRoughLayer(0.25, 1.0), 2.25);

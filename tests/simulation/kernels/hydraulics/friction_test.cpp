@@ -77,39 +77,36 @@ TEST_F(Friction, FollowsTheMidpointRule) {
   EXPECT_DOUBLE_EQ(state[2], -4.0 * left);
 }
 
+/// x times y, rounded at once whatever the compiler would like to do.
+double times(double x, double y) {
+  volatile double const product = x * y;
+  return product;
+}
+
+/// The step of a cell of discharge (qx, qy), one operation after the other.
+std::array<double, 2> stepByStep(double C, double h, double dt, double qx, double qy) {
+  double const B = times(times(C, h), h);
+  double const q = std::sqrt(times(qx, qx) + times(qy, qy));
+  double const a = times(q, 1.0 / (times(times(2.0, dt), q) + B));
+  double const qxp = qx - times(times(a, qx), dt / 2.0);
+  double const qyp = qy - times(times(a, qy), dt / 2.0);
+  double const qp = std::sqrt(times(qxp, qxp) + times(qyp, qyp));
+  double const b = times(qp, 1.0 / (B + times(times(2.0, dt), qp)));
+  return {qx - times(times(dt, b), qxp), qy - times(times(dt, b), qyp)};
+}
+
 TEST_F(Friction, KeepsTheOrderOfItsOperations) {
-  // Values rounded after each single operation.
-  double const dt = 0.37;
-  state = {1.3, 0.7, 0.11};
-  step(dt, 0.033);
-  volatile double const h = 1.3;
-  volatile double C = 0.125 * std::cbrt(h);
-  C = C * (1.0 / 0.033);
-  C = C * (1.0 / 0.033);
-  volatile double B = C * 1.3;
-  B = B * 1.3;
-  auto const magnitude = [](double x, double y) {
-    volatile double const xx = x * x;
-    volatile double const yy = y * y;
-    return std::sqrt(xx + yy);
-  };
-  double const q = magnitude(0.7, 0.11);
-  volatile double const D1 = 2.0 * dt * q;
-  volatile double const a = q * (1.0 / (D1 + B));
-  volatile double const dx = a * 0.7;
-  volatile double const dy = a * 0.11;
-  volatile double const ddx = dx * (dt / 2.0);
-  volatile double const ddy = dy * (dt / 2.0);
-  double const qxp = 0.7 - ddx;
-  double const qyp = 0.11 - ddy;
-  double const qp = magnitude(qxp, qyp);
-  volatile double const D2 = 2.0 * dt * qp;
-  volatile double const b = qp * (1.0 / (B + D2));
-  volatile double const db = dt * b;
-  volatile double const cx = db * qxp;
-  volatile double const cy = db * qyp;
-  EXPECT_EQ(state[1], 0.7 - cx);
-  EXPECT_EQ(state[2], 0.11 - cy);
+  double const dt = 7.3;
+  for (int i = 1; i <= 500; ++i) {
+    double const h = 0.0031 * i;
+    double const qx = 0.77 + 0.0013 * i;
+    double const qy = -2.13;
+    state = {h, qx, qy};
+    step(dt, 0.33);
+    std::array<double, 2> const expected = stepByStep(chezy, h, dt, qx, qy);
+    ASSERT_EQ(state[1], expected[0]) << h;
+    ASSERT_EQ(state[2], expected[1]) << h;
+  }
 }
 
 TEST_F(Friction, NeverTurnsTheDischargeRound) {

@@ -185,10 +185,10 @@ TEST_F(MorBedloadFormulas, roundInOrder) {
   BedloadRate const power = powerLawBedload({0.73, 1.0 / 0.37, 1.0 / 83.7, 0.0123, NaN});
   EXPECT_EQ(power.capacity, 0.0054452492410258704);
   EXPECT_EQ(power.derivative, 0.014918491071303754);
-  setPower(1.3, 1.0);
-  BedloadRate const mpm = mpmBedload({1.98, 1.0 / 0.65, 1.0 / 85.2, 0.0012, 0.047});
-  EXPECT_EQ(mpm.capacity, 0.0012088315927118705);
-  EXPECT_EQ(mpm.derivative, 0.0012313637871909095);
+  setPower(7.72, 1.0);
+  BedloadRate const mpm = mpmBedload({0.98, 1.0 / 0.93, 1.0 / 52.9, 0.0197, 0.047});
+  EXPECT_EQ(mpm.capacity, 0.0016169623446696427);
+  EXPECT_EQ(mpm.derivative, 0.01153741301765839);
 }
 
 TEST_F(MorBedloadFormulas, areChosenByTheType) {

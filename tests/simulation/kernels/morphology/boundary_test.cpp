@@ -88,6 +88,13 @@ TEST_F(MorBoundary, dividesByATimeStepOfZero) {
   EXPECT_EQ(flux(402), std::numeric_limits<double>::infinity());
 }
 
+TEST_F(MorBoundary, dividesNothingAtTheElevation) {
+  dt = 0.0;
+  D[0] = bed;
+  EXPECT_EQ(flux(400), 0.0);
+  EXPECT_EQ(flux(402), 0.0);
+}
+
 TEST_F(MorBoundary, dividesByALengthOfZero) {
   length = 0.0;
   D[0] = 1.25;
@@ -197,18 +204,18 @@ TEST_F(MorBoundary, roundsTheElevationsInOrder) {
 
 TEST_F(MorBoundary, multipliesByPorosityAndFactorOneAfterTheOther) {
   set(ParameterID::InvBedPorosity, 1.0 / (1.0 - 0.37));
-  set(ParameterID::BedloadFactor, 0.93);
-  surface = 0.4;
+  set(ParameterID::BedloadFactor, 1.48);
+  surface = 0.97;
   bed = 0.0;
-  chezy = 84.4;
-  D[0] = 0.44;
-  D[1] = -0.0607;
-  EXPECT_EQ(flux(404), -0.089604761904761895);
-  EXPECT_EQ(flux(406), -0.035841904761904755);
-  EXPECT_EQ(flux(408), -0.2082534958741836);
-  EXPECT_EQ(flux(410), 0.039426095238095232);
-  EXPECT_EQ(flux(412), 0.015770438095238096);
-  EXPECT_EQ(flux(414), 0.091631538184640773);
+  chezy = 62.7;
+  D[0] = 0.12;
+  D[1] = -0.0818;
+  EXPECT_EQ(flux(404), -0.19216507936507937);
+  EXPECT_EQ(flux(406), -0.186400126984127);
+  EXPECT_EQ(flux(408), -1.453670045571942);
+  EXPECT_EQ(flux(410), 0.023059809523809521);
+  EXPECT_EQ(flux(412), 0.022368015238095233);
+  EXPECT_EQ(flux(414), 0.17444040546863307);
 }
 
 }  // namespace

@@ -139,14 +139,14 @@ TEST_F(MorFixedBedCorrection, passesOverANaN) {
 
 TEST_F(MorFixedBedCorrection, roundsInTheOrderOfItsSums) {
   dt = 0.7;
-  area = 1.3;
-  fixedBed = 0.95;
+  area = 1.2;
+  fixedBed = 0.98;
   sign = {1, -1, 1};
-  length = {1.1, 0.9, 1.7};
-  flux = {0.11, -0.07, -0.03};
+  length = {1.1, 1.8, 1.8};
+  flux = {0.17, -0.26, -0.03};
   correct();
-  EXPECT_EQ(newBed, 0.92838461538461536);
-  EXPECT_EQ(flux, (Fluxes{0.086001552795031092, -0.05472826086956524, -0.03}));
+  EXPECT_EQ(newBed, 0.64941666666666664);
+  EXPECT_EQ(flux, (Fluxes{0.02291384950926937, -0.03504471101417668, -0.03}));
 }
 
 TEST_F(MorFixedBedCorrection, letsTheSecondCellOfAnEdgeSeeTheCorrectedFlux) {

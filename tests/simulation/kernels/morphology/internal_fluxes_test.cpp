@@ -149,11 +149,22 @@ TEST_F(MorInternalFluxes, areZeroOnlyForSpeedsCloserThanTheTolerance) {
 TEST_F(MorInternalFluxes, roundInOrder) {
   set(ParameterID::Gravity, 9.81);
   set(ParameterID::InvBedPorosity, 1.0 / (1.0 - 0.37));
-  set(ParameterID::BedloadFactor, 1.13);
   normal = {0.6, 0.8};
-  left = {1, {1.37, 0.31, -0.57}, 1.0, {2.3e-4, -1.7e-4}, {0.0021, -0.0013}};
-  right = {1, {1.21, 0.41, 0.17}, 0.93, {3.1e-4, 0.7e-4}, {0.0032, 0.0009}};
-  EXPECT_EQ(flux(), 0.0029155474666490476);
+
+  set(ParameterID::BedloadFactor, 0.8);
+  left = {1, {1.38, 0.16, -0.02}, 1.09, {5e-5, 1e-5}, {-0.0037, -0.0042}};
+  right = {1, {1.33, -0.02, 0.87}, 0.96, {1.4e-4, -9e-5}, {-0.0045, 0.0044}};
+  EXPECT_EQ(flux(), 0.0045090861715540676);
+
+  set(ParameterID::BedloadFactor, 1.78);
+  left = {1, {1.41, 0.87, 0.59}, 1.1, {-2e-5, 7e-5}, {-0.0002, 0.0012}};
+  right = {1, {0.96, -0.4, 0.49}, 0.81, {-2.1e-4, -2.8e-4}, {-0.0047, -0.004}};
+  EXPECT_EQ(flux(), 0.13678263616211692);
+
+  set(ParameterID::BedloadFactor, 1.85);
+  left = {1, {1.3, 0.86, 0.13}, 0.98, {2.5e-4, 1.9e-4}, {0.0015, -0.0043}};
+  right = {1, {1.39, -0.98, 0.89}, 0.82, {-2e-5, 2.1e-4}, {-0.0012, -0.0019}};
+  EXPECT_EQ(flux(), 0.052712533809834414);
 }
 
 }  // namespace

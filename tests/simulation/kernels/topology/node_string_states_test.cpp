@@ -94,7 +94,7 @@ class NodeStringStates : public support::Parameters {
     links[2].fluxHy[0] = 0.5;
     links[2].state = {3.0, 0.0, 0.0};
     links[2].bed = 2.0;
-    links[2].area = 4.0;
+    links[2].area = 5.0;
   }
 
   /// One wet edge of depth 2 over a bed at 0, with a discharge of (3, 4).
@@ -129,7 +129,15 @@ TEST_F(NodeStringStates, IntegrateOverTheWetEdges) {
   EXPECT_EQ(result[3], (1.0 * 2.0 + 2.0 * 6.0) / 8.0);
   EXPECT_EQ(result[4], -7.0);
   EXPECT_EQ(result[5], 8.0);
-  EXPECT_EQ(result[6], 44.0);
+  EXPECT_EQ(result[6], 45.0);
+}
+
+TEST_F(NodeStringStates, OfTheShortestWetLengthAreNotMissing) {
+  links[0].length = 1e-9;
+  links[0].state = {2.0, 0.0, 0.0};
+  links[0].bed = 1.0;
+  EXPECT_DOUBLE_EQ(evaluate(1, 0, 0)[0], 2.0);
+  EXPECT_DOUBLE_EQ(evaluate(1, 0, 0)[3], 1.0);
 }
 
 TEST_F(NodeStringStates, CountACellAsDryAtTheMinimumDepth) {
@@ -219,18 +227,19 @@ TEST_F(NodeStringStates, MpmShieldsParameterGroupsItsSquares) {
   set(ParameterID::BedloadExpon, 1.0);
   set(ParameterID::BedloadCoeff, 1.0);
   set(ParameterID::Gravity, 1.0);
-  links[0].grainSize = 0.013;
-  links[0].chezy = 141.7;
-  links[0].state = {1.7, 2.9, 0.31};
-  volatile double const q = std::sqrt(2.9 * 2.9 + 0.31 * 0.31);
-  double const ih = 1.0 / 1.7;
+  links[0].grainSize = 0.006;
+  links[0].chezy = 98.8;
+  links[0].state = {1.8, 1.8, 0.89};
+  volatile double const q = std::sqrt(1.8 * 1.8 + 0.89 * 0.89);
+  double const ih = 1.0 / 1.8;
   volatile double const squares = (q * q) * (ih * ih);
-  volatile double const weight = (1.0 / 141.7) * (1.0 / 9.81);
+  volatile double const weight = (1.0 / 98.8) * (1.0 / 9.81);
   volatile double const load = squares * weight;
-  double const theta = load / (1.65 * 0.013);
-  volatile double const unit = std::sqrt(0.013 * 0.013 * 0.013 * 1.0 * 1.65);
+  double const theta = load / (1.65 * 0.006);
+  volatile double const unit = std::sqrt(0.006 * 0.006 * 0.006 * 1.0 * 1.65);
   EXPECT_EQ(evaluate(1, 1, 1)[9], unit * theta);
-  double const cells = kernels::morphology::mpmBedload({q, ih, 1.0 / 141.7, 0.013, 0.0}).capacity;
+  // In the last digit, not that of the transport on the cells.
+  double const cells = kernels::morphology::mpmBedload({q, ih, 1.0 / 98.8, 0.006, 0.0}).capacity;
   EXPECT_NE(evaluate(1, 1, 1)[9], cells);
   EXPECT_DOUBLE_EQ(evaluate(1, 1, 1)[9], cells);
 }

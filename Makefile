@@ -1,0 +1,24 @@
+# make demo     installs what is missing, builds, runs a study end to end
+# make test     builds and runs all tests
+# make bench    times the kernels and a whole dam break run
+.PHONY: demo test bench
+
+JOBS ?= $(shell nproc)
+
+demo:
+	scripts/install build
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS) --target setup simulation
+	scripts/demo build/release/bin build/demo
+
+test:
+	scripts/install build
+	cmake --preset release
+	cmake --build --preset release --parallel $(JOBS)
+	ctest --preset release --parallel $(JOBS)
+
+bench:
+	scripts/install build bench
+	cmake --preset bench
+	cmake --build --preset bench --parallel $(JOBS)
+	build/bench/bin/rheomark_bench

@@ -1,0 +1,72 @@
+// The executable as users start it.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/Process.h"
+#include "support/TempDir.h"
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::StartsWith;
+
+namespace {
+
+const std::string STUDY = R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {
+  "GEOMETRY": {"RECTANGLE": {"length": 4, "width": 2, "cells": [4, 2]}},
+  "HYDRAULICS": {"INITIAL": {"water_level": 1.5}}}}}})";
+
+const std::string FOOTER =
+    "\n" + std::string(60, '-') + "\n RHEOMARK successfully processed all necessary jobs!\n\n";
+
+class SetupExecutable : public ::testing::Test {
+ protected:
+  support::Outcome run(const std::vector<std::string>& arguments) const {
+    return support::runIn(dir.path(), SETUP_EXE, arguments);
+  }
+
+  const support::TempDir dir;
+};
+
+}  // namespace
+
+TEST_F(SetupExecutable, writesTheRunFileBetweenBannerAndFooter) {
+  support::writeFile(dir.file("study.json"), STUDY);
+  const support::Outcome outcome = run({"-f", "study.json", "-o", "made.h5"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(outcome.out, StartsWith("RHEOMARK v3.0.1\nRHEOplane sequential binary\n"));
+  EXPECT_THAT(outcome.out, HasSubstr(" -> run file <made.h5> written in "));
+  EXPECT_THAT(outcome.out, EndsWith(FOOTER));
+  EXPECT_TRUE(std::filesystem::exists(dir.file("made.h5")));
+}
+
+TEST_F(SetupExecutable, namesTheRunFileItselfIfTheUserDoesNot) {
+  support::writeFile(dir.file("study.json"), STUDY);
+  EXPECT_EQ(run({"-f", "study.json"}).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(dir.file("run.h5")));
+}
+
+TEST_F(SetupExecutable, endsWithStatusOneAndNoFooterAfterAFailure) {
+  const support::Outcome outcome = run({"-f", "none.json", "-o", "run.h5"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            " -> study file <none.json> cannot be read\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+  EXPECT_THAT(outcome.out, ::testing::Not(HasSubstr("successfully")));
+}
+
+TEST_F(SetupExecutable, refusesACommandLineWithoutAStudy) {
+  const support::Outcome outcome = run({});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, HasSubstr("PARSE ERROR"));
+}
+
+TEST_F(SetupExecutable, helpNamesTheArguments) {
+  const support::Outcome outcome = run({"--help"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out, HasSubstr("This is the 'setup' binary of the RHEOMARK framework."));
+  EXPECT_THAT(outcome.out, HasSubstr("--file"));
+  EXPECT_THAT(outcome.out, HasSubstr("--output"));
+}

@@ -1,0 +1,355 @@
+#include "simulation/kernels/hydraulics/boundary.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <initializer_list>
+#include <limits>
+#include <type_traits>
+
+#include "simulation/Loops.h"
+#include "simulation/kernels/Parameters.h"
+
+static_assert(
+    std::is_same_v<decltype(kernels::hydraulics::boundary), loops::HydBoundaryFluxes::Body>);
+
+namespace {
+
+using Flux = std::array<double, 5>;
+
+constexpr double NOTHING = std::numeric_limits<double>::quiet_NaN();
+
+/// A cell of 2 m depth over a bed at 1 m, so that its celerity is 4 m/s, at an edge that looks
+/// along x; a neighbour of 1 m depth over a bed at 0.5 m. Boundary values that no test sets are
+/// not numbers.
+class HydBoundary : public support::Parameters {
+ protected:
+  HydBoundary() {
+    set(ParameterID::Gravity, 8.0);
+    set(ParameterID::MinWaterDepth, 0.25);
+  }
+
+  Flux flux(int code) const { return flux(code, &chezy); }
+  Flux flux(int code, double const* chezyValue) const {
+    std::array<int, 2> const type{code, sign};
+    Flux result{9.0, 9.0, 9.0, 9.0, 9.0};
+    kernels::hydraulics::boundary(type.data(), D.data(), normal.data(), left.data(), right.data(),
+                                  &bedLeft, &bedRight, chezyValue, &size, result.data());
+    return result;
+  }
+
+  static double pressure(double surface, double bed) {
+    return (0.5 * surface - bed) * (surface * 8.0);
+  }
+  Flux wall() const { return {0.0, pressure(left[0], bedLeft), 0.0, 0.0, 0.0}; }
+  Flux innerWall() const {
+    return {0.0, pressure(left[0], bedLeft), 0.0, -pressure(right[0], bedRight), -0.0};
+  }
+
+  /// What the Riemann solver gives against a ghost cell.
+  Flux solved(std::array<double, 3> const& ghost, double ghostBed, int wetGhost) const {
+    int const wet = left[0] - bedLeft > 0.25 ? 1 : 0;
+    Flux result{};
+    kernels::hydraulics::hydrodynamic_solver(normal.data(), left.data(), &bedLeft, &wet,
+                                             ghost.data(), &ghostBed, &wetGhost, result.data());
+    return result;
+  }
+
+  void dryLeft() { left = {1.0, 0.0, 0.0}; }
+
+  std::array<double, 2> normal{1.0, 0.0};
+  std::array<double, 7> D{NOTHING, NOTHING, NOTHING, NOTHING, NOTHING, NOTHING, NOTHING};
+  int sign = 1;
+  std::array<double, 3> left{3.0, 4.0, 6.0};
+  std::array<double, 3> right{1.5, 2.0, -1.0};
+  double bedLeft = 1.0;
+  double bedRight = 0.5;
+  double chezy = 2.0;
+  double size = 16.0;
+};
+
+// -- 100, 102: inflow -----------------------------------------------------------------------------
+
+TEST_F(HydBoundary, inflowTakesTheDepthOfASubcriticalCell) {
+  sign = -1;
+  D[2] = 4.0;
+  EXPECT_EQ(flux(100, nullptr), (Flux{-4.0, 8.0 + pressure(3.0, 1.0), 0.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, inflowIntoADryCellComesAtNormalDepth) {
+  dryLeft();
+  D[1] = 0.125;  // hn^3 = 16 / (2 * 8 * 0.125) = 8
+  D[2] = -4.0;
+  EXPECT_EQ(flux(100), (Flux{-4.0, 8.0 + pressure(3.0, 1.0), 0.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, inflowIntoASupercriticalCellComesAtNormalDepth) {
+  left = {3.0, 16.0, 0.0};  // Fr = 2
+  D[1] = 1.0;               // hn^3 = 16 / 16 = 1
+  D[2] = -4.0;
+  EXPECT_EQ(flux(100), (Flux{-4.0, 16.0 + pressure(2.0, 1.0), 0.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, inflowAtAFroudeNumberOfOneTakesTheDepthOfTheCell) {
+  left = {3.0, 8.0, 0.0};
+  D[2] = -4.0;
+  EXPECT_EQ(flux(100, nullptr)[1], 8.0 + pressure(3.0, 1.0));
+}
+
+TEST_F(HydBoundary, inflowAtANormalDepthBelowTheMinimumBringsNoMomentum) {
+  dryLeft();
+  D[1] = 64.0;  // hn^3 = v^2 / 1024
+  D[2] = -0.0625;
+  double const depth = std::cbrt(0.00390625 / 1024.0);
+  ASSERT_LT(depth, 0.25);
+  EXPECT_EQ(flux(100), (Flux{-0.0625, pressure(depth + 1.0, 1.0), 0.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, inflowOfNothingIsAWall) {
+  for (double const v : {0.0, 1.0}) {
+    D[2] = v;
+    EXPECT_EQ(flux(100, nullptr), wall()) << v;
+    EXPECT_EQ(flux(102, nullptr), wall()) << v;
+  }
+}
+
+TEST_F(HydBoundary, inflowBelowAFroudeNumberOfOneTakesTheDepthOfTheCell) {
+  left = {3.0, 16.0, 0.0};  // the cell's own Froude number plays no part
+  D[1] = 0.5;
+  D[2] = -4.0;
+  EXPECT_EQ(flux(102, nullptr), (Flux{-4.0, 8.0 + pressure(3.0, 1.0), 0.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, inflowAtAFroudeNumberTakesTheDepthThatFollows) {
+  set(ParameterID::MinWaterDepth, 0.125);
+  D[1] = 2.0;
+  D[2] = -1.0;
+  double const depth = std::cbrt(1.0 / (4.0 * 8.0));
+  Flux const result = flux(102, nullptr);
+  EXPECT_EQ(result[0], -1.0);
+  EXPECT_DOUBLE_EQ(result[1], 1.0 / depth + pressure(depth + 1.0, 1.0));
+  D[1] = 1.0;  // from 1 on
+  D[2] = -8.0;
+  EXPECT_EQ(flux(102, nullptr)[1], 64.0 / 2.0 + pressure(3.0, 1.0));
+}
+
+// -- 104: outflow over a sloping ghost cell -------------------------------------------------------
+
+TEST_F(HydBoundary, outflowOverASlopeNeedsFlowOutOfTheCell) {
+  D[0] = 0.125;
+  for (double const qx : {0.0, -1.0}) {
+    left[1] = qx;
+    EXPECT_EQ(flux(104, nullptr), wall()) << qx;
+  }
+}
+
+TEST_F(HydBoundary, subcriticalOutflowOverASlopeMeetsNormalDepthDownTheSlope) {
+  left = {3.0, 4.0, 0.0};  // hn^3 = 16 / (2 * 8 * 0.125) = 8; ghost bed 1 - 0.125 * 16 = -1
+  D[0] = 0.125;
+  EXPECT_EQ(flux(104), solved({1.0, 4.0, 0.0}, -1.0, 1));
+}
+
+TEST_F(HydBoundary, supercriticalOutflowOverASlopeKeepsItsDepth) {
+  left = {3.0, 16.0, 0.0};
+  D[0] = 0.125;
+  EXPECT_EQ(flux(104, nullptr), solved({1.0, 16.0, 0.0}, -1.0, 1));
+}
+
+TEST_F(HydBoundary, outflowOverASlopeFromAThinLayerKeepsItsDepth) {
+  left = {1.125, 4.0, 0.0};
+  D[0] = 0.125;
+  EXPECT_EQ(flux(104, nullptr), solved({-0.875, 4.0, 0.0}, -1.0, 0));
+}
+
+TEST_F(HydBoundary, theNormalDepthOfAnOutflowComesFromTheWholeDischarge) {
+  left = {3.0, 3.0, 4.0};
+  D[0] = 0.125;
+  double const depth = std::cbrt(25.0 / 2.0);
+  EXPECT_EQ(flux(104), solved({depth - 1.0, 3.0, 4.0}, -1.0, 1));
+}
+
+// -- 106 and its like: outflow at a velocity ------------------------------------------------------
+
+TEST_F(HydBoundary, outflowWithPressureOnlyTakesVelocityTimesDepth) {
+  D[3] = 3.0;
+  for (int const code : {106, 108, 323, 325}) {
+    EXPECT_EQ(flux(code, nullptr), (Flux{6.0, pressure(3.0, 1.0), 0.0, 0.0, 0.0})) << code;
+  }
+  sign = -1;
+  for (int const code : {106, 108, 323, 325}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  D[3] = 0.0;
+  for (int const code : {106, 108, 323, 325}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+}
+
+TEST_F(HydBoundary, outflowWithMomentumCarriesTheTangentialVelocity) {
+  D[1] = 3.0;  // Q = 6, Q^2 / h = 18, T = 6 * 6 / 2
+  for (int const code : {110, 327}) {
+    EXPECT_EQ(flux(code, nullptr), (Flux{6.0, 18.0 + pressure(3.0, 1.0), 18.0, 0.0, 0.0})) << code;
+  }
+  D[5] = 1.0;
+  EXPECT_EQ(flux(329, nullptr), (Flux{2.0, 2.0 + pressure(3.0, 1.0), 6.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, outflowWithMomentumOfNothingIsAWall) {
+  for (double const v : {0.0, -1.0}) {
+    D[1] = v;
+    D[5] = v;
+    for (int const code : {110, 327, 329}) EXPECT_EQ(flux(code, nullptr), wall()) << code << v;
+  }
+}
+
+TEST_F(HydBoundary, freeOutflowLetsOutWhatTheCellHolds) {
+  EXPECT_EQ(flux(112, nullptr), (Flux{4.0, 8.0 + pressure(3.0, 1.0), 12.0, 0.0, 0.0}));
+  for (double const qx : {0.0, -1.0}) {
+    left[1] = qx;
+    EXPECT_EQ(flux(112, nullptr), wall()) << qx;
+  }
+}
+
+TEST_F(HydBoundary, freeOutflowFromAThinLayerHasNoMomentum) {
+  left = {1.125, 4.0, 6.0};
+  EXPECT_EQ(flux(112, nullptr), (Flux{4.0, pressure(1.125, 1.0), 0.0, 0.0, 0.0}));
+}
+
+TEST_F(HydBoundary, aSlantedEdgeTurnsTheMomentum) {
+  normal = {0.0, -1.0};
+  left = {3.0, 6.0, -4.0};  // qn = 4, qt = 6
+  double const P = 8.0 + pressure(3.0, 1.0);
+  EXPECT_EQ(flux(112, nullptr), (Flux{4.0, 12.0, -P, 0.0, 0.0}));
+}
+
+// -- 114, 331: imposed levels ---------------------------------------------------------------------
+
+TEST_F(HydBoundary, anImposedLevelTakesOutflowWithTheDischargeOfTheCell) {
+  D[0] = 2.0;
+  EXPECT_EQ(flux(114, nullptr), solved({2.0, 4.0, 6.0}, 1.0, 1));
+}
+
+TEST_F(HydBoundary, anImposedLevelWithoutInflowIsAWallForFlowInwards) {
+  left[1] = -4.0;
+  D[0] = 5.0;
+  for (double const admits : {0.0, 2.0, -1.0}) {
+    D[1] = admits;
+    EXPECT_EQ(flux(114, nullptr), wall()) << admits;
+  }
+}
+
+TEST_F(HydBoundary, anImposedLevelWithInflowFeedsTheDomainFromRest) {
+  left[1] = -4.0;
+  D[0] = 5.0;
+  D[1] = 1.0;
+  EXPECT_EQ(flux(114, nullptr), solved({5.0, 0.0, 0.0}, 1.0, 1));
+  EXPECT_LT(flux(114, nullptr)[0], 0.0);
+}
+
+TEST_F(HydBoundary, anImposedLevelAtTheBedLetsOutOnly) {
+  D[1] = 1.0;
+  for (double const level : {1.25, 0.0}) {
+    D[0] = level;
+    left[1] = 4.0;
+    EXPECT_EQ(flux(114, nullptr), solved({1.0, 4.0, 6.0}, 1.0, 0)) << level;
+    left[1] = 0.0;
+    EXPECT_EQ(flux(114, nullptr), wall()) << level;
+  }
+}
+
+TEST_F(HydBoundary, outflowAgainstALevelIsAWallForFlowInwards) {
+  D[0] = 2.0;
+  EXPECT_EQ(flux(331, nullptr), solved({2.0, 4.0, 6.0}, 1.0, 1));
+  D[0] = 1.25;
+  EXPECT_EQ(flux(331, nullptr), solved({1.25, 4.0, 6.0}, 1.0, 0));
+  left[1] = 0.0;
+  EXPECT_EQ(flux(331, nullptr), wall());
+}
+
+// -- 216, 218, 220: edges inside the domain -------------------------------------------------------
+
+TEST_F(HydBoundary, aShutInnerEdgeIsAWallForBothCells) {
+  D[1] = 0.0;
+  for (int const code : {216, 218, 220}) EXPECT_EQ(flux(code, nullptr), innerWall()) << code;
+  D[1] = -1.0;
+  for (int const code : {216, 218, 220}) EXPECT_EQ(flux(code, nullptr), innerWall()) << code;
+  D[1] = 1.0;
+  EXPECT_EQ(flux(220, nullptr), innerWall());
+}
+
+TEST_F(HydBoundary, anOpenGateIsAnEdgeLikeAnyOther) {
+  D[1] = 1.0;
+  EXPECT_EQ(flux(218, nullptr), solved(right, 0.5, 1));
+  right = {0.625, 5.0, 5.0};  // 0.125 m, dry
+  EXPECT_EQ(flux(218, nullptr), solved(right, 0.5, 0));
+}
+
+TEST_F(HydBoundary, aTransferFromLeftToRightTakesTheMomentumOfTheLeftCell) {
+  D[1] = 3.0;  // Q = 6, Q^2 / h = 18, T = 18
+  EXPECT_EQ(flux(216, nullptr),
+            (Flux{6.0, 18.0 + pressure(3.0, 1.0), 18.0, -pressure(1.5, 0.5), -0.0}));
+}
+
+TEST_F(HydBoundary, aTransferFromRightToLeftTakesTheMomentumOfTheRightCell) {
+  sign = -1;
+  D[1] = 3.0;  // Q = -3 * 1, Q^2 / h = 9, T = -3 * -1
+  EXPECT_EQ(flux(216, nullptr),
+            (Flux{-3.0, pressure(3.0, 1.0), 0.0, -(9.0 + pressure(1.5, 0.5)), -3.0}));
+}
+
+TEST_F(HydBoundary, aTransferAcrossASlantedEdgeTurnsTheMomentum) {
+  normal = {0.0, 1.0};
+  D[1] = 3.0;  // qt = -4, T = 6 * -4 / 2
+  EXPECT_EQ(flux(216, nullptr),
+            (Flux{6.0, 12.0, 18.0 + pressure(3.0, 1.0), -0.0, -pressure(1.5, 0.5)}));
+  sign = -1;  // right: qt = -2, T = -3 * -2
+  EXPECT_EQ(flux(216, nullptr),
+            (Flux{-3.0, 0.0, pressure(3.0, 1.0), 6.0, -(9.0 + pressure(1.5, 0.5))}));
+}
+
+// -- 322 and on: flows between linked strings -----------------------------------------------------
+
+TEST_F(HydBoundary, inflowByVelocityAndDepthCarriesTheTangentialVelocity) {
+  sign = -1;
+  D[3] = 3.0;
+  D[4] = 0.5;  // Q = -1.5, Q^2 / h = 1.125, T = -1.5 * 6 / 2
+  for (int const code : {322, 324}) {
+    EXPECT_EQ(flux(code, nullptr), (Flux{-1.5, 1.125 + pressure(3.0, 1.0), -4.5, 0.0, 0.0}))
+        << code;
+  }
+  D[3] = 0.0;
+  for (int const code : {322, 324}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+}
+
+TEST_F(HydBoundary, inflowsOfMassBringNoMomentum) {
+  sign = -1;
+  Flux const expected{-6.0, pressure(3.0, 1.0), 0.0, 0.0, 0.0};
+  D[1] = 0.5;
+  D[2] = 6.0;
+  EXPECT_EQ(flux(326, nullptr), expected);
+  D[5] = 2.0;
+  D[6] = 3.0;
+  EXPECT_EQ(flux(328, nullptr), expected);
+  D[1] = 6.0;
+  EXPECT_EQ(flux(330, nullptr), expected);
+}
+
+TEST_F(HydBoundary, inflowsOfMassOfNothingAreWalls) {
+  D = {NOTHING, 0.0, -6.0, NOTHING, NOTHING, 0.0, 3.0};
+  for (int const code : {326, 328, 330}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  D[1] = 1.0;
+  D[5] = 1.0;
+  for (int const code : {326, 328, 330}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+}
+
+TEST_F(HydBoundary, theDirectionOfAnInflowIsNotThatOfItsAmount) {
+  D[1] = -1.0;
+  D[2] = 6.0;
+  EXPECT_EQ(flux(326, nullptr)[0], 6.0);
+}
+
+TEST_F(HydBoundary, everyUnknownCodeIsAWall) {
+  D.fill(1.0);
+  for (int const code : {999, 0, -1, 101, 105, 116, 214, 222, 321, 332}) {
+    EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  }
+}
+
+}  // namespace

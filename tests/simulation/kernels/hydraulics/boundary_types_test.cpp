@@ -1,0 +1,69 @@
+#include "simulation/kernels/hydraulics/boundary_types.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+
+#include "simulation/kernels/Parameters.h"
+
+namespace {
+
+using Flux = std::array<double, 5>;
+namespace hydraulics = kernels::hydraulics;
+
+class BoundaryTypes : public support::Parameters {
+ protected:
+  BoundaryTypes() {
+    set(ParameterID::Gravity, 8.0);
+    set(ParameterID::MinWaterDepth, 0.25);
+  }
+
+  static hydraulics::BoundaryCell cell(double H, double qx, double qy, double z) {
+    std::array<double, 2> const normal{0.0, 1.0};
+    std::array<double, 3> const state{H, qx, qy};
+    return hydraulics::boundaryCell(normal.data(), state.data(), z);
+  }
+};
+
+TEST_F(BoundaryTypes, aCellIsSeenInTheFrameOfTheEdge) {
+  hydraulics::BoundaryCell const seen = cell(3.0, 3.0, 4.0, 1.0);
+  EXPECT_EQ(seen.H, 3.0);
+  EXPECT_EQ(seen.z, 1.0);
+  EXPECT_EQ(seen.h, 2.0);
+  EXPECT_EQ(seen.qn, 4.0);
+  EXPECT_EQ(seen.qt, -3.0);
+  EXPECT_EQ(seen.q, 5.0);
+}
+
+TEST_F(BoundaryTypes, pressureIsThatOfTheSurfaceOverTheBed) {
+  EXPECT_EQ(hydraulics::hydrostaticPressure(4.0, 1.0), (2.0 - 1.0) * (4.0 * 8.0));
+}
+
+TEST_F(BoundaryTypes, theFroudeNumberIsSpeedOverCelerity) {
+  EXPECT_EQ(hydraulics::froudeNumber(cell(3.0, 3.0, 4.0, 1.0)), 5.0 / (4.0 * 2.0));
+}
+
+TEST_F(BoundaryTypes, theFroudeNumberOfNoDepthIsZero) {
+  EXPECT_EQ(hydraulics::froudeNumber(cell(1.0, 3.0, 4.0, 1.0)), 0.0);
+  EXPECT_EQ(hydraulics::froudeNumber(cell(0.0, 3.0, 4.0, 1.0)), 0.0);
+}
+
+TEST_F(BoundaryTypes, theNormalDepthHasNoSign) {
+  EXPECT_EQ(hydraulics::normalDepth(4.0, 2.0, 0.125), 2.0);
+  EXPECT_EQ(hydraulics::normalDepth(-4.0, 2.0, 0.125), 2.0);
+}
+
+TEST_F(BoundaryTypes, aDepthBelowTheMinimumHasNoInverse) {
+  EXPECT_EQ(hydraulics::inverseWetDepth(0.25), 4.0);
+  EXPECT_EQ(hydraulics::inverseWetDepth(std::nextafter(0.25, 0.0)), 0.0);
+}
+
+TEST_F(BoundaryTypes, aOneSidedFluxIsTurnedIntoTheAxesAndSparesTheRightCell) {
+  std::array<double, 2> const normal{0.5, -0.25};
+  Flux flux{9.0, 9.0, 9.0, 9.0, 9.0};
+  hydraulics::oneSidedFlux(normal.data(), 3.0, 8.0, 4.0, flux.data());
+  EXPECT_EQ(flux, (Flux{3.0, 0.5 * 8.0 + 0.25 * 4.0, -0.25 * 8.0 + 0.5 * 4.0, 0.0, 0.0}));
+}
+
+}  // namespace

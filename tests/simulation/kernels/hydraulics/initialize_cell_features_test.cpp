@@ -1,0 +1,47 @@
+#include "simulation/kernels/hydraulics/initialize_cell_features.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <type_traits>
+
+#include "simulation/Loops.h"
+#include "simulation/kernels/Parameters.h"
+
+static_assert(std::is_same_v<decltype(kernels::hydraulics::initialize_cell_features),
+                             loops::InitCellHydFeatures::Body>);
+
+namespace {
+
+class InitializeHydCellFeatures : public support::Parameters {
+ protected:
+  InitializeHydCellFeatures() { set(ParameterID::MinWaterDepth, 0.5); }
+
+  static int wettedAt(double surface, double bed) {
+    std::array<double, 3> const state{surface, 3.0, -4.0};
+    int wetted = 9;
+    kernels::hydraulics::initialize_cell_features(state.data(), &bed, &wetted);
+    return wetted;
+  }
+};
+
+TEST_F(InitializeHydCellFeatures, aCellAboveTheMinimumDepthIsWet) {
+  EXPECT_EQ(wettedAt(std::nextafter(1.5, 2.0), 1.0), 1);
+}
+
+TEST_F(InitializeHydCellFeatures, aCellAtTheMinimumDepthIsDry) {
+  EXPECT_EQ(wettedAt(1.5, 1.0), 0);
+}
+
+TEST_F(InitializeHydCellFeatures, aSurfaceBelowTheBedIsDry) {
+  EXPECT_EQ(wettedAt(0.0, 1.0), 0);
+}
+
+TEST_F(InitializeHydCellFeatures, withoutAMinimumAnyWaterIsWet) {
+  set(ParameterID::MinWaterDepth, 0.0);
+  EXPECT_EQ(wettedAt(1.0, 1.0), 0);
+  EXPECT_EQ(wettedAt(std::nextafter(1.0, 2.0), 1.0), 1);
+}
+
+}  // namespace

@@ -1,0 +1,39 @@
+#include "simulation/kernels/hydraulics/internal_fluxes.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <type_traits>
+
+#include "simulation/Loops.h"
+#include "simulation/kernels/Parameters.h"
+
+static_assert(
+    std::is_same_v<decltype(kernels::hydraulics::internal_fluxes), loops::HydInternalFluxes::Body>);
+
+namespace {
+
+class InternalFluxes : public support::Parameters {};
+
+TEST_F(InternalFluxes, areThoseOfTheSolverForTheTwoCells) {
+  set(ParameterID::Gravity, 9.81);
+  set(ParameterID::MinWaterDepth, 0.001);
+  std::array<double, 2> const normal{0.6, -0.8};
+  std::array<double, 3> const left{2.0, 0.5, 0.25};
+  std::array<double, 3> const right{1.5, -0.25, 1.0};
+  double const bedLeft = 0.25;
+  double const bedRight = 0.5;
+  for (int const wetLeft : {0, 1}) {
+    for (int const wetRight : {0, 1}) {
+      std::array<double, 5> expected{};
+      kernels::hydraulics::hydrodynamic_solver(normal.data(), left.data(), &bedLeft, &wetLeft,
+                                               right.data(), &bedRight, &wetRight, expected.data());
+      std::array<double, 5> flux{};
+      kernels::hydraulics::internal_fluxes(normal.data(), &wetLeft, &wetRight, left.data(),
+                                           right.data(), &bedLeft, &bedRight, flux.data());
+      EXPECT_EQ(flux, expected) << wetLeft << wetRight;
+    }
+  }
+}
+
+}  // namespace

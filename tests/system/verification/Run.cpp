@@ -1,0 +1,146 @@
+#include "system/verification/Run.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <sstream>
+#include <stdexcept>
+
+#include "support/H5Compare.h"
+#include "support/Process.h"
+
+namespace verification {
+
+namespace {
+
+std::string studyText(const Case& described) {
+  std::ostringstream text;
+  text << R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {)" << described.geometry
+       << R"(}, "HYDRAULICS": {"PARAMETER": {"cfl": 0.5, "gravity": )" << GRAVITY
+       << R"(, "minimum_water_depth": )" << described.minimumDepth << R"(}, "INITIAL": {)"
+       << described.initial << "}}}}}}";
+  return text.str();
+}
+
+std::string commandText(const Case& described) {
+  std::ostringstream text;
+  text << R"({"SIMULATION": {"TIME": {"start": 0.0, "end": )" << described.end << R"(, "out": )"
+       << described.out
+       << R"(}, "OUTPUT": ["water_surface", "flow_velocity", "bottom_elevation"]}})";
+  return text.str();
+}
+
+/// @returns what the program has printed.
+std::string require(const std::string& folder, const std::string& program,
+                    const std::vector<std::string>& arguments) {
+  const support::Outcome outcome = support::runIn(folder, program, arguments);
+  if (outcome.status == 0) return outcome.out;
+  throw std::runtime_error(program + " failed:\n" + outcome.out + outcome.err);
+}
+
+std::vector<std::array<Point, 3>> readCells(const std::string& runFile) {
+  const std::vector<double> coordinates = support::readNumbers(runFile, "NodesAll/Coordnts");
+  const std::vector<double> corners = support::readNumbers(runFile, "CellsAll/Topology");
+  const auto nodes = static_cast<std::size_t>(support::readNumbers(runFile, "NodesAll/set").at(0));
+  const std::size_t width = coordinates.size() / nodes;
+  std::vector<std::array<Point, 3>> cells(corners.size() / 3);
+  for (std::size_t k = 0; k < corners.size(); ++k) {
+    const auto node = static_cast<std::size_t>(corners[k]);
+    cells[k / 3][k % 3] = {coordinates.at(width * node), coordinates.at(width * node + 1)};
+  }
+  return cells;
+}
+
+std::vector<Record> readRecords(const std::string& resultsFile) {
+  std::vector<Record> records;
+  for (const std::string& path : support::datasetPaths(resultsFile)) {
+    if (path.rfind("RESULTS/CellsAll/HydState/", 0) != 0) continue;
+    const std::vector<double> state = support::readNumbers(resultsFile, path);
+    Record record;
+    record.time = support::readTime(resultsFile, path);
+    for (std::size_t k = 0; k < state.size(); k += 3) {
+      record.surface.push_back(state.at(k));
+      record.dischargeX.push_back(state.at(k + 1));
+      record.dischargeY.push_back(state.at(k + 2));
+    }
+    records.push_back(std::move(record));
+  }
+  return records;
+}
+
+/// A sum whose error does not grow with the number of its terms (Neumaier 1974).
+class CompensatedSum {
+ public:
+  void add(double term) {
+    const double next = sum + term;
+    lost += std::abs(sum) >= std::abs(term) ? (sum - next) + term : (term - next) + sum;
+    sum = next;
+  }
+  double value() const { return sum + lost; }
+
+ private:
+  double sum = 0.0;
+  double lost = 0.0;
+};
+
+}  // namespace
+
+Point Run::centroid(std::size_t cell) const {
+  const auto& [a, b, c] = cells[cell];
+  return {(a.x + b.x + c.x) / 3.0, (a.y + b.y + c.y) / 3.0};
+}
+
+Run simulate(const std::string& folder, const Case& described) {
+  support::writeFile(folder + "/study.json", studyText(described));
+  support::writeFile(folder + "/command.json", commandText(described));
+  require(folder, SETUP_EXE, {"-f", "study.json", "-o", "run.h5"});
+
+  Run run;
+  run.console =
+      require(folder, SIMULATION_EXE, {"-f", "command.json", "-r", "run.h5", "-o", "run.h5"});
+  run.name = folder + "/run_results.h5";
+  const std::string runFile = folder + "/run.h5";
+  run.cells = readCells(runFile);
+  run.areas = support::readNumbers(runFile, "CellsAll/GeomArea");
+  run.bed = support::readNumbers(runFile, "CellsAll/BottomEl");
+  run.records = readRecords(run.name);
+  return run;
+}
+
+double volume(const Run& run, const Record& record) {
+  CompensatedSum sum;
+  for (std::size_t cell = 0; cell < run.areas.size(); ++cell) {
+    sum.add(run.areas[cell] * run.depth(record, cell));
+  }
+  return sum.value();
+}
+
+double leastDepth(const Run& run) {
+  double least = std::numeric_limits<double>::infinity();
+  for (const Record& record : run.records) {
+    for (std::size_t cell = 0; cell < run.bed.size(); ++cell) {
+      least = std::min(least, run.depth(record, cell));
+    }
+  }
+  return least;
+}
+
+std::size_t countDeeper(const Run& run, const Record& record, double depth) {
+  std::size_t count = 0;
+  for (std::size_t cell = 0; cell < run.bed.size(); ++cell) {
+    if (run.depth(record, cell) > depth) ++count;
+  }
+  return count;
+}
+
+int callsOf(const std::string& loop, const std::string& console) {
+  std::istringstream lines(console);
+  for (std::string line; std::getline(lines, line);) {
+    std::istringstream words(line);
+    int count = 0;
+    if (line.find(loop) != std::string::npos && words >> count) return count;
+  }
+  return 0;
+}
+
+}  // namespace verification
