@@ -1,6 +1,7 @@
 #include "jsv/Annotation.h"
 
 #include <cstddef>
+#include <type_traits>
 
 namespace jsv {
 namespace {

@@ -26,6 +26,9 @@ enum class AnnotationType { Error, Warning, Info };
 
 enum class ExtremumType { Minimum, ExclusiveMinimum, Maximum, ExclusiveMaximum };
 
+// clang-tidy 14 takes the 0 in generated comparisons for a null pointer.
+// NOLINTBEGIN(modernize-use-nullptr)
+
 /// The value is not the one string that is allowed.
 struct ConstConstraintViolation {
   std::string expectedValue;
@@ -125,6 +128,8 @@ struct ValidAdditionalKeyAnnotation {
   std::string key;
   auto operator<=>(const ValidAdditionalKeyAnnotation&) const = default;
 };
+
+// NOLINTEND(modernize-use-nullptr)
 
 // clang-format off
 using Annotation = absl::variant<

@@ -1,16 +1,18 @@
 #include "jsv/Pointer.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace jsv {
 namespace {
 
-std::vector<std::string> tokensFromLastToFirst(JsonPointer pointer) {
+std::vector<std::string> tokensOf(JsonPointer pointer) {
   std::vector<std::string> tokens;
   while (!pointer.empty()) {
     tokens.push_back(pointer.back());
     pointer.pop_back();
   }
+  std::reverse(tokens.begin(), tokens.end());
   return tokens;
 }
 
@@ -30,11 +32,10 @@ void appendEscaped(const std::string& token, std::string& text) {
 
 std::string toText(const JsonPointer& pointer) {
   if (pointer.empty()) return "/";
-  const auto tokens = tokensFromLastToFirst(pointer);
   std::string text;
-  for (auto token = tokens.rbegin(); token != tokens.rend(); ++token) {
+  for (const auto& token : tokensOf(pointer)) {
     text += '/';
-    appendEscaped(*token, text);
+    appendEscaped(token, text);
   }
   return text;
 }

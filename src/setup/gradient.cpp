@@ -34,6 +34,7 @@ std::vector<Vector2> weightsAlong(const Vector2& direction, const std::vector<Ve
   double squares = 0.0;
   for (const Vector2& d : distances) squares += std::pow(unit[0] * d[0] + unit[1] * d[1], 2);
   std::vector<Vector2> weights;
+  weights.reserve(distances.size());
   for (const Vector2& d : distances) {
     const double weight = (unit[0] * d[0] + unit[1] * d[1]) / squares;
     weights.push_back({unit[0] * weight, unit[1] * weight});
@@ -57,6 +58,7 @@ std::vector<Vector2> leastSquaresWeights(const std::vector<Vector2>& distances) 
     return weightsAlong(longest(distances), distances);
   }
   std::vector<Vector2> weights;
+  weights.reserve(distances.size());
   for (const Vector2& d : distances) {
     weights.push_back(
         {(m.yy * d[0] - m.xy * d[1]) / determinant, (m.xx * d[1] - m.xy * d[0]) / determinant});

@@ -23,8 +23,9 @@ void checkStateData(const api::IModel& model, const Dats& dats);
 
 /// Checks the values of integer data that address memory, and the columns of nodestring maps that
 /// are in use. Columns that are not in use may hold anything; they are set to 0.
+/// @param endTime end of the run [s]: series must reach that far or be marked as ended
 /// @throws BaseException if a value is out of its range
-void checkInputData(const Dats& dats, const Maps& maps);
+void checkInputData(const Dats& dats, const Maps& maps, double endTime);
 
 /// @throws BaseException if a parameter does not hold the number of values that its slots expect
 void checkParameterSize(const std::string& path, std::size_t found, int expected);

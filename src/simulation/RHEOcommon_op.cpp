@@ -99,7 +99,7 @@ void RHEOcommon::init(const int& level, const bool& showProgress, const bool& de
   initializeOutputData();
   initializeParameters();
   initializeVariables();
-  checkInputData(dats, maps);
+  checkInputData(dats, maps, endTime());
   op_diagnostic_output();
 }
 

@@ -15,7 +15,7 @@
 
 #include "support/Process.h"
 #include "support/TempDir.h"
-#include "system/verification/Run.h"
+#include "system/verification/Solution.h"
 #include "system/verification/TriangleMesh.h"
 
 namespace verification {
@@ -40,13 +40,15 @@ TriangleMesh reservoirAndPlain() {
 TEST(ClosedDamBreak, keepsItsVolumeAndHasNoNegativeDepth) {
   const support::TempDir dir;
   support::writeFile(dir.file("mesh.2dm"), to2dm(reservoirAndPlain()));
-  const Run run = simulate(dir.path(), {.geometry = R"("MESH": {"file": "mesh.2dm"},
-                                  "REGIONDEF": [{"index": 2, "name": "reservoir"}])",
-                                        .initial = R"("water_level": "dry",
-                                 "ZONES": [{"region": "reservoir", "water_level": 1.5},
-                                           {"box": [35.0, 0.0, 40.0, 8.0], "water_level": 0.6}])",
-                                        .end = 20.0,
-                                        .out = 1.0});
+  Case study;
+  study.geometry = R"("MESH": {"file": "mesh.2dm"},
+                      "REGIONDEF": [{"index": 2, "name": "reservoir"}])";
+  study.initial = R"("water_level": "dry",
+                     "ZONES": [{"region": "reservoir", "water_level": 1.5},
+                               {"box": [35.0, 0.0, 40.0, 8.0], "water_level": 0.6}])";
+  study.end = 20.0;
+  study.out = 1.0;
+  const Solution run = simulate(dir.path(), study);
 
   ASSERT_EQ(run.records.size(), 21U);
   const double atStart = volume(run, run.records[0]);

@@ -20,7 +20,7 @@
 
 #include "support/Process.h"
 #include "support/TempDir.h"
-#include "system/verification/Run.h"
+#include "system/verification/Solution.h"
 #include "system/verification/TriangleMesh.h"
 
 namespace verification {
@@ -61,17 +61,17 @@ double greatestMovement(const Record& before, const Record& after) {
 TEST(LakeAtRest, staysAtRestOverARoughBedWithIslands) {
   const support::TempDir dir;
   support::writeFile(dir.file("mesh.2dm"), to2dm(roughLake()));
-  const Run run = simulate(dir.path(), {.geometry = R"("MESH": {"file": "mesh.2dm"})",
-                                        .initial = R"("water_level": 0.0)",
-                                        .end = 60.0,
-                                        .out = 15.0});
+  const Solution run = simulate(dir.path(), {.geometry = R"("MESH": {"file": "mesh.2dm"})",
+                                             .initial = R"("water_level": 0.0)",
+                                             .end = 48.0,
+                                             .out = 12.0});
 
   const std::size_t wet = countDeeper(run, run.last(), 0.001);
   const std::size_t dry = run.bed.size() - wet;
   EXPECT_GE(run.bed.size(), 2000U);
   EXPECT_GE(wet, 1500U);
   EXPECT_GE(dry, 50U);
-  EXPECT_GE(callsOf("kernel_GLOBAL_Update", run.console), 1000);
+  EXPECT_GE(callsOf("Update", run.console), 1000);
   ASSERT_EQ(run.records.size(), 5U);
   for (const Record& record : run.records) {
     EXPECT_LE(greatestDischarge(record), 5e-12) << "at " << record.time << " s";

@@ -18,8 +18,9 @@ ItemNames ExtremumSchemaValidator<TYPE>::check(const JsonPointer& jsonPointer,
                                                const JsonPointer& schemaPointer,
                                                AbstractAnnotationCollection& collection) const {
   throwIfTypeIsNot<JsonTypeClass::Number>(schemaPointer);
-  const auto limit = schema(schemaPointer).get<double>();
-  const auto& value = json(jsonPointer);
+  const nlohmann::json& parameter = schema(schemaPointer);
+  const nlohmann::json& value = json(jsonPointer);
+  const auto limit = parameter.get<double>();
   if (value.is_number() && !passes<TYPE>(value.get<double>(), limit)) {
     collection.addAnnotation(jsonPointer, ExtremumConstraintViolation<TYPE>{limit});
   }

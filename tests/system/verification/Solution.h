@@ -2,8 +2,10 @@
 //
 //   const support::TempDir dir;
 //   support::writeFile(dir.file("mesh.2dm"), to2dm(mesh));
-//   const Run run = simulate(dir.path(), {R"("MESH": {"file": "mesh.2dm"})",
-//                                         R"("water_level": 0.0)", 60.0, 20.0});
+//   const Solution run = simulate(dir.path(), {.geometry = R"("MESH": {"file": "mesh.2dm"})",
+//                                              .initial = R"("water_level": 0.0)",
+//                                              .end = 60.0,
+//                                              .out = 20.0});
 #pragma once
 
 #include <array>
@@ -33,7 +35,7 @@ struct Record {
   std::vector<double> dischargeY;  ///< per cell [m2/s]
 };
 
-struct Run {
+struct Solution {
   std::string name;                         ///< of the results file
   std::string console;                      ///< what the simulation has printed
   std::vector<std::array<Point, 3>> cells;  ///< corners
@@ -50,20 +52,22 @@ struct Run {
 
 /// Makes the run file of a case in a folder and runs it, with the CFL number 0.5, closed walls all
 /// around and no friction.
-/// @throws std::runtime_error with what was printed if one of the programs fails.
-Run simulate(const std::string& folder, const Case& described);
+/// @throws std::runtime_error with what was printed if one of the programs fails, and if a result
+/// is
+///         not a finite number.
+Solution simulate(const std::string& folder, const Case& study);
 
 /// Water in all cells [m3], summed with compensation of the rounding.
-double volume(const Run& run, const Record& record);
+double volume(const Solution& run, const Record& record);
 
 /// Least depth of all cells in all records [m].
-double leastDepth(const Run& run);
+double leastDepth(const Solution& run);
 
 /// How many cells are deeper than `depth`.
-std::size_t countDeeper(const Run& run, const Record& record, double depth);
+std::size_t countDeeper(const Solution& run, const Record& record, double depth);
 
-/// How often a loop has been run, by the table of times that a simulation prints at its end; 0 if
-/// the table does not have it.
-int callsOf(const std::string& loop, const std::string& console);
+/// How often a kernel has been called, by the table of times that a simulation prints at its end; 0
+/// if the table does not have it.
+int callsOf(const std::string& kernel, const std::string& console);
 
 }  // namespace verification

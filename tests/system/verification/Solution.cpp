@@ -1,4 +1,4 @@
-#include "system/verification/Run.h"
+#include "system/verification/Solution.h"
 
 #include <algorithm>
 #include <cmath>
@@ -13,20 +13,19 @@ namespace verification {
 
 namespace {
 
-std::string studyText(const Case& described) {
+std::string studyText(const Case& study) {
   std::ostringstream text;
-  text << R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {)" << described.geometry
+  text << R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {)" << study.geometry
        << R"(}, "HYDRAULICS": {"PARAMETER": {"cfl": 0.5, "gravity": )" << GRAVITY
-       << R"(, "minimum_water_depth": )" << described.minimumDepth << R"(}, "INITIAL": {)"
-       << described.initial << "}}}}}}";
+       << R"(, "minimum_water_depth": )" << study.minimumDepth << R"(}, "INITIAL": {)"
+       << study.initial << "}}}}}}";
   return text.str();
 }
 
-std::string commandText(const Case& described) {
+std::string commandText(const Case& study) {
   std::ostringstream text;
-  text << R"({"SIMULATION": {"TIME": {"start": 0.0, "end": )" << described.end << R"(, "out": )"
-       << described.out
-       << R"(}, "OUTPUT": ["water_surface", "flow_velocity", "bottom_elevation"]}})";
+  text << R"({"SIMULATION": {"TIME": {"start": 0.0, "end": )" << study.end << R"(, "out": )"
+       << study.out << R"(}, "OUTPUT": ["water_surface", "flow_velocity", "bottom_elevation"]}})";
   return text.str();
 }
 
@@ -56,6 +55,11 @@ std::vector<Record> readRecords(const std::string& resultsFile) {
   for (const std::string& path : support::datasetPaths(resultsFile)) {
     if (path.rfind("RESULTS/CellsAll/HydState/", 0) != 0) continue;
     const std::vector<double> state = support::readNumbers(resultsFile, path);
+    // The greatest and the least of values pass over a NaN in silence.
+    if (!std::all_of(state.begin(), state.end(),
+                     [](double value) { return std::isfinite(value); })) {
+      throw std::runtime_error(resultsFile + ": " + path + " holds values that are not finite");
+    }
     Record record;
     record.time = support::readTime(resultsFile, path);
     for (std::size_t k = 0; k < state.size(); k += 3) {
@@ -85,17 +89,17 @@ class CompensatedSum {
 
 }  // namespace
 
-Point Run::centroid(std::size_t cell) const {
+Point Solution::centroid(std::size_t cell) const {
   const auto& [a, b, c] = cells[cell];
   return {(a.x + b.x + c.x) / 3.0, (a.y + b.y + c.y) / 3.0};
 }
 
-Run simulate(const std::string& folder, const Case& described) {
-  support::writeFile(folder + "/study.json", studyText(described));
-  support::writeFile(folder + "/command.json", commandText(described));
+Solution simulate(const std::string& folder, const Case& study) {
+  support::writeFile(folder + "/study.json", studyText(study));
+  support::writeFile(folder + "/command.json", commandText(study));
   require(folder, SETUP_EXE, {"-f", "study.json", "-o", "run.h5"});
 
-  Run run;
+  Solution run;
   run.console =
       require(folder, SIMULATION_EXE, {"-f", "command.json", "-r", "run.h5", "-o", "run.h5"});
   run.name = folder + "/run_results.h5";
@@ -107,7 +111,7 @@ Run simulate(const std::string& folder, const Case& described) {
   return run;
 }
 
-double volume(const Run& run, const Record& record) {
+double volume(const Solution& run, const Record& record) {
   CompensatedSum sum;
   for (std::size_t cell = 0; cell < run.areas.size(); ++cell) {
     sum.add(run.areas[cell] * run.depth(record, cell));
@@ -115,7 +119,7 @@ double volume(const Run& run, const Record& record) {
   return sum.value();
 }
 
-double leastDepth(const Run& run) {
+double leastDepth(const Solution& run) {
   double least = std::numeric_limits<double>::infinity();
   for (const Record& record : run.records) {
     for (std::size_t cell = 0; cell < run.bed.size(); ++cell) {
@@ -125,7 +129,7 @@ double leastDepth(const Run& run) {
   return least;
 }
 
-std::size_t countDeeper(const Run& run, const Record& record, double depth) {
+std::size_t countDeeper(const Solution& run, const Record& record, double depth) {
   std::size_t count = 0;
   for (std::size_t cell = 0; cell < run.bed.size(); ++cell) {
     if (run.depth(record, cell) > depth) ++count;
@@ -133,12 +137,16 @@ std::size_t countDeeper(const Run& run, const Record& record, double depth) {
   return count;
 }
 
-int callsOf(const std::string& loop, const std::string& console) {
+int callsOf(const std::string& kernel, const std::string& console) {
   std::istringstream lines(console);
   for (std::string line; std::getline(lines, line);) {
     std::istringstream words(line);
     int count = 0;
-    if (line.find(loop) != std::string::npos && words >> count) return count;
+    if (!(words >> count)) continue;
+    std::string word;
+    while (words >> word) {
+    }
+    if (word == kernel) return count;
   }
   return 0;
 }

@@ -1,0 +1,18 @@
+#include "simulation/Factory.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+TEST(SimulationFactory, makesPlansThatTheCallerOwns) {
+  std::unique_ptr<api::IExecutionPlan> const plan(
+      simulation::Factory::createExecutionPlan(1.0, 2.0, 4.0));
+  EXPECT_EQ(plan->getIncrement(), 2.0);
+  EXPECT_FALSE(plan->execute(0.0));
+  EXPECT_TRUE(plan->execute(1.0));
+  EXPECT_FALSE(plan->execute(5.0));
+}
+
+}  // namespace

@@ -1,0 +1,62 @@
+#include "simulation/SignalWatch.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+
+namespace {
+
+using simulation::SignalWatch;
+
+TEST(SignalWatch, isQuietWithoutSignals) {
+  const SignalWatch watch;
+  EXPECT_EQ(SignalWatch::stopSignal(), 0);
+  EXPECT_FALSE(SignalWatch::takeRecordRequest());
+}
+
+TEST(SignalWatch, tellsTheSignalThatAsksToEnd) {
+  for (const int signal : {SIGINT, SIGTERM}) {
+    const SignalWatch watch;
+    std::raise(signal);
+    EXPECT_EQ(SignalWatch::stopSignal(), signal);
+    EXPECT_EQ(SignalWatch::stopSignal(), signal);
+  }
+}
+
+TEST(SignalWatch, handsOutAWishForARecordOnce) {
+  const SignalWatch watch;
+  std::raise(SIGUSR1);
+  std::raise(SIGUSR1);
+  EXPECT_TRUE(SignalWatch::takeRecordRequest());
+  EXPECT_FALSE(SignalWatch::takeRecordRequest());
+  EXPECT_EQ(SignalWatch::stopSignal(), 0);
+}
+
+TEST(SignalWatch, forgetsWhatCameBeforeIt) {
+  {
+    const SignalWatch watch;
+    std::raise(SIGTERM);
+    std::raise(SIGUSR1);
+  }
+  const SignalWatch watch;
+  EXPECT_EQ(SignalWatch::stopSignal(), 0);
+  EXPECT_FALSE(SignalWatch::takeRecordRequest());
+}
+
+TEST(SignalWatch, aSecondSignalEndsTheProcess) {
+  EXPECT_EXIT(
+      {
+        const SignalWatch watch;
+        std::raise(SIGINT);
+        std::raise(SIGTERM);
+      },
+      ::testing::KilledBySignal(SIGTERM), "");
+}
+
+TEST(SignalWatch, leavesTheSignalsAsTheyWere) {
+  std::signal(SIGUSR1, SIG_IGN);
+  { const SignalWatch watch; }
+  EXPECT_EQ(std::signal(SIGUSR1, SIG_DFL), SIG_IGN);
+}
+
+}  // namespace

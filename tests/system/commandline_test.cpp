@@ -1,0 +1,315 @@
+// The command line as users type it: whole outputs and exit statuses.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "system/Simulation.h"
+
+namespace {
+
+using support::FOOTER;
+using support::HEADER;
+using support::Outcome;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+class CommandLine : public support::Simulation {
+ protected:
+  CommandLine() { useSample("one_cell"); }
+
+  bool exists(const std::string& name) const { return std::filesystem::exists(dir.file(name)); }
+};
+
+TEST_F(CommandLine, helpShowsTheUsageAndNoFooter) {
+  const Outcome run = program({"--help"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, std::string(HEADER) + R"text(
+USAGE: 
+
+   ./simulation  [-o <string>] [-d] [-p] -r <string> [-a <string>] [-n
+                 <int>] [-l <int>] -f <string> [--] [--version] [-h]
+
+
+Where: 
+
+   -o <string>,  --output <string>
+     name of .h5 file for storing results (must contain ending .h5)
+
+   -d,  --debug
+     print IDs showing numerical issues
+
+   -p,  --progress
+     print simulation progress
+
+   -r <string>,  --runfile <string>
+     (required)  h5 file with model definition
+
+   -a <string>,  --archive <string>
+     restore the archive
+
+   -n <int>,  --nthreads <int>
+     number of threads
+
+   -l <int>,  --log <int>
+     level of debug messages
+
+   -f <string>,  --file <string>
+     (required)  the configuration file
+
+   --,  --ignore_rest
+     Ignores the rest of the labeled arguments following this flag.
+
+   --version
+     Displays version information and exits.
+
+   -h,  --help
+     Displays usage information and exits.
+
+
+   This is the 'simulation' binary of the RHEOMARK framework.
+
+)text");
+}
+
+TEST_F(CommandLine, versionIsShownWithoutFooter) {
+  const Outcome run = program({"--version"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, std::string(HEADER) + "\n./simulation  version: v3.0.1\n\n");
+}
+
+const char* const BRIEF_USAGE = R"text(
+Brief USAGE: 
+   ./simulation  [-o <string>] [-d] [-p] -r <string> [-a <string>] [-n
+                 <int>] [-l <int>] -f <string> [--] [--version] [-h]
+
+For complete USAGE and HELP type: 
+   ./simulation --help
+
+)text";
+
+TEST_F(CommandLine, bothFilesAreRequired) {
+  const Outcome withoutRun = program({"-f", "command.json"});
+  EXPECT_EQ(withoutRun.status, 1);
+  EXPECT_EQ(withoutRun.out, HEADER);
+  EXPECT_EQ(withoutRun.err, "PARSE ERROR:  \n             Required argument missing: runfile\n" +
+                                std::string(BRIEF_USAGE));
+
+  const Outcome withoutCommand = program({"-r", "run.h5"});
+  EXPECT_EQ(withoutCommand.status, 1);
+  EXPECT_EQ(withoutCommand.out, HEADER);
+  EXPECT_EQ(withoutCommand.err, "PARSE ERROR:  \n             Required argument missing: file\n" +
+                                    std::string(BRIEF_USAGE));
+}
+
+TEST_F(CommandLine, aNumberIsNeededWhereOneIsAskedFor) {
+  const Outcome run = simulate({"--log", "much"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, HEADER);
+  EXPECT_EQ(run.err,
+            "PARSE ERROR: Argument: -l (--log)\n"
+            "             Couldn't read argument value from string 'much'\n" +
+                std::string(BRIEF_USAGE));
+}
+
+TEST_F(CommandLine, unknownOptionsAreRefused) {
+  const Outcome run = simulate({"--fast"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, HEADER);
+  EXPECT_EQ(run.err,
+            "PARSE ERROR: Argument: --fast\n             Couldn't find match for "
+            "argument\n" +
+                std::string(BRIEF_USAGE));
+}
+
+TEST_F(CommandLine, longNamesAreThoseOfTheShortOnes) {
+  const Outcome run =
+      program({"--file", "command.json", "--runfile", "run.h5", "--output", "long.h5", "--log", "1",
+               "--nthreads", "1", "--progress", "--debug"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, HasSubstr(" -> init output <water_surface>\n"));
+  EXPECT_THAT(run.out, HasSubstr(" -> Progress: 0/100, "));
+  EXPECT_THAT(run.out, HasSubstr(" -> DEBUG MODE ACTIVATED\n"));
+  EXPECT_TRUE(exists("long_results.h5"));
+}
+
+// -- the command file -----------------------------------------------------------------------------
+
+TEST_F(CommandLine, aMissingCommandFileIsReportedBeforeTheRunFileIsLookedAt) {
+  const Outcome run = program({"-f", "nothing.json", "-r", "nothing.h5"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, HEADER);
+  EXPECT_EQ(run.err,
+            " -> configuration file not found: nothing.json\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+}
+
+const char* const NOT_VALID =
+    " -> Terminating RHEOMARK due to JSON validation errors.\n"
+    " -> ... unfortunately RHEOMARK is killed!\n";
+
+TEST_F(CommandLine, aCommandFileWithErrorsStopsTheRun) {
+  support::writeFile(commandFile, R"({"SIMULATION": {"TIME": {"start": 0, "end": 1, "out": 1}}})");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out,
+            std::string(HEADER) + "/SIMULATION/OUTPUT: This item is required but missing.\n");
+  EXPECT_EQ(run.err, NOT_VALID);
+  EXPECT_FALSE(exists("results_results.h5"));
+}
+
+TEST_F(CommandLine, aCommandFileWithoutEndStopsTheRun) {
+  setCommand(R"("start": 0, "out": 1)");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out,
+            std::string(HEADER) + "/SIMULATION/TIME/end: This item is required but missing.\n");
+  EXPECT_EQ(run.err, NOT_VALID);
+}
+
+TEST_F(CommandLine, outputsThatAUserMayNotAskForStopTheRun) {
+  for (const std::string output : {"flow_velocity_abs", "flood_tracking"}) {
+    setCommand(R"("start": 0, "end": 1, "out": 1)", "\"" + output + "\"");
+    const Outcome run = simulate();
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.out, HasSubstr("/SIMULATION/OUTPUT/0: "));
+    EXPECT_EQ(run.err, NOT_VALID);
+  }
+}
+
+TEST_F(CommandLine, outputsThatTheModelDoesNotHaveStopTheRun) {
+  setCommand(R"("start": 0, "end": 1, "out": 1)", R"("flow_curvature")");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            " -> output <flow_curvature> cannot be defined within the this model setup, valid "
+            "are:\n"
+            " -> water_surface\n -> water_depth\n -> bottom_elevation\n -> spec_discharge\n"
+            " -> delta_z\n -> flow_velocity\n -> flow_velocity_abs\n -> \n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+}
+
+TEST_F(CommandLine, textThatIsNoDocumentStopsTheRun) {
+  for (const std::string text : {"", "{\"SIMULATION\"", "no document"}) {
+    support::writeFile(commandFile, text);
+    const Outcome run = simulate();
+    EXPECT_EQ(run.status, 1) << text;
+    EXPECT_THAT(run.out, StartsWith(std::string(HEADER) + "Parsing the JSON data file failed: "));
+    EXPECT_EQ(run.err, NOT_VALID);
+  }
+}
+
+TEST_F(CommandLine, warningsDoNotStopTheRun) {
+  support::writeFile(commandFile, R"({"SETUP": {}, "SIMULATION": {"OUTPUT": [],
+                                      "TIME": {"start": 0, "end": 0, "out": 0, "more": 1}}})");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, StartsWith(std::string(HEADER) +
+                                  "/SETUP: The value of this item will not be used.\n"
+                                  "/SIMULATION/TIME/more: The value of this item will not be "
+                                  "used.\n"
+                                  " -> composing the model from archive\n"));
+  EXPECT_THAT(run.out, EndsWith(FOOTER));
+}
+
+// -- threads, archive, names ----------------------------------------------------------------------
+
+TEST_F(CommandLine, moreThreadsThanOneAreAnsweredAndTheRunIsTheSame) {
+  setCommand(R"("start": 0, "end": 0.5, "out": 0.5)");
+  ASSERT_EQ(simulate().status, 0);
+  const std::string alone = dir.file("alone.h5");
+  std::filesystem::rename(resultFile, alone);
+  for (const std::string threads : {"8", "2"}) {
+    const Outcome run = simulate({"--nthreads", threads});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(support::linesWith("parallel", run.out).size(), 1U) << threads;
+    EXPECT_THAT(run.out, HasSubstr(" -> no parallel run!\n"));
+    EXPECT_THAT(support::differences(alone, resultFile), ::testing::IsEmpty());
+  }
+  for (const std::string threads : {"1", "0"}) {
+    EXPECT_THAT(simulate({"--nthreads", threads}).out, Not(HasSubstr("parallel"))) << threads;
+  }
+}
+
+TEST_F(CommandLine, archiveRestoresTheSetupDocumentAndRunsNothing) {
+  const Outcome run = simulate({"--archive", "out.txt", "--nthreads", "8", "--progress"});
+  EXPECT_EQ(run.status, 0);
+  EXPECT_EQ(run.err, "");
+  EXPECT_EQ(run.out, std::string(HEADER) +
+                         " -> composing the model from archive\n"
+                         " -> found aggregate <hydraulics_aggr>\n"
+                         " -> restoring the model configuration to file <out.txt>\n" +
+                         FOOTER);
+  EXPECT_EQ(support::readFile(dir.file("out.txt")), support::readText(runFile, ".config/model"));
+  EXPECT_FALSE(exists("results_results.h5"));
+}
+
+TEST_F(CommandLine, archiveRestoresFromAResultsFileAsWell) {
+  ASSERT_EQ(simulate().status, 0);
+  const Outcome run = program({"-f", "command.json", "-r", "results_results.h5", "-a", "out.txt"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(support::readFile(dir.file("out.txt")), support::readText(runFile, ".config/model"));
+}
+
+TEST_F(CommandLine, archiveNeedsTheCommandFileToBeValid) {
+  setCommand(R"("start": 0, "out": 1)");
+  EXPECT_EQ(simulate({"--archive", "out.txt"}).status, 1);
+  EXPECT_FALSE(exists("out.txt"));
+}
+
+TEST_F(CommandLine, outputMayHaveTheNameOfTheRunFile) {
+  const std::string before = support::readFile(runFile);
+  const Outcome run = program({"-f", "command.json", "-r", "run.h5", "-o", "run.h5"});
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(exists("run_results.h5"));
+  EXPECT_EQ(support::readFile(runFile), before);
+}
+
+TEST_F(CommandLine, resultsHaveADefaultName) {
+  EXPECT_EQ(program({"-f", "command.json", "-r", "run.h5"}).status, 0);
+  EXPECT_TRUE(exists("results_results.h5"));
+}
+
+TEST_F(CommandLine, theNameOfTheResultsIsCutAtItsFirstExtension) {
+  EXPECT_EQ(program({"-f", "command.json", "-r", "run.h5", "-o", "a.h5.h5"}).status, 0);
+  EXPECT_TRUE(exists("a_results.h5"));
+}
+
+TEST_F(CommandLine, aNameOfResultsWithoutExtensionIsRefused) {
+  const Outcome run = program({"-f", "command.json", "-r", "run.h5", "-o", "results"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.err,
+            " -> no filename with '.h5' extension.\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+}
+
+TEST_F(CommandLine, aRunFileMayBeNamedFromTheWorkingFolder) {
+  const Outcome run = program({"-f", "command.json", "-r", "./run.h5"});
+  EXPECT_EQ(run.status, 0) << run.err;
+}
+
+TEST_F(CommandLine, aRunFileInAFolderWithADotIsNoModelDefinition) {
+  std::filesystem::create_directory(dir.file("a.b"));
+  std::filesystem::copy(runFile, dir.file("a.b/run.h5"));
+  const Outcome run = program({"-f", "command.json", "-r", "a.b/run.h5"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_EQ(run.out, HEADER);
+  EXPECT_EQ(run.err,
+            " -> no model definition found\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+}
+
+TEST_F(CommandLine, noFooterFollowsAFailure) {
+  support::removeLink(runFile, "Parameters/Gravity");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.out, Not(HasSubstr("successfully processed")));
+}
+
+}  // namespace

@@ -1,0 +1,245 @@
+// What a run survives, and what survives a run: kills, viewers, full disks, signals.
+#include <fcntl.h>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <hdf5.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cmath>
+#include <csignal>
+#include <stdexcept>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "system/Simulation.h"
+
+namespace {
+
+using support::linesWith;
+using support::Outcome;
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+class Robustness : public support::Simulation {
+ protected:
+  ~Robustness() override {
+    if (process > 0) {
+      ::kill(process, SIGKILL);
+      ::waitpid(process, nullptr, 0);
+    }
+  }
+
+  /// Starts a run that does not end by itself and announces its records.
+  void startEndless() {
+    useSample("time_out_tenth");
+    setCommand(R"("start": 0, "end": 1e9, "out": 0.01)", R"("water_surface")");
+    process = startSimulation({"-l", "2"});
+  }
+  /// Waits until so many records have been announced.
+  void awaitRecords(std::size_t count) {
+    while (announced() < count) {
+      if (!isRunning()) throw std::runtime_error(support::readFile(dir.file("stderr.txt")));
+      std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+  }
+  std::size_t announced() const {
+    return linesWith(" -> writing output at t = ", support::readFile(dir.file("stdout.txt")))
+        .size();
+  }
+  bool isRunning() {
+    int status = 0;
+    if (::waitpid(process, &status, WNOHANG) == 0) return true;
+    process = -1;
+    return false;
+  }
+  Outcome stop(int signal) {
+    ::kill(process, signal);
+    const pid_t stopped = process;
+    process = -1;
+    return support::finish(dir.path(), stopped);
+  }
+
+  static std::string record(std::size_t number) {
+    std::string digits = std::to_string(number);
+    return "RESULTS/CellsAll/HydState/" + std::string(7 - digits.size(), '0') + digits;
+  }
+  /// Expects whole records 0 to `count` - 1.
+  void expectRecords(std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+      SCOPED_TRACE(record(i));
+      EXPECT_NEAR(support::readTime(resultFile, record(i)), 0.01 * static_cast<double>(i), 1e-12);
+      const std::vector<double> state = support::readNumbers(resultFile, record(i));
+      EXPECT_EQ(state.size(), 3U * 128U);
+      for (const double value : state) EXPECT_TRUE(std::isfinite(value));
+    }
+  }
+
+  pid_t process = -1;
+};
+
+// -- kills ----------------------------------------------------------------------------------------
+
+class Kill : public Robustness, public ::testing::WithParamInterface<int> {};
+
+// The line of a record comes before its data, so the line of the next one proves it complete. The
+// delays are no multiple of anything, so that the kills fall on different moments of a pass.
+TEST_P(Kill, leavesAFileWithAllRecordsThatWereReportedAsWritten) {
+  startEndless();
+  awaitRecords(static_cast<std::size_t>(3 + 5 * GetParam()));
+  std::this_thread::sleep_for(std::chrono::microseconds(313 * GetParam()));
+  EXPECT_EQ(stop(SIGKILL).status, 128 + SIGKILL);
+  const std::size_t lines = announced();
+  expectRecords(lines - 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Moments, Kill, ::testing::Range(0, 8));
+
+TEST_F(Robustness, aKilledRunCanBeContinuedFromItsLastRecord) {
+  startEndless();
+  awaitRecords(6);
+  stop(SIGKILL);
+  setCommand(R"("start": 0.02, "end": 0.04, "out": 0.01)", R"("water_surface")");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_THAT(run.out, HasSubstr(" -> Re-run properly set at 0.02 [s]\n"));
+}
+
+// -- viewers --------------------------------------------------------------------------------------
+
+/// Opens a file as a viewer does; while a record is under way it may take more than one attempt.
+hid_t openAsViewer(const std::string& file) {
+  H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+  for (int attempt = 0; attempt < 1000; ++attempt) {
+    const hid_t id = H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT);
+    if (id >= 0) return id;
+    std::this_thread::sleep_for(std::chrono::milliseconds(2));
+  }
+  throw std::runtime_error("cannot open " + file);
+}
+
+TEST_F(Robustness, aViewerThatHoldsTheResultsOpenDoesNotEndTheRun) {
+  startEndless();
+  awaitRecords(3);
+  const hid_t file = openAsViewer(resultFile);
+  awaitRecords(announced() + 5);
+  EXPECT_TRUE(isRunning());
+  H5Fclose(file);
+}
+
+TEST_F(Robustness, aViewerThatLocksTheResultsDoesNotEndTheRun) {
+  startEndless();
+  awaitRecords(3);
+  const int file = ::open(resultFile.c_str(), O_RDONLY | O_CLOEXEC);
+  ASSERT_GE(file, 0);
+  EXPECT_EQ(::flock(file, LOCK_SH | LOCK_NB), 0);
+  awaitRecords(announced() + 5);
+  EXPECT_TRUE(isRunning());
+  ::close(file);
+}
+
+class Locking : public Robustness {
+ protected:
+  /// Whether a run that is started with this in front of it holds a lock on its results.
+  bool locks(const std::string& environment) {
+    useSample("time_out_tenth");
+    setCommand(R"("start": 0, "end": 1e9, "out": 0.01)");
+    process =
+        support::start(dir.path(), "/bin/sh",
+                       {"-c", environment + "; exec ./simulation -l 2 -f command.json -r run.h5"});
+    awaitRecords(2);
+    const int file = ::open(resultFile.c_str(), O_RDONLY | O_CLOEXEC);
+    const bool locked = ::flock(file, LOCK_SH | LOCK_NB) != 0;
+    ::close(file);
+    stop(SIGKILL);
+    return locked;
+  }
+};
+
+TEST_F(Locking, isOffUnlessTheUserHasAskedForIt) {
+  EXPECT_FALSE(locks("unset HDF5_USE_FILE_LOCKING"));
+}
+
+TEST_F(Locking, isAsTheUserHasSetIt) {
+  EXPECT_TRUE(locks("export HDF5_USE_FILE_LOCKING=TRUE"));
+}
+
+TEST_F(Locking, canBeSwitchedOffByTheUser) {
+  EXPECT_FALSE(locks("export HDF5_USE_FILE_LOCKING=FALSE"));
+}
+
+// -- full disks -----------------------------------------------------------------------------------
+
+class FullDisk : public Robustness {
+ protected:
+  /// Runs the dry dam break where no file may grow beyond so many bytes.
+  Outcome simulateWithin(int bytes) {
+    useSample("dam_dry");
+    before = support::readFile(runFile);
+    return simulateBehind("trap '' XFSZ; ulimit -f " + std::to_string(bytes / 512));
+  }
+
+  std::string before;
+};
+
+TEST_F(FullDisk, endsTheRunAtTheRecordThatDoesNotFit) {
+  const Outcome run = simulateWithin(50 * 1024);
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out,
+              EndsWith("Writing '/RESULTS/CellsAll/HydState/0000002' to file 'results_results.h5'\n"
+                       "Could not write dataset '/RESULTS/CellsAll/HydState/0000002' to file "
+                       "'results_results.h5'\n"));
+  EXPECT_EQ(support::readFile(runFile), before);
+}
+
+TEST_F(FullDisk, endsTheRunWhereItIsFullFromTheStart) {
+  const Outcome run = simulateWithin(4 * 1024);
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.out, EndsWith("Could not write dataset '/RESULTS/CellsAll/HydState/0000000' to "
+                                "file 'results_results.h5'\n"));
+  EXPECT_EQ(support::readFile(runFile), before);
+}
+
+// -- signals --------------------------------------------------------------------------------------
+
+class Stop : public Robustness, public ::testing::WithParamInterface<int> {};
+
+TEST_P(Stop, endsTheRunAfterARecordAndItsTiming) {
+  startEndless();
+  awaitRecords(3);
+  const Outcome run = stop(GetParam());
+  EXPECT_EQ(run.status, 128 + GetParam());
+  EXPECT_EQ(run.err, "");
+  EXPECT_THAT(run.out, HasSubstr(" -> simulation finished! (cpu-time = "));
+  EXPECT_THAT(run.out, HasSubstr(";   Update \n"));
+  EXPECT_THAT(run.out, Not(HasSubstr("successfully processed")));
+  EXPECT_FALSE(std::isnan(support::readTime(resultFile, record(announced() - 1))));
+}
+
+INSTANTIATE_TEST_SUITE_P(Signals, Stop, ::testing::Values(SIGTERM, SIGINT));
+
+TEST_F(Robustness, aRecordCanBeAskedForAtAnyTime) {
+  useSample("time_out_tenth");
+  setCommand(R"("start": 0, "end": 1e9, "out": 1e9)", R"("water_surface")");
+  process = startSimulation({"-l", "2", "-p"});
+  // The run listens from its first line of progress on.
+  while (support::readFile(dir.file("stdout.txt")).find(" -> Progress: 0/100") ==
+         std::string::npos) {
+    ASSERT_TRUE(isRunning());
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  ::kill(process, SIGUSR1);
+  awaitRecords(2);
+  EXPECT_TRUE(isRunning());
+  EXPECT_EQ(stop(SIGTERM).status, 128 + SIGTERM);
+  const double first = support::readTime(resultFile, record(1));
+  EXPECT_GT(first, 0.0);
+  EXPECT_GT(support::readTime(resultFile, record(2)), first);
+}
+
+}  // namespace
