@@ -144,7 +144,7 @@ void checkSeries(const Dats& dats, const Maps& maps, DataID keyId, MapID mapId, 
     const double last = pairs[series->dim - 2];
     const bool full = valuesOf(sizes)[number] >= series->dim && last != kernels::MISSING_VALUE;
     const int key = valuesOf(keys)[static_cast<std::ptrdiff_t>(row) * keys->dim];
-    if (full && (key != 0 || endTime >= last)) {
+    if (full && (key != 0 || endTime > last)) {
       console::fail("series ", number, " in <", pathOf(DataID::InSeries_NumValue), "> has ",
                     series->dim / 2, " points and no end mark: at most ", series->dim / 2 - 1,
                     " points can be looked up beyond the last one");

@@ -233,9 +233,10 @@ TEST_F(InputChecks, aSeriesNeedsAPoint) {
             " -> series 0 in <InSeries/NumValue> has no point: it must have at least one\n");
 }
 
-TEST_F(InputChecks, aFullSeriesMustReachBeyondTheEndOfTheRun) {
+// The last pass starts before the end of the run.
+TEST_F(InputChecks, aFullSeriesMustReachTheEndOfTheRun) {
   giveSeries(fullSeries(), 12000, 0);
-  endTime = 5998.0;
+  endTime = 5999.0;
   expectAccepted();
   endTime = 6000.0;
   const std::string expected =

@@ -350,6 +350,44 @@ TEST_F(FirstSteps, thatACellLimitsDoNotSeeTheInitialStep) {
   EXPECT_THAT(times(), ElementsAre(" -> time: 0.173792", " -> time: 0.2"));
 }
 
+// -- kernels of a model with all there is
+// -----------------------------------------------------------
+
+TEST_F(Console, theTimingTableListsAllKernelsOfAFullModel) {
+  useSample("full_model");
+  setCommand(R"("start": 0, "end": 1.1, "out": 0)");
+  const Outcome run = simulate();
+  ASSERT_EQ(run.status, 0) << run.err;
+  const int passes = callsOf("Update", run.out);
+  EXPECT_GT(passes, 1);
+  for (const char* const once :
+       {"InitCellHydFeatures", "InitCellMorFeatures", "InitFrictionFeatures"}) {
+    EXPECT_EQ(callsOf(once, run.out), 1) << once;
+  }
+  for (const char* const kernel : {"TimeStepCalculation",
+                                   "NodeStringStateCalc",
+                                   "EdgeDataInterpolation",
+                                   "CellDataInterpolation",
+                                   "EdgeDataModification",
+                                   "CellDataModification",
+                                   "CalCCurvature",
+                                   "CalcBedGradient",
+                                   "HydBoundaryFluxes",
+                                   "MorBoundaryFluxes",
+                                   "HydWallBFluxes",
+                                   "MorWallBFluxes",
+                                   "HydInternalFluxes",
+                                   "LocalBedSlope",
+                                   "MorBedloadTransport",
+                                   "MorInternalFluxes",
+                                   "HydFriction",
+                                   "HydFlood",
+                                   "HydSource",
+                                   "MorSource"}) {
+    EXPECT_EQ(callsOf(kernel, run.out), passes) << kernel;
+  }
+}
+
 // -- loops around loops, and kernels without elements ---------------------------------------------
 
 class FixedBed : public Console {

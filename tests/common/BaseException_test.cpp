@@ -1,0 +1,15 @@
+#include "common/BaseException.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+TEST(BaseException, saysTheSameWhateverTheCause) {
+  const BaseException exception;
+  const std::exception& seen = exception;
+  EXPECT_STREQ(seen.what(), "... unfortunately RHEOMARK is killed!");
+}
+
+}  // namespace

@@ -1,0 +1,59 @@
+#include "common/check.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "common/BaseException.h"
+
+namespace {
+
+/// What a failing check writes to standard error.
+template <class Action>
+std::string reportOf(Action&& action) {
+  ::testing::internal::CaptureStderr();
+  EXPECT_THROW(action(), BaseException);
+  return ::testing::internal::GetCapturedStderr();
+}
+
+TEST(Check, withoutMessageShowsItsCondition) {
+  const std::vector<int> data(2);
+  EXPECT_EQ(reportOf([&] { CHECK_THAT_AT(data.size() == 1, "", 7); }),
+            " -> data.size() == 1, in file: tests/common/check_test on line 7, version v3.0.1\n");
+}
+
+TEST(Check, withMessageShowsItInPlaceOfTheCondition) {
+  const int id = 12;
+  EXPECT_EQ(reportOf([&] { CHECK_THAT_AT(id < 0, "kernel <" << id << "> not " << 0.5, 411); }),
+            " -> kernel <12> not 0.5, in file: tests/common/check_test on line 411, version "
+            "v3.0.1\n");
+}
+
+TEST(Check, withoutALineNumberShowsItsOwn) {
+  const int line = __LINE__ + 1;
+  EXPECT_EQ(reportOf([] { CHECK_THAT(false, "no"); }),
+            " -> no, in file: tests/common/check_test on line " + std::to_string(line) +
+                ", version v3.0.1\n");
+}
+
+TEST(Check, thatHoldsDoesNothing) {
+  int formatted = 0;
+  const auto text = [&] {
+    ++formatted;
+    return "text";
+  };
+  ::testing::internal::CaptureStderr();
+  CHECK_THAT(formatted == 0, text());
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
+  EXPECT_EQ(formatted, 0);
+}
+
+TEST(FailCheck, takesASourceWithoutExtensionAsItIs) {
+  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/main_simulation", 37); }),
+            " -> a == b, in file: src/main_simulation on line 37, version v3.0.1\n");
+  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/model/Model.cpp", 1); }),
+            " -> a == b, in file: src/model/Model on line 1, version v3.0.1\n");
+}
+
+}  // namespace
