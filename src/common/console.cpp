@@ -4,15 +4,21 @@
 
 namespace common::console {
 
-void infoLine(const std::string& message) { std::cout << " -> " << message << std::endl; }
+void infoLine(const std::string& message) {
+  std::cout << " -> " << message << std::endl;
+}
 
-void errorLine(const std::string& message) { std::cerr << " -> " << message << std::endl; }
+void errorLine(const std::string& message) {
+  std::cerr << " -> " << message << std::endl;
+}
 
 void printHeader() {
   std::cout << "RHEOMARK " << VERSION << std::endl;
-  std::cout << "RHEOplane" << ' ' << "sequential" << " binary" << std::endl;
+  std::cout << "RHEOplane" << ' ' << "sequential"
+            << " binary" << std::endl;
   std::cout << VERSION << std::endl;
-  std::cout << "Results are computed without warranty; checking them is up to the user." << std::endl;
+  std::cout << "Results are computed without warranty; checking them is up to the user."
+            << std::endl;
   std::cout << std::endl;
 }
 

@@ -29,6 +29,10 @@ RheomarkCmdLine::~RheomarkCmdLine() {
   printFooter();
 }
 
-void RheomarkCmdLine::printHeader() { common::console::printHeader(); }
+void RheomarkCmdLine::printHeader() {
+  common::console::printHeader();
+}
 
-void RheomarkCmdLine::printFooter() { common::console::printFooter(); }
+void RheomarkCmdLine::printFooter() {
+  common::console::printFooter();
+}

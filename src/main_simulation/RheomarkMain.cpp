@@ -31,8 +31,8 @@ namespace {
 }  // namespace
 
 RheomarkMain::RheomarkMain(const char* name)
-    : RheomarkCmdLine(std::string("This is the '") + name +
-                      "' binary of the RHEOMARK framework.") {}
+    : RheomarkCmdLine(std::string("This is the '") + name + "' binary of the RHEOMARK framework.") {
+}
 
 void RheomarkMain::parseCmdLine(int argc, char** argv) {
   try {

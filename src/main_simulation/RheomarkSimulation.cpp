@@ -38,8 +38,7 @@ void RheomarkSimulation::addArguments() {
 
 // A failure leaves the domain object alone: the process ends without shutting the runtime down.
 void RheomarkSimulation::executionContent() {
-  api::ISimulation* domain =
-      simulation::RHEOdomain::getInstance(getJsonFile(), runArg->getValue());
+  api::ISimulation* domain = simulation::RHEOdomain::getInstance(getJsonFile(), runArg->getValue());
   if (getArchive().empty()) {
     domain->setParallel(getNthreads());
     domain->init(getLogLevel(), progressArg->getValue(), debugArg->getValue(),

@@ -70,14 +70,19 @@ void addTransfer(op_kernel& record, op_set set, typename L::Arguments const& arg
   (addMap(L::template Row<I>::mapped && mapLeader<L, I>() == I, args[I]), ...);
 }
 
-inline void reduceGlobal(op_arg* arg, double* value) { op_mpi_reduce_double(arg, value); }
-inline void reduceGlobal(op_arg* arg, int* value) { op_mpi_reduce_int(arg, value); }
+inline void reduceGlobal(op_arg* arg, double* value) {
+  op_mpi_reduce_double(arg, value);
+}
+inline void reduceGlobal(op_arg* arg, int* value) {
+  op_mpi_reduce_int(arg, value);
+}
 
 template <class L, std::size_t... I>
 void reduce(typename L::Arguments& args, std::index_sequence<I...> /*rows*/) {
   auto const one = []<class Row>(std::type_identity<Row>, op_arg& arg) {
     if constexpr (Row::global) {
-      if constexpr (Row::reduction) reduceGlobal(&arg, reinterpret_cast<Row::Value*>(arg.data));
+      if constexpr (Row::reduction)
+        reduceGlobal(&arg, reinterpret_cast<typename Row::Value*>(arg.data));
     }
   };
   (one(std::type_identity<typename L::template Row<I>>{}, args[I]), ...);

@@ -19,6 +19,8 @@ class H5Handle {
   H5Handle(hid_t id, Close close) : id_(id), close_(close) {}
   H5Handle(H5Handle const&) = delete;
   H5Handle& operator=(H5Handle const&) = delete;
+  H5Handle(H5Handle&&) = delete;
+  H5Handle& operator=(H5Handle&&) = delete;
   ~H5Handle() {
     if (id_ >= 0) close_(id_);
   }
@@ -40,6 +42,8 @@ class H5Silence {
   }
   H5Silence(H5Silence const&) = delete;
   H5Silence& operator=(H5Silence const&) = delete;
+  H5Silence(H5Silence&&) = delete;
+  H5Silence& operator=(H5Silence&&) = delete;
   ~H5Silence() { H5Eset_auto2(H5E_DEFAULT, function_, data_); }
 
  private:

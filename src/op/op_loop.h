@@ -116,8 +116,7 @@ template <auto Datum, class Values, class Reach = direct>
 using change = DatRow<OP_RW, Datum, Values, Reach, always>;
 /// Read only while the application's flag is set; the dat may be absent otherwise.
 template <auto Flag, auto Datum, class Values, class Reach = direct>
-using read_if =
-    DatRow<OP_READ, Datum, Values, Reach, std::integral_constant<decltype(Flag), Flag>>;
+using read_if = DatRow<OP_READ, Datum, Values, Reach, std::integral_constant<decltype(Flag), Flag>>;
 template <class T>
 using given = GlobalRow<OP_READ, T>;
 template <class T>
@@ -185,7 +184,7 @@ template <class L, std::size_t I>
 constexpr std::size_t mapLeader() {
   return []<std::size_t... J>(std::index_sequence<J...>) {
     std::size_t leader = I;
-    ((shareMap<L, I, J>() && J < leader ? leader = J : leader), ...);
+    ((shareMap<L, I, J>()&& J < leader ? leader = J : leader), ...);
     return leader;
   }
   (std::make_index_sequence<L::rows>{});

@@ -14,7 +14,9 @@ ExecutionPlan::ExecutionPlan(const double& windowStart, const double& windowIncr
   }
 }
 
-bool ExecutionPlan::execute(const double& time) { return checkExecution(time); }
+bool ExecutionPlan::execute(const double& time) {
+  return checkExecution(time);
+}
 
 // The step is clipped outside the window and after a finished single firing, too: it then becomes
 // what is left to the next firing, which can be negative.
@@ -24,7 +26,9 @@ bool ExecutionPlan::execute(const double& time, double& timeStep) {
   return fires;
 }
 
-double ExecutionPlan::getIncrement() const { return increment; }
+double ExecutionPlan::getIncrement() const {
+  return increment;
+}
 
 bool ExecutionPlan::checkExecution(const double& time) {
   if (finished) return false;

@@ -69,7 +69,9 @@ op_dat find(const Dats& dats, DataID id) {
   return found == dats.end() ? nullptr : found->second;
 }
 
-const int* valuesOf(op_dat dat) { return reinterpret_cast<const int*>(dat->data); }
+const int* valuesOf(op_dat dat) {
+  return reinterpret_cast<const int*>(dat->data);
+}
 
 void checkRange(const Dats& dats, const Range& range) {
   const op_dat dat = find(dats, range.datum);

@@ -29,10 +29,9 @@
 #include "simulation/kernels/topology/node_string_states.h"
 
 // One line per loop ties a description to its kernel body and gives the frame its name.
-#define LOOP_FRAME(NAME, DESCRIPTION, BODY)                                     \
-  void op_par_loop_##NAME(char const* name, op_set set,                         \
-                          loops::DESCRIPTION::Arguments args) {                 \
-    op::par_loop<loops::DESCRIPTION, kernels::BODY>(name, set, args);           \
+#define LOOP_FRAME(NAME, DESCRIPTION, BODY)                                                   \
+  void op_par_loop_##NAME(char const* name, op_set set, loops::DESCRIPTION::Arguments args) { \
+    op::par_loop<loops::DESCRIPTION, kernels::BODY>(name, set, args);                         \
   }
 
 // clang-format off

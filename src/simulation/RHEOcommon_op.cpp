@@ -65,7 +65,9 @@ RHEOcommon::RHEOcommon(const std::string& commandFileName, const std::string& ru
   model->addOutputs(commandFile->getOptionalStringList("SIMULATION/OUTPUT", {}));
 }
 
-RHEOcommon::~RHEOcommon() { op_exit(); }
+RHEOcommon::~RHEOcommon() {
+  op_exit();
+}
 
 void RHEOcommon::printHash(const std::string& file) {
   console::info("restoring the model configuration to file <", file, ">");
@@ -320,7 +322,8 @@ void* RHEOcommon::keepMemory(std::size_t count, std::size_t size) {
 template <class T>
 op_dat RHEOcommon::createLocalData(api::IData* const& data) {
   const std::vector<int> size = data->getDimension();
-  const std::size_t count = static_cast<std::size_t>(size.at(0)) * static_cast<std::size_t>(size.at(1));
+  const std::size_t count =
+      static_cast<std::size_t>(size.at(0)) * static_cast<std::size_t>(size.at(1));
   void* values = keepMemory(count, sizeof(T));
   return op_decl_dat_char(sets[data->getSet()->getID()], size.at(1), data->getType().c_str(),
                           sizeof(T), static_cast<char*>(values), data->getH5Path().c_str());
@@ -379,8 +382,8 @@ void RHEOcommon::initKernelPlans(const double& start) {
     const auto id = static_cast<model::KernelID>(ids[i].at(0));
     if (kernels.count(id) == 0) continue;
     const std::vector<double>& timing = execution.at(i);
-    kernelPlans[id].reset(Factory::createExecutionPlan(timing.at(0) + start, timing.at(1),
-                                                       start + timing.at(2)));
+    kernelPlans[id].reset(
+        Factory::createExecutionPlan(timing.at(0) + start, timing.at(1), start + timing.at(2)));
   }
 }
 
@@ -409,8 +412,7 @@ void RHEOcommon::run() {
   while (end > currentTime) {
     executeKernels();
     if (minimum > timeStep && logLevel > 0) {
-      console::info("time step smaller than allowed minimal ", minimum,
-                    ". check for stability...");
+      console::info("time step smaller than allowed minimal ", minimum, ". check for stability...");
     }
     currentTime = timeStep + currentTime;
     if (logLevel > 2) console::info("time: ", currentTime);
@@ -439,8 +441,8 @@ void RHEOcommon::printProgressMessage(const double& increment, const Clock::time
                                       const double& dt) const {
   if (!progress) return;
   const double simulated = currentTime - startTime();
-  console::info("Progress: ", truncated(simulated / increment), "/", progressSteps,
-                ", dt = ", dt, " [s]", ", RTS = ", simulated / secondsSince(clock));
+  console::info("Progress: ", truncated(simulated / increment), "/", progressSteps, ", dt = ", dt,
+                " [s]", ", RTS = ", simulated / secondsSince(clock));
 }
 
 void RHEOcommon::archive() {

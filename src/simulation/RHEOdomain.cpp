@@ -215,8 +215,7 @@ void RHEOdomain::kernel_MORPHOLOGY_LocalBedSlope() {
 
 void RHEOdomain::kernel_MORPHOLOGY_CalcBedloadTransport() {
   int friction = flag(Flag::friction);
-  parLoop<loops::MorBedloadTransport>(op_par_loop_kernel_MORPHOLOGY_CalcBedloadTransport,
-                                      friction);
+  parLoop<loops::MorBedloadTransport>(op_par_loop_kernel_MORPHOLOGY_CalcBedloadTransport, friction);
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_InternalFluxes() {

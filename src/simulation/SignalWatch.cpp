@@ -13,7 +13,9 @@ extern "C" void requestStop(int signal) {
   std::signal(SIGTERM, SIG_DFL);
 }
 
-extern "C" void requestRecord(int /*signal*/) { recordRequest = 1; }
+extern "C" void requestRecord(int /*signal*/) {
+  recordRequest = 1;
+}
 
 void watch(int signal, void (*handler)(int), struct sigaction& previous) {
   struct sigaction action {};
@@ -39,7 +41,9 @@ SignalWatch::~SignalWatch() {
   sigaction(SIGUSR1, &user, nullptr);
 }
 
-int SignalWatch::stopSignal() { return stopRequest; }
+int SignalWatch::stopSignal() {
+  return stopRequest;
+}
 
 bool SignalWatch::takeRecordRequest() {
   const bool requested = recordRequest != 0;

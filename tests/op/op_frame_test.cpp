@@ -24,8 +24,12 @@ std::size_t allocations = 0;  // NOLINT: seen by the replaced operator new
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept { std::free(memory); }
+[[gnu::noinline]] void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+[[gnu::noinline]] void operator delete(void* memory, std::size_t /*size*/) noexcept {
+  std::free(memory);
+}
 
 namespace {
 
@@ -39,29 +43,29 @@ using op::all;
 using op::at;
 using op::Order;
 
-void copyBody(double const* in, double* out) { out[0] = in[0] + in[1]; }
+void copyBody(double const* in, double* out) {
+  out[0] = in[0] + in[1];
+}
 using CopyLoop = op::Loop<"toy_copy", 0, Kernel::toy, Set::cells, Order::any,
                           op::read<Datum::state, double[2]>, op::write<Datum::depth, double>>;
 
 void jumpBody(double const* left, double const* right, double const* factor, double* out) {
   out[0] = (right[0] - left[0]) * factor[0];
 }
-using JumpLoop =
-    op::Loop<"toy_jump", 1, Kernel::toy, Set::cells, Order::any,
-             op::read<Datum::depth, double, at<Map::edgeCells, 0>>,
-             op::read<Datum::depth, double, at<Map::edgeCells, 1>>, op::given<double>,
-             op::write<Datum::state, double>>;
+using JumpLoop = op::Loop<"toy_jump", 1, Kernel::toy, Set::cells, Order::any,
+                          op::read<Datum::depth, double, at<Map::edgeCells, 0>>,
+                          op::read<Datum::depth, double, at<Map::edgeCells, 1>>, op::given<double>,
+                          op::write<Datum::state, double>>;
 
 void sumBody(double const* const* values, int const* number, double* out, double* highest) {
   out[0] = values[0][0] + values[1][0] + values[2][0];
   if (number != nullptr) out[0] += number[0];
   if (out[0] > highest[0]) highest[0] = out[0];
 }
-using SumLoop =
-    op::Loop<"toy_sum", 2, Kernel::toy, Set::cells, Order::any,
-             op::read<Datum::area, double, all<Map::cellEdges, 3>>,
-             op::read_if<Switch::on, Datum::flag, int>, op::change<Datum::depth, double>,
-             op::highest<double>>;
+using SumLoop = op::Loop<"toy_sum", 2, Kernel::toy, Set::cells, Order::any,
+                         op::read<Datum::area, double, all<Map::cellEdges, 3>>,
+                         op::read_if<Switch::on, Datum::flag, int>,
+                         op::change<Datum::depth, double>, op::highest<double>>;
 
 void lowestBody(int const* value, int* lowest) {
   if (value[0] < lowest[0]) lowest[0] = value[0];
@@ -69,15 +73,17 @@ void lowestBody(int const* value, int* lowest) {
 using LowestLoop = op::Loop<"toy_lowest", 3, Kernel::toy, Set::cells, Order::ascending,
                             op::read<Datum::flag, int>, op::lowest<int>>;
 
-void flatBody(double const* in, double* out) { out[0] = in[0]; }
+void flatBody(double const* in, double* out) {
+  out[0] = in[0];
+}
 using FlatLoop = op::Loop<"toy_flat", 4, Kernel::toy, Set::cells, Order::any,
                           op::read<Datum::state, double>, op::write<Datum::depth, double>>;
 
 static_assert(CopyLoop::isDirect && CopyLoop::entries == 2);
 static_assert(!JumpLoop::isDirect && JumpLoop::entries == 4);
 static_assert(!SumLoop::isDirect && SumLoop::entries == 6);
-static_assert(std::is_same_v<SumLoop::Body, void(double const* const*, int const*, double*,
-                                                 double*)>);
+static_assert(
+    std::is_same_v<SumLoop::Body, void(double const* const*, int const*, double*, double*)>);
 
 class Frame : public ::testing::Test {
  protected:
@@ -111,8 +117,8 @@ class Frame : public ::testing::Test {
   }
 
   void runCopy(op_set set) {
-    op::par_loop<CopyLoop, copyBody>(
-        "copy", set, {direct(state, 2, OP_READ), direct(depth, 1, OP_WRITE)});
+    op::par_loop<CopyLoop, copyBody>("copy", set,
+                                     {direct(state, 2, OP_READ), direct(depth, 1, OP_WRITE)});
   }
 
   std::array<int, 6> edgeCellTable{0, 1, 1, 2, 3, 0};
@@ -152,14 +158,12 @@ TEST_F(Frame, vectorRowsGiveAllColumnsAndOptionalRowsAPointerOrNull) {
   op_arg const absent = op_opt_arg_dat(0, nullptr, -1, nullptr, 1, "int", OP_READ);
   op_arg const values = op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ);
   op_arg const global = op_arg_gbl(&highest, 1, "double", OP_MAX);
-  op::par_loop<SumLoop, sumBody>("sum", cells,
-                                 {values, absent, direct(depth, 1, OP_RW), global});
+  op::par_loop<SumLoop, sumBody>("sum", cells, {values, absent, direct(depth, 1, OP_RW), global});
   EXPECT_EQ(depths, (std::array<double, 4>{10101, 3, 10101, 10200}));
   EXPECT_EQ(highest, 10200);
 
   op_arg const present = op_opt_arg_dat(1, numbers, -1, nullptr, 1, "int", OP_READ);
-  op::par_loop<SumLoop, sumBody>("sum", cells,
-                                 {values, present, direct(depth, 1, OP_RW), global});
+  op::par_loop<SumLoop, sumBody>("sum", cells, {values, present, direct(depth, 1, OP_RW), global});
   EXPECT_EQ(depths, (std::array<double, 4>{10106, -4, 10104, 10209}));
 }
 
@@ -177,8 +181,7 @@ TEST_F(Frame, reductionsKeepTheRunningValue) {
   int lowest = 4;
   op::par_loop<LowestLoop, lowestBody>(
       "lowest", cells,
-      {op_arg_dat(numbers, -1, nullptr, 1, "int", OP_READ),
-       op_arg_gbl(&lowest, 1, "int", OP_MIN)});
+      {op_arg_dat(numbers, -1, nullptr, 1, "int", OP_READ), op_arg_gbl(&lowest, 1, "int", OP_MIN)});
   EXPECT_EQ(lowest, -7);
 }
 

@@ -89,7 +89,9 @@ double timeOf(hid_t dataset) {
   return time;
 }
 
-bool sameNumber(double a, double b) { return a == b || (std::isnan(a) && std::isnan(b)); }
+bool sameNumber(double a, double b) {
+  return a == b || (std::isnan(a) && std::isnan(b));
+}
 
 std::string compareNumbers(const std::vector<double>& expected, const std::vector<double>& actual) {
   for (std::size_t i = 0; i < expected.size(); ++i) {

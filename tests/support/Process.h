@@ -1,7 +1,7 @@
 // Runs the executables as a user would, and tells what they printed and how they ended.
 //
-//   const support::Outcome run = support::runIn(dir.path(), SIMULATION_EXE, {"-f", "command.json"});
-//   EXPECT_EQ(run.status, 0) << run.err;
+//   const support::Outcome run = support::runIn(dir.path(), SIMULATION_EXE, {"-f",
+//   "command.json"}); EXPECT_EQ(run.status, 0) << run.err;
 #pragma once
 
 #include <sys/types.h>

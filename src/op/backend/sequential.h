@@ -110,16 +110,14 @@ struct Sequential {
     std::array<std::ptrdiff_t, L::rows> const widths{
         (args[I].map == nullptr ? 0 : args[I].map->dim)...};
     for (std::ptrdiff_t n = begin; n < end; ++n) {
-      Body(bodyArgument(std::get<I>(cursors).resolve(
-          n, columnsOf<L, I>(tables, widths, n)))...);
+      Body(bodyArgument(std::get<I>(cursors).resolve(n, columnsOf<L, I>(tables, widths, n)))...);
     }
   }
 
   /// The map row of element n, taken from the table of the first row that uses the same map.
   template <class L, std::size_t I>
   static int const* columnsOf(std::array<int const*, L::rows> const& tables,
-                              std::array<std::ptrdiff_t, L::rows> const& widths,
-                              std::ptrdiff_t n) {
+                              std::array<std::ptrdiff_t, L::rows> const& widths, std::ptrdiff_t n) {
     if constexpr (L::template Row<I>::mapped) {
       constexpr std::size_t leader = detail::mapLeader<L, I>();
       return tables[leader] + n * widths[leader];

@@ -20,9 +20,15 @@ namespace kernels {
 
 using model::ParameterID;
 
-inline double real(ParameterID id) { return G_REAL[static_cast<int>(id)]; }
-inline int integer(ParameterID id) { return G_INT[static_cast<int>(id)]; }
+inline double real(ParameterID id) {
+  return G_REAL[static_cast<int>(id)];
+}
+inline int integer(ParameterID id) {
+  return G_INT[static_cast<int>(id)];
+}
 /// Value `offset` of a parameter with several values.
-inline int integer(ParameterID id, int offset) { return G_INT[static_cast<int>(id) + offset]; }
+inline int integer(ParameterID id, int offset) {
+  return G_INT[static_cast<int>(id) + offset];
+}
 
 }  // namespace kernels

@@ -19,16 +19,16 @@ namespace kernels::hydraulics {
 
 /// What a boundary edge knows; the arguments of the kernel under their names.
 struct BoundaryEdge {
-  double const* normal;      ///< {nx, ny}
-  double sign;               ///< orientation of the nodestring against the edge, +1 or -1
-  double const* D;           ///< boundary record, seven values
-  double const* stateLeft;   ///< {H, qx, qy} [m, m2/s]
+  double const* normal;     ///< {nx, ny}
+  double sign;              ///< orientation of the nodestring against the edge, +1 or -1
+  double const* D;          ///< boundary record, seven values
+  double const* stateLeft;  ///< {H, qx, qy} [m, m2/s]
   double const* stateRight;
-  double const* bedLeft;     ///< z [m]
+  double const* bedLeft;  ///< z [m]
   double const* bedRight;
-  double const* chezy;       ///< squared Chezy value of the left cell; null without friction
-  double const* size;        ///< characteristic size [m]
-  BoundaryCell cell;         ///< the left cell
+  double const* chezy;  ///< squared Chezy value of the left cell; null without friction
+  double const* size;   ///< characteristic size [m]
+  BoundaryCell cell;    ///< the left cell
 };
 
 /// Runs the Riemann solver of the left cell against a state on the other side. Wet flags come from
@@ -176,8 +176,8 @@ inline void innerTransfer(BoundaryEdge const& edge, double* flux) {
 /// Code 218: an open gate is an edge like any other.
 inline void innerGate(BoundaryEdge const& edge, double* flux) {
   double const depthRight = edge.stateRight[0] - edge.bedRight[0];
-  solveAgainst(edge, edge.stateRight, edge.bedRight,
-               depthRight > real(ParameterID::MinWaterDepth), flux);
+  solveAgainst(edge, edge.stateRight, edge.bedRight, depthRight > real(ParameterID::MinWaterDepth),
+               flux);
 }
 
 /// @param type {type code, orientation sign}; @param D boundary record, seven values
@@ -187,11 +187,11 @@ inline void boundary(int const* type, double const* D, double const* normal,
                      double const* stateLeft, double const* stateRight, double const* bedLeft,
                      double const* bedRight, double const* chezy, double const* size,
                      double* flux) {
-  BoundaryEdge const edge{normal,  static_cast<double>(type[1]),
-                          D,       stateLeft,
+  BoundaryEdge const edge{normal,     static_cast<double>(type[1]),
+                          D,          stateLeft,
                           stateRight, bedLeft,
-                          bedRight, chezy,
-                          size,    boundaryCell(normal, stateLeft, bedLeft[0])};
+                          bedRight,   chezy,
+                          size,       boundaryCell(normal, stateLeft, bedLeft[0])};
   bool const open = D[1] > 0.0;
   // clang-format off
   switch (type[0]) {

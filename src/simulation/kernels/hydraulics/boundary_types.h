@@ -49,8 +49,7 @@ inline double froudeNumber(BoundaryCell const& cell) {
 /// Normal depth [m] of a specific discharge on a slope, from q^2 = C g S h^3 with C the squared
 /// non-dimensional Chezy value.
 inline double normalDepth(double discharge, double chezySquared, double slope) {
-  return std::cbrt(discharge * discharge /
-                   (chezySquared * real(ParameterID::Gravity) * slope));
+  return std::cbrt(discharge * discharge / (chezySquared * real(ParameterID::Gravity) * slope));
 }
 
 /// Flux that only the left cell feels.

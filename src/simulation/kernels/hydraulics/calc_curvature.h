@@ -20,9 +20,8 @@ namespace kernels::hydraulics {
 /// @param curvature out [1/m]; 0 where nothing flows
 inline void calc_curvature(double const* const* unitCentroid, double const* const* distance,
                            double const* state, double const* bed,
-                           double const* const* neighbourState,
-                           double const* const* neighbourBed, double const* weight,
-                           double* curvature) {
+                           double const* const* neighbourState, double const* const* neighbourBed,
+                           double const* weight, double* curvature) {
   double const hmin = real(ParameterID::MinWaterDepth);
   double const w = inverseDepth(state[0] - bed[0], hmin);
   double const u = state[1] * w;

@@ -46,7 +46,13 @@ inline EdgeState reconstruct(double const* normal, double const* state, double b
   double const qn = (state[1] * normal[0] + state[2] * normal[1]) * scale;
   double const qt = (state[2] * normal[0] - state[1] * normal[1]) * scale;
   double const inverse_h = active ? 1.0 / h : 0.0;
-  return {active, h, qn, qt, inverse_h, qn * inverse_h, qt * inverse_h,
+  return {active,
+          h,
+          qn,
+          qt,
+          inverse_h,
+          qn * inverse_h,
+          qt * inverse_h,
           std::sqrt(real(ParameterID::Gravity) * h)};
 }
 
@@ -109,9 +115,8 @@ inline EdgeFlux hllc(EdgeState const& L, EdgeState const& R, double zs) {
 ///   cell, [3, 4] as it leaves the right cell in that cell's own outward sense [m3/s2]. Both hold
 ///   the bed term of their cell.
 inline void hydrodynamic_solver(double const* normal, double const* stateLeft,
-                                double const* bedLeft, int const* wetLeft,
-                                double const* stateRight, double const* bedRight,
-                                int const* wetRight, double* flux) {
+                                double const* bedLeft, int const* wetLeft, double const* stateRight,
+                                double const* bedRight, int const* wetRight, double* flux) {
   double const g = real(ParameterID::Gravity);
   double const nx = normal[0];
   double const ny = normal[1];
