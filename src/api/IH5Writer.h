@@ -2,6 +2,7 @@
 // overwritten in place and must have the same shape.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -28,6 +29,9 @@ class IH5Writer : public virtual IH5Base {
   /// Hands everything written so far to the operating system: a run that is killed afterwards
   /// leaves a file that opens and holds it.
   virtual void flush() = 0;
+  /// Makes sure, before anything is written, that the file can grow by so many bytes.
+  /// @return false if it cannot, as on a full disk
+  virtual bool reserve(std::size_t bytes) = 0;
 };
 
 }  // namespace api

@@ -1,5 +1,7 @@
 #include "dataio/H5Writer.h"
 
+#include "dataio/FileSpace.h"
+
 #include "common/check.h"
 
 namespace dataio {
@@ -100,6 +102,10 @@ void H5Writer::writeStringVec(const std::string& path, const int& length,
 
 void H5Writer::flush() {
   f5.flush();
+}
+
+bool H5Writer::reserve(std::size_t bytes) {
+  return reserveFileSpace(getFilename(), bytes);
 }
 
 }  // namespace dataio

@@ -39,6 +39,7 @@ class H5Writer : public H5Base, public api::IH5Writer {
   void writeStringVec(const std::string& path, const int& length,
                       const std::vector<std::string>& values) override;
   void flush() override;
+  bool reserve(std::size_t bytes) override;
 
  private:
   /// Opens the dataset at `path`, or creates it together with the groups above it.

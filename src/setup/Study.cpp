@@ -1,16 +1,11 @@
 #include "setup/Study.h"
 
-#include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <nlohmann/json.hpp>
-#include <set>
 
-#include "common/console.h"
-#include "setup/cards.h"
-#include "setup/studyKeys.h"
+#include "setup/StudyGroup.h"
+#include "setup/studyDocument.h"
 
-namespace console = common::console;
 using nlohmann::json;
 
 namespace setup {
@@ -20,223 +15,165 @@ namespace {
 /// More triangles than a list with int positions of their 3 edges and 6 weights can hold.
 constexpr double MOST_CELLS = 1e8;
 
-json parse(const std::string& file) {
-  const std::optional<std::string> text = readTextFile(file);
-  if (!text) console::fail("study file <", file, "> cannot be read");
-  std::vector<std::set<std::string>> keys;  // of the objects that are open
-  const auto refuseDoubleKeys = [&](int /*depth*/, json::parse_event_t event, json& value) {
-    if (event == json::parse_event_t::object_start) keys.emplace_back();
-    if (event == json::parse_event_t::object_end) keys.pop_back();
-    if (event == json::parse_event_t::key && !keys.back().insert(value).second) {
-      console::fail("study file <", file, ">: key <", value.get<std::string>(),
-                    "> stands twice in one group");
-    }
-    return true;
-  };
-  try {
-    return json::parse(*text, refuseDoubleKeys);
-  } catch (const json::exception& fault) {
-    console::fail("study file <", file, "> is not a JSON document: ", fault.what());
-  }
-}
-
-/// Reads what the table of keys has found to be sound; checks what a table cannot tell.
+/// Reads what the schema has found to be sound; checks what a schema cannot tell.
 class StudyReader {
  public:
   StudyReader(const std::string& file, const json& document) {
     study.file = file;
     study.document = document.dump();
-    const json& domain = document.at("SETUP").at("DOMAIN");
-    take(domain, "name", study.name);
-    const json& plane = domain.at("RHEOPLANE_2D");
-    readGeometry(plane.at("GEOMETRY"));
-    readHydraulics(plane.at("HYDRAULICS"));
+    const StudyGroup domain = StudyGroup(file, document).group("SETUP").group("DOMAIN");
+    domain.take("name", study.name);
+    const StudyGroup plane = domain.group("RHEOPLANE_2D");
+    readGeometry(plane.group("GEOMETRY"));
+    readHydraulics(plane.group("HYDRAULICS"));
   }
 
   Study read() { return std::move(study); }
 
  private:
-  static constexpr const char* GEOMETRY = "SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY";
-  static constexpr const char* INITIAL = "SETUP/DOMAIN/RHEOPLANE_2D/HYDRAULICS/INITIAL";
-
-  template <class... Parts>
-  [[noreturn]] void refuse(const Parts&... parts) const {
-    console::fail("study file <", study.file, ">: ", parts...);
-  }
-
-  /// Leaves `value` as it is if the group does not hold the key.
-  template <class T>
-  static void take(const json& group, const char* key, T& value) {
-    if (group.contains(key)) value = group.at(key).get<T>();
-  }
-
-  template <class T>
-  static void take(const json& group, const char* key, std::optional<T>& value) {
-    if (group.contains(key)) value = group.at(key).get<T>();
-  }
-
-  void readGeometry(const json& geometry) {
+  void readGeometry(const StudyGroup& geometry) {
     readMesh(geometry);
-    if (geometry.contains("REGIONDEF")) readRegions(geometry.at("REGIONDEF"));
-    if (!geometry.contains("BED")) return;
-    const json& zones = geometry.at("BED");
-    for (std::size_t k = 0; k < zones.size(); ++k) {
-      const std::string path = console::text(GEOMETRY, "/BED[", k, "]");
-      study.bed.push_back(readBedZone(zones[k], path));
-    }
+    for (const StudyGroup& region : geometry.groups("REGIONDEF")) readRegion(region);
+    for (const StudyGroup& zone : geometry.groups("BED")) study.bed.push_back(readBedZone(zone));
   }
 
-  void readMesh(const json& geometry) {
-    const auto count =
-        geometry.count("MESH") + geometry.count("RECTANGLE") + geometry.count("CHANNEL");
-    if (count != 1) {
-      refuse("<", GEOMETRY, "> must hold one of MESH, RECTANGLE and CHANNEL, but holds ", count);
-    }
-    if (geometry.contains("MESH")) {
-      const std::filesystem::path folder = std::filesystem::path(study.file).parent_path();
-      study.mesh = MeshFile{(folder / geometry.at("MESH").at("file").get<std::string>()).string()};
-    } else if (geometry.contains("RECTANGLE")) {
-      study.mesh = readRectangle(geometry.at("RECTANGLE"));
+  void readMesh(const StudyGroup& geometry) {
+    if (geometry.has("RECTANGLE")) {
+      study.mesh = readRectangle(geometry.group("RECTANGLE"));
+    } else if (geometry.has("CHANNEL")) {
+      study.mesh = readChannel(geometry.group("CHANNEL"));
     } else {
-      study.mesh = readChannel(geometry.at("CHANNEL"));
+      std::string file;
+      geometry.group("MESH").take("file", file);
+      study.mesh = MeshFile{(std::filesystem::path(study.file).parent_path() / file).string()};
     }
   }
 
-  static Pattern readPattern(const json& group) {
-    const std::string name = group.value("pattern", "alternating");
+  static Pattern readPattern(const StudyGroup& group) {
+    std::string name = "alternating";
+    group.take("pattern", name);
     if (name == "diagonal") return Pattern::Diagonal;
     return name == "crossed" ? Pattern::Crossed : Pattern::Alternating;
   }
 
   /// @param rectangles along and across, each of them cut into up to 4 triangles
-  void requireSensibleSize(const char* group, double along, double across) const {
+  static void requireSensibleSize(const StudyGroup& group, double along, double across) {
     if (4.0 * along * across <= MOST_CELLS) return;
-    refuse("key <", GEOMETRY, "/", group, "/cells> asks for more cells than are possible, ",
-           MOST_CELLS);
+    group.refuseKey("cells", "asks for more cells than are possible, ", MOST_CELLS);
   }
 
-  RectangleMesh readRectangle(const json& group) const {
+  static RectangleMesh readRectangle(const StudyGroup& group) {
     RectangleMesh mesh;
-    take(group, "origin", mesh.origin);
-    take(group, "length", mesh.length);
-    take(group, "width", mesh.width);
-    take(group, "cells", mesh.cells);
-    take(group, "elevation", mesh.elevation);
-    take(group, "slope", mesh.slope);
+    group.take("origin", mesh.origin);
+    group.take("length", mesh.length);
+    group.take("width", mesh.width);
+    group.take("cells", mesh.cells);
+    group.take("elevation", mesh.elevation);
+    group.take("slope", mesh.slope);
     mesh.pattern = readPattern(group);
-    requireSensibleSize("RECTANGLE", mesh.cells[0], mesh.cells[1]);
+    requireSensibleSize(group, mesh.cells[0], mesh.cells[1]);
     return mesh;
   }
 
-  ChannelMesh readChannel(const json& group) const {
+  static ChannelMesh readChannel(const StudyGroup& group) {
     ChannelMesh mesh;
-    take(group, "origin", mesh.origin);
-    take(group, "length", mesh.length);
-    take(group, "bed_width", mesh.bedWidth);
-    take(group, "side_slope", mesh.sideSlope);
-    take(group, "bank_height", mesh.bankHeight);
-    take(group, "cells", mesh.cells);
-    take(group, "elevation", mesh.elevation);
-    take(group, "slope", mesh.slope);
+    group.take("origin", mesh.origin);
+    group.take("length", mesh.length);
+    group.take("bed_width", mesh.bedWidth);
+    group.take("side_slope", mesh.sideSlope);
+    group.take("bank_height", mesh.bankHeight);
+    group.take("cells", mesh.cells);
+    group.take("elevation", mesh.elevation);
+    group.take("slope", mesh.slope);
     mesh.pattern = readPattern(group);
-    requireSensibleSize("CHANNEL", mesh.cells[0], mesh.cells[1] + 2.0 * mesh.cells[2]);
+    requireSensibleSize(group, mesh.cells[0], mesh.cells[1] + 2.0 * mesh.cells[2]);
     if ((mesh.sideSlope > 0.0) != (mesh.bankHeight > 0.0)) {
-      refuse("<", GEOMETRY,
-             "/CHANNEL> needs both side_slope and bank_height greater than 0 to "
-             "have banks, and neither to have none");
+      group.refuse(
+          "needs both side_slope and bank_height greater than 0 to have banks, and neither to have "
+          "none");
     }
     return mesh;
   }
 
-  void readRegions(const json& regions) {
-    for (const json& group : regions) {
-      const Region region{group.at("index").get<int>(), group.at("name").get<std::string>()};
-      for (const Region& other : study.regions) {
-        if (other.index == region.index || other.name == region.name) {
-          refuse("<", GEOMETRY, "/REGIONDEF> defines two regions of index ", other.index,
-                 " or name <", other.name, ">");
-        }
+  void readRegion(const StudyGroup& group) {
+    Region region;
+    group.take("index", region.index);
+    group.take("name", region.name);
+    for (const Region& other : study.regions) {
+      if (other.index == region.index || other.name == region.name) {
+        group.refuse("has the index or the name of another region, index ", other.index,
+                     " and name <", other.name, ">");
       }
-      study.regions.push_back(region);
     }
+    study.regions.push_back(region);
   }
 
-  Area readArea(const json& zone, const std::string& path) const {
+  Area readArea(const StudyGroup& zone) const {
     Area area;
-    area.path = path;
-    take(zone, "box", area.box);
-    if (zone.contains("region")) {
-      const auto name = zone.at("region").get<std::string>();
-      const auto found = std::find_if(study.regions.begin(), study.regions.end(),
-                                      [&name](const Region& r) { return r.name == name; });
-      if (found == study.regions.end()) {
-        refuse("key <", path, "/region> names <", name, ">, which is not in <", GEOMETRY,
-               "/REGIONDEF>");
-      }
-      area.region = *found;
+    area.path = zone.path();
+    zone.take("box", area.box);
+    if (area.box && !((*area.box)[0] < (*area.box)[2] && (*area.box)[1] < (*area.box)[3])) {
+      zone.refuseValue("box", "[xmin, ymin, xmax, ymax] with xmin < xmax and ymin < ymax");
     }
-    if (!area.region && !area.box) refuse("<", path, "> must hold region, box or both");
+    std::string name;
+    zone.take("region", name);
+    for (const Region& region : study.regions) {
+      if (region.name == name) area.region = region;
+    }
+    if (!area.region && !area.box) zone.refuse("must hold region, box or both");
     return area;
   }
 
-  BedZone readBedZone(const json& group, const std::string& path) const {
+  BedZone readBedZone(const StudyGroup& group) const {
     BedZone zone;
-    zone.area = readArea(group, path);
-    take(group, "elevation", zone.elevation);
-    take(group, "gradient", zone.gradient);
-    take(group, "at", zone.at);
-    take(group, "raise", zone.raise);
-    if (group.contains("elevation") == group.contains("raise")) {
-      refuse("<", path, "> must hold either elevation or raise");
+    zone.area = readArea(group);
+    group.take("elevation", zone.elevation);
+    group.take("gradient", zone.gradient);
+    group.take("at", zone.at);
+    group.take("raise", zone.raise);
+    if (group.has("gradient") != group.has("at")) {
+      group.refuse("must hold gradient and at together: at is where the bed has the elevation");
     }
-    if (group.contains("gradient") != group.contains("at")) {
-      refuse("<", path,
-             "> must hold gradient and at together: at is where the bed has the "
-             "elevation");
-    }
-    if (group.contains("gradient") && !group.contains("elevation")) {
-      refuse("<", path, "> must hold elevation if it holds gradient");
+    if (group.has("gradient") && !zone.elevation) {
+      group.refuse("must hold elevation if it holds gradient");
     }
     return zone;
   }
 
-  /// @param path of the group that holds the keys
-  Water readWater(const json& group, const std::string& path) const {
+  /// @param group holds the keys of the water among others
+  static Water readWater(const StudyGroup& group) {
     Water water;
-    if (group.contains("water_level") && group.contains("water_depth")) {
-      refuse("<", path, "> must not hold both water_level and water_depth");
+    if (group.has("water_level") && group.has("water_depth")) {
+      group.refuse("must not hold both water_level and water_depth");
     }
-    if (group.contains("water_level") && group.at("water_level").is_number()) {
-      water.level = group.at("water_level").get<double>();
+    if (group.has("water_level") && group["water_level"] != "dry") {
+      if (!group["water_level"].is_number()) {
+        group.refuseValue("water_level", "a number or \"dry\"");
+      }
+      group.take("water_level", water.level);
     }
-    take(group, "water_depth", water.depth);
-    take(group, "velocity", water.velocity);
-    if (group.contains("velocity") && !water.level && !water.depth) {
-      refuse("key <", path, "/velocity> needs a water_level or water_depth beside it");
+    group.take("water_depth", water.depth);
+    group.take("velocity", water.velocity);
+    if (group.has("velocity") && !water.level && !water.depth) {
+      group.refuseKey("velocity", "needs a water_level or water_depth beside it");
     }
     return water;
   }
 
-  void readHydraulics(const json& hydraulics) {
-    if (hydraulics.contains("PARAMETER")) {
-      const json& group = hydraulics.at("PARAMETER");
-      take(group, "cfl", study.hydraulics.cfl);
-      take(group, "maximum_time_step", study.hydraulics.maximumTimeStep);
-      take(group, "minimum_water_depth", study.hydraulics.minimumWaterDepth);
-      take(group, "gravity", study.hydraulics.gravity);
-      take(group, "safe_mode", study.hydraulics.safeMode);
+  void readHydraulics(const StudyGroup& hydraulics) {
+    if (hydraulics.has("PARAMETER")) {
+      const StudyGroup group = hydraulics.group("PARAMETER");
+      group.take("cfl", study.hydraulics.cfl);
+      group.take("maximum_time_step", study.hydraulics.maximumTimeStep);
+      group.take("minimum_water_depth", study.hydraulics.minimumWaterDepth);
+      group.take("gravity", study.hydraulics.gravity);
+      group.take("safe_mode", study.hydraulics.safeMode);
     }
-    if (!hydraulics.contains("INITIAL")) return;
-    const json& initial = hydraulics.at("INITIAL");
-    study.water = readWater(initial, INITIAL);
-    if (!initial.contains("ZONES")) return;
-    const json& zones = initial.at("ZONES");
-    for (std::size_t k = 0; k < zones.size(); ++k) {
-      const std::string path = console::text(INITIAL, "/ZONES[", k, "]");
-      if (!zones[k].contains("water_level") && !zones[k].contains("water_depth")) {
-        refuse("<", path, "> must hold water_level or water_depth");
-      }
-      study.waterZones.push_back({readArea(zones[k], path), readWater(zones[k], path)});
+    if (!hydraulics.has("INITIAL")) return;
+    const StudyGroup initial = hydraulics.group("INITIAL");
+    study.water = readWater(initial);
+    for (const StudyGroup& zone : initial.groups("ZONES")) {
+      study.waterZones.push_back({readArea(zone), readWater(zone)});
     }
   }
 
@@ -246,8 +183,7 @@ class StudyReader {
 }  // namespace
 
 Study readStudy(const std::string& file) {
-  const json document = parse(file);
-  checkKeys(document, studyKeys(), file);
+  const json document = readStudyDocument(file);
   return StudyReader(file, document).read();
 }
 

@@ -25,7 +25,7 @@ struct Region {
 
 /// A part of the domain: the cells of a region, or with the centroid in a box, or both.
 struct Area {
-  std::string path;  ///< in the study document, for messages
+  std::string path;  ///< JSON pointer into the study document, for messages
   std::optional<Region> region;
   std::optional<std::array<double, 4>> box;  ///< xmin, ymin, xmax, ymax [m]
 };
@@ -72,8 +72,10 @@ struct Study {
 };
 
 /// Reads and checks a study document. Relative file names in it start from its own folder.
+/// What the schema of a study finds goes to standard output.
 /// @throws BaseException for a file that cannot be read or is not JSON, for unknown and missing
-///         keys, wrong values and keys that exclude each other; the message names the key.
+///         keys, wrong values and keys that exclude each other; the report or message names the
+///         place of the key.
 Study readStudy(const std::string& file);
 
 }  // namespace setup

@@ -90,18 +90,20 @@ void RHEOcommon::init(const int& level, const bool& showProgress, const bool& de
   initializeSetsAndKernels(fileName);
   initializeMaps(fileName);
   initializeSolutionData();
+  initializeParameters();
+  requireSchedule();
   if (startTime() > 0.0) {
     initializeReRunData(output, startTime());
     initializeData(fileName, true);
+    checkInputData(dats, maps, endTime());
   } else {
     initializeData(fileName, false);
     checkStateData(*model, dats);
+    checkInputData(dats, maps, endTime());
     initializeResultsFile(output);
   }
   initializeOutputData();
-  initializeParameters();
   initializeVariables();
-  checkInputData(dats, maps, endTime());
   op_diagnostic_output();
 }
 
@@ -359,10 +361,6 @@ double RHEOcommon::dtInit() const {
   return commandFile->getOptionalDouble("SIMULATION/TIMESTEP/init", 0.02);
 }
 
-double RHEOcommon::dtMin() const {
-  return commandFile->getOptionalDouble("SIMULATION/TIMESTEP/minimum", 0.0001);
-}
-
 // Without an interval there are two records: at start and at end.
 api::IExecutionPlan* RHEOcommon::createOutputPlan(const double& start, const double& out,
                                                   const double& end) {
@@ -387,13 +385,27 @@ void RHEOcommon::initKernelPlans(const double& start) {
   }
 }
 
+// The limit of the test is twice the one of the message, on purpose: the test is the stricter.
+double RHEOcommon::minimumTimeStep() const {
+  const double dtMin = commandFile->getOptionalDouble("SIMULATION/TIMESTEP/minimum", 0.0001);
+  CHECK_THAT_AT(dtMin > 2 * 1.e-12,
+                "Minimum integration timestep must be larger than <" << 1e-12 << ">",
+                LINE_MINIMUM_STEP);
+  return dtMin;
+}
+
+// What a run reads at its start is read once before results of an earlier run are touched: a slip
+// in a document or a run file must not cost them.
+void RHEOcommon::requireSchedule() {
+  endTime();
+  minimumTimeStep();
+  initKernelPlans(startTime());
+}
+
 void RHEOcommon::run() {
   const double start = startTime();
   const double end = endTime();
-  const double minimum = dtMin();
-  CHECK_THAT_AT(minimum > 2 * 1.e-12,
-                "Minimum integration timestep must be larger than <" << 1e-12 << ">",
-                LINE_MINIMUM_STEP);
+  const double minimum = minimumTimeStep();
   const std::unique_ptr<api::IExecutionPlan> outputPlan(createOutputPlan(start, outTime(), end));
   const std::unique_ptr<api::IExecutionPlan> progressPlan(createProgressPlan(start, end));
   initKernelPlans(start);
@@ -463,9 +475,27 @@ void RHEOcommon::writeOutput(const double& time, const model::DataID& id, const 
   resultFile->attachAttributeDouble(path, "t", time);
 }
 
+// On a full disk the file is not touched any more: all earlier records can be read.
+void RHEOcommon::reserveRecord(const std::vector<model::DataID>& data) {
+  constexpr std::size_t OVERHEAD = 16384;  // object header and group nodes of a dataset [bytes]
+  constexpr std::size_t GROWTH = 64;       // of the list of names, per record [bytes]
+  std::size_t bytes = 0;
+  for (const model::DataID id : data) {
+    const op_dat dat = dats.at(id);
+    bytes += static_cast<std::size_t>(dat->set->size) * static_cast<std::size_t>(dat->size);
+    bytes += OVERHEAD + GROWTH * static_cast<std::size_t>(outputCounter);
+  }
+  if (resultFile->reserve(bytes)) return;
+  console::fail(
+      "results file <", resultFile->getFilename(), "> cannot grow by ", bytes,
+      " bytes for the next record: the disk is full, or the size of files is limited. All ",
+      "records before it are kept");
+}
+
 // Each record is handed to the operating system: a run that is killed later keeps it.
 void RHEOcommon::writeRegularOutput(const double& time) {
   if (logLevel > 1) console::info("writing output at t = ", time, " ...");
+  reserveRecord(outputData);
   for (const model::DataID id : outputData) writeOutput(time, id, outputCounter);
   resultFile->flush();
   outputCounter = outputCounter + 1;
@@ -480,6 +510,7 @@ void RHEOcommon::writeRequestedOutput(const double& time) {
 // Tracked data tell of the whole run: they stand at record 0 and carry no time of their own.
 void RHEOcommon::writeTrackingOutput(const double& /*time*/) {
   if (logLevel > 1) console::info("writing tracked output ...");
+  reserveRecord(trackedData);
   for (const model::DataID id : trackedData) writeOutput(0.0, id, 0);
   resultFile->flush();
 }

@@ -81,7 +81,6 @@ class RHEOcommon : public api::ISimulation {
   double endTime() const;
   double outTime() const;
   double dtInit() const;
-  double dtMin() const;
 
   void initializeSetsAndKernels(const std::string& fileName);
   void deactivateKernels();
@@ -103,6 +102,9 @@ class RHEOcommon : public api::ISimulation {
   static api::IExecutionPlan* createOutputPlan(const double& start, const double& out,
                                                const double& end);
   api::IExecutionPlan* createProgressPlan(const double& start, const double& end) const;
+  /// @throws BaseException if the command file asks for one that is too small
+  double minimumTimeStep() const;
+  void requireSchedule();
   void initKernelPlans(const double& start);
   void executeKernels();
   void printProgressMessage(const double& increment, const Clock::time_point& clock,
@@ -113,6 +115,7 @@ class RHEOcommon : public api::ISimulation {
   void writeOutput(const double& time, const model::DataID& id, const int& index);
   void writeRegularOutput(const double& time);
   void writeRequestedOutput(const double& time);
+  void reserveRecord(const std::vector<model::DataID>& data);
   void writeTrackingOutput(const double& time);
 
   double lastRecordTime = -1.0;  ///< [s]

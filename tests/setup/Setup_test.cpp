@@ -64,7 +64,8 @@ TEST_F(Setup, theModelCanBeComposedFromTheRunFile) {
 TEST_F(Setup, aRefusedStudyLeavesNoRunFile) {
   support::writeFile(dir.file("study.json"), "{}");
   EXPECT_EQ(faults::messageOf([this] { setup::makeRunFile(dir.file("study.json"), run); }),
-            "study file <" + dir.file("study.json") + ">: key <SETUP> is missing");
+            "Terminating setup due to JSON validation errors in study file <" +
+                dir.file("study.json") + ">.");
   EXPECT_FALSE(std::filesystem::exists(run));
 }
 

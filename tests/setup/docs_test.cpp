@@ -4,6 +4,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include "common/BaseException.h"
 #include "setup/Reader2dm.h"
 #include "setup/Study.h"
 #include "support/Process.h"
@@ -36,6 +37,25 @@ TEST(DocsOfSetup, theZonesOfTheBedAreUnderstood) {
                          snippet("\"BED\"") +
                          R"(}, "HYDRAULICS": {"INITIAL": {"water_level": 1}}}}}})");
   EXPECT_EQ(setup::readStudy(dir.file("study.json")).bed.size(), 2U);
+}
+
+TEST(DocsOfSetup, theReportIsThatOfTheProgram) {
+  const support::TempDir dir;
+  support::writeFile(dir.file("study.json"),
+                     R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {
+                         "GEOMETRY": {"MESH": {"file": "m.2dm"}},
+                         "HYDRAULICS": {"PARAMETER": {"cfl": 2, "gravty": 9.81}}}}}})");
+  ::testing::internal::CaptureStdout();
+  EXPECT_THROW(setup::readStudy(dir.file("study.json")), BaseException);
+  const std::string report = ::testing::internal::GetCapturedStdout();
+  const std::string page = support::readFile(std::string(DOCS_FOLDER) + "/setup.md");
+  std::size_t lines = 0;
+  for (std::size_t start = 0; start < report.size(); ++lines) {
+    const std::size_t stop = report.find('\n', start);
+    EXPECT_THAT(page, ::testing::HasSubstr("\n    " + report.substr(start, stop + 1 - start)));
+    start = stop + 1;
+  }
+  EXPECT_EQ(lines, 2U);
 }
 
 TEST(DocsOfSetup, theMeshIsUnderstood) {

@@ -57,6 +57,36 @@ TEST_F(SetupExecutable, endsWithStatusOneAndNoFooterAfterAFailure) {
   EXPECT_THAT(outcome.out, ::testing::Not(HasSubstr("successfully")));
 }
 
+TEST_F(SetupExecutable, reportsAMisspeltKeyOnStandardOutputAndEndsWithStatusOne) {
+  std::string study = STUDY;
+  study.replace(study.find("INITIAL"), 7, "INITAL");
+  support::writeFile(dir.file("study.json"), study);
+  const support::Outcome outcome = run({"-f", "study.json"});
+  const std::string place = "/SETUP/DOMAIN/RHEOPLANE_2D/HYDRAULICS/INITAL";
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.out,
+              EndsWith("\n\n" + place + ": The value of this item will not be used.\n" + place +
+                       "/water_level: The value of this item will not be used.\n"));
+  EXPECT_EQ(outcome.err,
+            " -> Terminating setup due to JSON validation errors in study file <study.json>: a "
+            "study must not hold keys that are not used.\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+  EXPECT_FALSE(std::filesystem::exists(dir.file("run.h5")));
+}
+
+TEST_F(SetupExecutable, reportsEachErrorOnStandardOutputAndEndsWithStatusOne) {
+  std::string study = STUDY;
+  study.replace(study.find("\"width\": 2"), 10, "\"width\": 0");
+  support::writeFile(dir.file("study.json"), study);
+  const support::Outcome outcome = run({"-f", "study.json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.out, EndsWith("\n\n/SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/RECTANGLE/width: "
+                                    "This value must be greater than 0.000000.\n"));
+  EXPECT_EQ(outcome.err,
+            " -> Terminating setup due to JSON validation errors in study file <study.json>.\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+}
+
 TEST_F(SetupExecutable, refusesACommandLineWithoutAStudy) {
   const support::Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 1);

@@ -25,6 +25,7 @@ using support::Outcome;
 using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 class Robustness : public support::Simulation {
  protected:
@@ -207,26 +208,81 @@ class FullDisk : public Robustness {
     return simulateBehind("trap '' XFSZ; ulimit -f " + std::to_string(bytes / 512));
   }
 
+  /// The paths of the records of the state.
+  static std::vector<std::string> records(const std::string& file) {
+    std::vector<std::string> paths = support::datasetPaths(file);
+    std::erase_if(paths, [](const std::string& path) {
+      return path.rfind("RESULTS/CellsAll/HydState/", 0) != 0;
+    });
+    return paths;
+  }
+
   std::string before;
 };
 
-TEST_F(FullDisk, endsTheRunAtTheRecordThatDoesNotFit) {
-  const Outcome run = simulateWithin(50 * 1024);
-  EXPECT_EQ(run.status, 2);
-  EXPECT_EQ(run.err, "");
-  EXPECT_THAT(run.out,
-              EndsWith("Writing '/RESULTS/CellsAll/HydState/0000002' to file 'results_results.h5'\n"
-                       "Could not write dataset '/RESULTS/CellsAll/HydState/0000002' to file "
-                       "'results_results.h5'\n"));
+constexpr const char* NO_ROOM =
+    "for the next record: the disk is full, or the size of files is limited. All records before it "
+    "are kept\n -> ... unfortunately RHEOMARK is killed!\n";
+
+TEST_F(FullDisk, endsTheRunAtTheRecordThatDoesNotFitAndKeepsAllBefore) {
+  const Outcome run = simulateWithin(64 * 1024);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, StartsWith(" -> results file <results_results.h5> cannot grow by "));
+  EXPECT_THAT(run.err, EndsWith(NO_ROOM));
   EXPECT_EQ(support::readFile(runFile), before);
+
+  const std::vector<std::string> kept = records(resultFile);
+  ASSERT_GE(kept.size(), 2U);
+  EXPECT_LT(kept.size(), records(dir.file("expected_results.h5")).size());
+  for (const std::string& path : kept) {
+    EXPECT_EQ(support::readNumbers(resultFile, path),
+              support::readNumbers(dir.file("expected_results.h5"), path));
+  }
 }
 
 TEST_F(FullDisk, endsTheRunWhereItIsFullFromTheStart) {
   const Outcome run = simulateWithin(4 * 1024);
-  EXPECT_EQ(run.status, 2);
-  EXPECT_THAT(run.out, EndsWith("Could not write dataset '/RESULTS/CellsAll/HydState/0000000' to "
-                                "file 'results_results.h5'\n"));
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, EndsWith(NO_ROOM));
   EXPECT_EQ(support::readFile(runFile), before);
+}
+
+// -- earlier results ------------------------------------------------------------------------------
+
+class EarlierResults : public Robustness {
+ protected:
+  /// What is left of an earlier results file after a run that must fail.
+  std::string afterFailedRun() {
+    support::writeFile(resultFile, "earlier results");
+    EXPECT_EQ(simulate().status, 1);
+    return support::readFile(resultFile);
+  }
+};
+
+TEST_F(EarlierResults, outliveARunFileWithoutAParameter) {
+  useSample("one_cell");
+  support::removeLink(runFile, "Parameters/Gravity");
+  EXPECT_EQ(afterFailedRun(), "earlier results");
+}
+
+TEST_F(EarlierResults, outliveARunFileWithoutASchedule) {
+  useSample("one_cell");
+  support::removeLink(runFile, "kernels/execution");
+  EXPECT_EQ(afterFailedRun(), "earlier results");
+}
+
+TEST_F(EarlierResults, outliveARunFileWithAWrongSign) {
+  useSample("one_cell");
+  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 0);
+  EXPECT_EQ(afterFailedRun(), "earlier results");
+}
+
+TEST_F(EarlierResults, outliveACommandFileWithATooSmallStep) {
+  useSample("one_cell");
+  support::writeFile(dir.file("command.json"),
+                     R"({"SIMULATION": {"TIME": {"start": 0, "end": 1, "out": 1},
+                         "TIMESTEP": {"init": 0.1, "minimum": 1e-12}, "OUTPUT": ["water_depth"]}})");
+  EXPECT_EQ(afterFailedRun(), "earlier results");
 }
 
 // -- signals --------------------------------------------------------------------------------------
