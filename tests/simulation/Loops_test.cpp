@@ -30,7 +30,9 @@ struct Row {
   bool operator==(const Row&) const = default;
 };
 
-void PrintTo(const Row& row, std::ostream* stream) { *stream << row.slot << ' ' << row.name; }
+void PrintTo(const Row& row, std::ostream* stream) {
+  *stream << row.slot << ' ' << row.name;
+}
 
 template <class RowType>
 std::string reductionOf() {
@@ -154,7 +156,9 @@ void expectAllSameAsCatalogue(List<Ls...>) {
   (expectSameAsCatalogue<Ls>(), ...);
 }
 
-TEST(Loops, nameTheSetsDataAndMapsOfTheCatalogue) { expectAllSameAsCatalogue(Loops{}); }
+TEST(Loops, nameTheSetsDataAndMapsOfTheCatalogue) {
+  expectAllSameAsCatalogue(Loops{});
+}
 
 template <class L, class RowType>
 void expectShape() {
@@ -171,8 +175,8 @@ void expectShape() {
       const auto& properties = model::DataProps.at(RowType::datum);
       EXPECT_EQ(model::Data2Set.at(RowType::datum), reached);
       // The boundary kernel reads one of the two sizes of an edge; all else is read whole.
-      const bool flat = L::kernel == KernelID::HydBoundaryFluxes &&
-                        RowType::datum == DataID::CharSize;
+      const bool flat =
+          L::kernel == KernelID::HydBoundaryFluxes && RowType::datum == DataID::CharSize;
       EXPECT_EQ(RowType::dim, flat ? 1 : properties.size);
       EXPECT_EQ((std::is_same_v<typename RowType::Value, double>),
                 properties.type == DataType::Double);
@@ -194,7 +198,9 @@ void expectAllShapes(List<Ls...>) {
   (expectShapes<Ls>(), ...);
 }
 
-TEST(Loops, reachDataThroughMapsOfFittingSetsWithTheirSizesAndTypes) { expectAllShapes(Loops{}); }
+TEST(Loops, reachDataThroughMapsOfFittingSetsWithTheirSizesAndTypes) {
+  expectAllShapes(Loops{});
+}
 
 template <class... Ls>
 std::set<KernelID> ordered(List<Ls...>) {

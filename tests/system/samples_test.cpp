@@ -31,7 +31,9 @@ TEST_P(Samples, givesTheExpectedResultsBitForBit) {
   }
 }
 
-std::string nameOf(const ::testing::TestParamInfo<std::string>& info) { return info.param; }
+std::string nameOf(const ::testing::TestParamInfo<std::string>& info) {
+  return info.param;
+}
 
 INSTANTIATE_TEST_SUITE_P(Hydraulics, Samples,
                          ::testing::Values("lake_islands", "dam_circular", "dam_dry",

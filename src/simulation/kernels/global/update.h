@@ -6,7 +6,7 @@
 #pragma once
 
 #include "simulation/kernels/diagnostics.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/hydraulics/wetting.h"
 
 namespace kernels::global {
 
@@ -47,20 +47,9 @@ inline void update(int const* cell, double const* dt, int const* morphology, dou
   }
 
   double const h = state[0] - bed[0];
-  if (h < -1e-12) {
-    reportMassBalance(h, cell);
-    massKept[0] = 0;
-    return;
-  }
-  if (h > real(ParameterID::MinWaterDepth)) {
-    wetted[0] = 1;
-  } else {
-    // The thin layer of water stays; only its motion is stopped.
-    wetted[0] = 0;
-    state[1] = 0.0;
-    state[2] = 0.0;
-  }
-  massKept[0] = 1;
+  bool const kept = hydraulics::settle(h, state, wetted);
+  if (!kept) reportMassBalance(h, cell);
+  massKept[0] = kept ? 1 : 0;
 }
 
 }  // namespace kernels::global

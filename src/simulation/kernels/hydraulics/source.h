@@ -5,8 +5,8 @@
 #pragma once
 
 #include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/hydraulics/wetting.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::hydraulics {
 
@@ -38,19 +38,9 @@ inline void source(double const* dt, double const* data, int const* type, double
   state[0] = sourceHeight(type[0], data[1] * dt[0], state, bed) + state[0];
 
   double const h = state[0] - bed[0];
-  if (h < -1e-12) {
-    reportMassBalance(h);
-    massKept[0] = 0;
-    return;
-  }
-  if (h > real(ParameterID::MinWaterDepth)) {
-    wetted[0] = 1;
-  } else {
-    wetted[0] = 0;
-    state[1] = 0.0;
-    state[2] = 0.0;
-  }
-  massKept[0] = 1;
+  bool const kept = settle(h, state, wetted);
+  if (!kept) reportMassBalance(h);
+  massKept[0] = kept ? 1 : 0;
 }
 
 }  // namespace kernels::hydraulics
