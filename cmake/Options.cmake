@@ -12,6 +12,7 @@ target_compile_options(rheo_options INTERFACE
   # Checks report source paths from the root of the tree.
   -fmacro-prefix-map=${CMAKE_SOURCE_DIR}/=
 )
+target_link_options(rheo_options INTERFACE -Wl,--as-needed)
 if(RHEOMARK_WERROR)
   target_compile_options(rheo_options INTERFACE -Werror)
 endif()
