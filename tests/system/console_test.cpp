@@ -170,6 +170,10 @@ struct Threshold {
   int above;         ///< the level above which it shows
 };
 
+void PrintTo(const Threshold& threshold, std::ostream* stream) {
+  *stream << threshold.part << " above " << threshold.above;
+}
+
 // The run file lacks a map and a datum of kernels that have no elements, and so runs.
 class Levels : public Console, public ::testing::WithParamInterface<Threshold> {
  protected:
