@@ -57,6 +57,7 @@ bool isKind(const json& value, Kind kind) {
     case Kind::Box:     return areNumbers(value, 4) && value[0] < value[2] && value[1] < value[3];
     case Kind::Counts2: return areIntegers(value, 2);
     case Kind::Counts3: return areIntegers(value, 3);
+    case Kind::Ids:     return !value.empty() && areIntegers(value, value.size());
       // clang-format on
   }
   return false;
@@ -76,6 +77,7 @@ const char* describe(Kind kind) {
     case Kind::Box:     return "a list of four numbers, [xmin, ymin, xmax, ymax]";
     case Kind::Counts2: return "a list of two whole numbers";
     case Kind::Counts3: return "a list of three whole numbers";
+    case Kind::Ids:     return "a list of whole numbers that is not empty";
       // clang-format on
   }
   return "";

@@ -28,6 +28,7 @@ enum class Kind {
   Box,      ///< a list of 4 numbers: x and y of the lower left, x and y of the upper right corner
   Counts2,  ///< a list of 2 whole numbers
   Counts3,  ///< a list of 3 whole numbers
+  Ids,      ///< a list of at least one whole number
 };
 
 /// What the numbers of a value may be.

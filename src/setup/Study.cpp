@@ -51,6 +51,10 @@ class StudyReader {
     const json& plane = domain.at("RHEOPLANE_2D");
     readGeometry(plane.at("GEOMETRY"));
     readHydraulics(plane.at("HYDRAULICS"));
+    readFriction(plane.at("HYDRAULICS"), study);
+    readStrings(plane.at("GEOMETRY"), study);
+    readBoundaries(plane.at("HYDRAULICS"), study);
+    readSources(plane.at("HYDRAULICS"), study);
   }
 
   Study read() { return std::move(study); }
@@ -162,21 +166,7 @@ class StudyReader {
   }
 
   Area readArea(const json& zone, const std::string& path) const {
-    Area area;
-    area.path = path;
-    take(zone, "box", area.box);
-    if (zone.contains("region")) {
-      const auto name = zone.at("region").get<std::string>();
-      const auto found = std::find_if(study.regions.begin(), study.regions.end(),
-                                      [&name](const Region& r) { return r.name == name; });
-      if (found == study.regions.end()) {
-        refuse("key <", path, "/region> names <", name, ">, which is not in <", GEOMETRY,
-               "/REGIONDEF>");
-      }
-      area.region = *found;
-    }
-    if (!area.region && !area.box) refuse("<", path, "> must hold region, box or both");
-    return area;
+    return setup::readArea(zone, path, study.regions, study.file);
   }
 
   BedZone readBedZone(const json& group, const std::string& path) const {

@@ -1,5 +1,7 @@
 #include "setup/studyKeys.h"
 
+#include "setup/riverKeys.h"
+
 namespace setup {
 
 namespace {
@@ -95,7 +97,8 @@ KeyTable join(const std::vector<const KeyTable*>& parts) {
 }  // namespace
 
 const KeyTable& studyKeys() {
-  static const KeyTable table = join({&DOMAIN_KEYS, &MESH_KEYS, &REGION_KEYS, &HYDRAULICS_KEYS});
+  static const KeyTable table =
+      join({&DOMAIN_KEYS, &MESH_KEYS, &REGION_KEYS, &HYDRAULICS_KEYS, &riverKeys()});
   return table;
 }
 

@@ -180,9 +180,9 @@ TEST_F(Study, refusesAMisspeltKey) {
 }
 
 TEST_F(Study, refusesPhysicsThatItCannotSetUp) {
-  EXPECT_EQ(refusalOf(document(mesh, R"({"FRICTION": {"type": "manning"}})")),
-            ": unknown key <SETUP/DOMAIN/RHEOPLANE_2D/HYDRAULICS/FRICTION>, possible are: "
-            "PARAMETER, INITIAL, FLOOD");
+  EXPECT_EQ(refusalOf(document(mesh, R"({"TURBULENCE": {"type": "mixing"}})")),
+            ": unknown key <SETUP/DOMAIN/RHEOPLANE_2D/HYDRAULICS/TURBULENCE>, possible are: "
+            "PARAMETER, INITIAL, FLOOD, FRICTION, BOUNDARY, SOURCE");
 }
 
 TEST_F(Study, refusesAnEmptyFloodGroupWhichWouldTrackNothing) {

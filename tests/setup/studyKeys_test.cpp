@@ -30,7 +30,8 @@ TEST(StudyKeys, standOnceEachAndBehindTheGroupThatHoldsThem) {
 
 TEST(StudyKeys, holdThePathsOfTheAggregatesThatAStudyCanSelect) {
   using enum model::AggregateID;
-  for (const auto id : {hydraulics_aggr, hyd_flood_aggr}) {
+  for (const auto id :
+       {hydraulics_aggr, hyd_boundary_aggr, hyd_friction_aggr, hyd_source_aggr, hyd_flood_aggr}) {
     for (const std::string& path : model::Aggregate2CmdFilePaths.at(id)) {
       EXPECT_TRUE(isKnown(path)) << path;
     }
