@@ -191,8 +191,8 @@ class BoundaryLayer {
 
   std::string edgeText(int edge) const {
     const auto [a, b] = topology.edgeNodes[index(edge)];
-    return common::console::text("the edge between nodes ", mesh.nodes[index(a)].id, " and ",
-                                 mesh.nodes[index(b)].id);
+    const auto [low, high] = std::minmax(mesh.nodes[index(a)].id, mesh.nodes[index(b)].id);
+    return common::console::text("the edge between nodes ", low, " and ", high);
   }
 
   void layEdges(const Boundary& boundary, const BoundaryType& type, int number, int code,
