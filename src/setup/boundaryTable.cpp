@@ -1,8 +1,9 @@
 #include "setup/boundaryTable.h"
 
 #include <algorithm>
-#include <limits>
 #include <stdexcept>
+
+#include "setup/missingValue.h"
 
 namespace setup {
 
@@ -17,8 +18,7 @@ constexpr bool OUT = false;
 constexpr bool FRICTION = true;
 constexpr bool NO_FRICTION = false;
 
-/// As a level it means never.
-constexpr double NEVER = std::numeric_limits<double>::min();
+constexpr double NEVER = MISSING_VALUE;
 const std::optional<double> REQUIRED = std::nullopt;
 
 const std::vector<Lookup> TIME = {Lookup::Time};
@@ -65,28 +65,28 @@ const Input FROUDE = {"froude", 1, Value, NotNegative, 1.0};
 //   4 over the wetted area, 5 open from a time on, 8 switch over the wetted area,
 //   9 wetted area over the length of the second string, 16 discharge over that length
 const std::vector<BoundaryType> TYPES = {
-  // name                  place   code  second direction friction   series by  inputs                                                      modifications
-  {"inflow",               Edge,   100,    0,  IN,  FRICTION,    TIME,    discharge(0) + SLOPE,                                       {{1, 2, 0}}},
-  {"inflow_froude",        Edge,   102,    0,  IN,  NO_FRICTION, TIME,    discharge(0) + FROUDE,                                      {{1, 2, 0}}},
-  {"normal_depth",         Edge,   104,    0,  OUT, FRICTION,    {},      {{"slope", 0, Value, Positive, REQUIRED}},                  {}},
-  {"weir",                 Edge,   106,    0,  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                              {{3, 3, 0, 1, 2}}},
-  {"rating_curve",         Edge,   108,    0,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                             {{4, 3, 0}}},
-  {"switched_outflow",     Edge,   108,    0,  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 4, 5}), {{8, 3, 0, 1, 2, 4, 5}}},
-  {"outflow",              Edge,   110,    0,  OUT, NO_FRICTION, TIME,    discharge(0),                                               {{4, 1, 0}}},
-  {"free_outflow",         Edge,   112,    0,  OUT, NO_FRICTION, {},      {},                                                         {}},
+  // name                  place   code  second direction friction   series  inputs                                                               modifications
+  {"inflow",               Edge,   100,    0,  IN,  FRICTION,    TIME,    discharge(0) + SLOPE,                                                    {{1, 2, 0}}},
+  {"inflow_froude",        Edge,   102,    0,  IN,  NO_FRICTION, TIME,    discharge(0) + FROUDE,                                                   {{1, 2, 0}}},
+  {"normal_depth",         Edge,   104,    0,  OUT, FRICTION,    {},      {{"slope", 0, Value, Positive, REQUIRED}},                               {}},
+  {"weir",                 Edge,   106,    0,  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                                           {{3, 3, 0, 1, 2}}},
+  {"rating_curve",         Edge,   108,    0,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{4, 3, 0}}},
+  {"switched_outflow",     Edge,   108,    0,  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 4, 5}),      {{8, 3, 0, 1, 2, 4, 5}}},
+  {"outflow",              Edge,   110,    0,  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{4, 1, 0}}},
+  {"free_outflow",         Edge,   112,    0,  OUT, NO_FRICTION, {},      {},                                                                      {}},
   {"level",                Edge,   114,    0,  OUT, NO_FRICTION, CONTROL, {{"level", 0, SeriesToo, Any, REQUIRED}, {"inflow", 1, Flag, Any, 1.0}}, {}},
-  {"inner_weir",           Inside, 216,    0,  OUT, NO_FRICTION, {},      weir(0, 2, 3),                                              {{3, 1, 0, 2, 3}}},
-  {"inner_rating_curve",   Inside, 216,    0,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                             {{4, 1, 0}}},
-  {"inner_discharge",      Inside, 216,    0,  OUT, NO_FRICTION, TIME,    discharge(0),                                               {{4, 1, 0}}},
-  {"gate_by_time",         Inside, 218,    0,  OUT, NO_FRICTION, {},      {{"opens_at", 0, Value, Any, REQUIRED}},                    {{5, 1, 0}}},
-  {"gate_by_series",       Inside, 218,    0,  OUT, NO_FRICTION, TIME,    {{"opening", 1, Series, Any, REQUIRED}},                    {}},
-  {"gate_by_level",        Inside, 218,    0,  OUT, NO_FRICTION, {},      switched("opening", Any, -1.0, 1.0, {0, 2, 3, 4, 5}),       {{8, 1, 0, 2, 3, 4, 5}}},
-  {"inner_wall",           Inside, 220,    0,  OUT, NO_FRICTION, {},      {},                                                         {}},
-  {"linked_weir",          Link,   323,  322,  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                              {{3, 3, 0, 1, 2}, {9, 4}}},
-  {"linked_rating_curve",  Link,   325,  324,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                             {{4, 3, 0}, {9, 4}}},
-  {"linked_discharge",     Link,   327,  326,  OUT, NO_FRICTION, TIME,    discharge(0),                                               {{4, 1, 0}, {2, 2, 0}}},
-  {"linked_switch",        Link,   329,  328,  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 3, 4}), {{8, 5, 0, 1, 2, 3, 4}, {9, 6}}},
-  {"linked_level",         Link,   331,  330,  OUT, NO_FRICTION, LINKED,  {{"level", 0, SeriesToo, Any, REQUIRED}},                   {{16, 1}}},
+  {"inner_weir",           Inside, 216,    0,  OUT, NO_FRICTION, {},      weir(0, 2, 3),                                                           {{3, 1, 0, 2, 3}}},
+  {"inner_rating_curve",   Inside, 216,    0,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{4, 1, 0}}},
+  {"inner_discharge",      Inside, 216,    0,  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{4, 1, 0}}},
+  {"gate_by_time",         Inside, 218,    0,  OUT, NO_FRICTION, {},      {{"opens_at", 0, Value, Any, REQUIRED}},                                 {{5, 1, 0}}},
+  {"gate_by_series",       Inside, 218,    0,  OUT, NO_FRICTION, TIME,    {{"opening", 1, Series, Any, REQUIRED}},                                 {}},
+  {"gate_by_level",        Inside, 218,    0,  OUT, NO_FRICTION, {},      switched("opening", Any, -1.0, 1.0, {0, 2, 3, 4, 5}),                    {{8, 1, 0, 2, 3, 4, 5}}},
+  {"inner_wall",           Inside, 220,    0,  OUT, NO_FRICTION, {},      {},                                                                      {}},
+  {"linked_weir",          Link,   323,  322,  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                                           {{3, 3, 0, 1, 2}, {9, 4}}},
+  {"linked_rating_curve",  Link,   325,  324,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{4, 3, 0}, {9, 4}}},
+  {"linked_discharge",     Link,   327,  326,  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{4, 1, 0}, {2, 2, 0}}},
+  {"linked_switch",        Link,   329,  328,  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 3, 4}),      {{8, 5, 0, 1, 2, 3, 4}, {9, 6}}},
+  {"linked_level",         Link,   331,  330,  OUT, NO_FRICTION, LINKED,  {{"level", 0, SeriesToo, Any, REQUIRED}},                                {{16, 1}}},
 };
 // clang-format on
 

@@ -1,21 +1,18 @@
 #include "setup/series.h"
 
 #include <algorithm>
-#include <limits>
 #include <optional>
 #include <string_view>
 
 #include "common/console.h"
 #include "setup/cards.h"
+#include "setup/missingValue.h"
 
 namespace console = common::console;
 
 namespace setup {
 
 namespace {
-
-/// Ends a series in the run file, so that no abscissa may have this value.
-constexpr double END_MARK = std::numeric_limits<double>::min();
 
 template <class... Parts>
 [[noreturn]] void refuse(const std::string& file, int line, const Parts&... parts) {
@@ -56,7 +53,7 @@ std::array<double, 2> pointOf(const std::vector<std::string_view>& columns, cons
     }
     point[k] = *value;
   }
-  if (point[0] == END_MARK) {
+  if (point[0] == MISSING_VALUE) {
     refuse(file, line, columns[0], " is not possible in the first column");
   }
   return point;

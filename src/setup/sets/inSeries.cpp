@@ -1,5 +1,4 @@
-#include <limits>
-
+#include "setup/missingValue.h"
 #include "setup/sets/sets.h"
 
 namespace setup {
@@ -10,16 +9,15 @@ int size(const Domain& domain) {
   return static_cast<int>(domain.series.all().size());
 }
 
-/// Points of a series in the run file; behind the last one in use stand end marks.
+/// Points of a series in the run file; behind the last one in use stand missing values.
 constexpr std::size_t POINTS = 6000;
-constexpr double END_MARK = std::numeric_limits<double>::min();
 
 std::vector<double> values(const Domain& domain) {
   std::vector<double> rows;
   for (const Series& series : domain.series.all()) {
     const std::size_t end = rows.size() + 2 * POINTS;
     for (const auto& [x, y] : series.points) rows.insert(rows.end(), {x, y});
-    rows.resize(end, END_MARK);
+    rows.resize(end, MISSING_VALUE);
   }
   return rows;
 }
