@@ -33,6 +33,11 @@ Domain buildDomain(const Study& study) {
   domain.geometry = measure(domain.mesh, domain.topology);
   domain.bed = cellBeds(study, domain.mesh, domain.geometry);
   domain.flow = initialFlow(study, domain.mesh, domain.geometry, domain.bed);
+  domain.friction = cellFriction(study, domain.mesh, domain.geometry);
+  domain.strings = findStrings(study, domain.mesh, domain.topology, domain.geometry);
+  domain.boundaries =
+      layBoundaries(study, domain.mesh, domain.topology, domain.strings, domain.series);
+  domain.sources = laySources(study, domain.mesh, domain.geometry, domain.series);
   return domain;
 }
 

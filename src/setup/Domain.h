@@ -1,4 +1,5 @@
-// The domain of a study: the mesh in its final numbering, its geometry and its initial state.
+// The domain of a study: the mesh in its final numbering, its geometry and its initial state,
+// with what the study makes act on it.
 #pragma once
 
 #include <array>
@@ -8,6 +9,10 @@
 #include "setup/Mesh.h"
 #include "setup/Study.h"
 #include "setup/Topology.h"
+#include "setup/boundaries.h"
+#include "setup/series.h"
+#include "setup/sources.h"
+#include "setup/strings.h"
 #include "setup/tidyMesh.h"
 
 namespace setup {
@@ -18,6 +23,11 @@ struct Domain {
   Geometry geometry;
   std::vector<double> bed;                  ///< per cell [m]
   std::vector<std::array<double, 3>> flow;  ///< per cell: water surface [m], qx, qy [m2/s]
+  std::vector<double> friction;             ///< per cell; empty without bed friction
+  std::vector<EdgeString> strings;
+  EdgeBoundaries boundaries;
+  CellSources sources;
+  SeriesList series;  ///< of boundaries and sources
 
   Tidying tidying;              ///< what had to be changed in the mesh
   int bandwidthAsGiven = 0;     ///< distance of neighbours in the list of cells, before ...
@@ -25,7 +35,8 @@ struct Domain {
 };
 
 /// Reads or makes the mesh of the study and brings it into its final form.
-/// @throws BaseException for a faulty mesh and for areas without a cell; see the parts.
+/// @throws BaseException for a faulty mesh and for areas without a cell, strings that are
+///         not on the mesh and faulty series; see the parts.
 Domain buildDomain(const Study& study);
 
 }  // namespace setup

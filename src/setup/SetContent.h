@@ -37,4 +37,7 @@ std::vector<T> flat(const std::vector<std::array<T, N>>& rows) {
   return values;
 }
 
+/// The edges of a list at which the study has no boundary.
+std::vector<int> withoutBoundaries(const std::vector<int>& edges, const Domain& domain);
+
 }  // namespace setup

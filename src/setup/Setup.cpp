@@ -24,7 +24,7 @@ void makeRunFile(const std::string& study, const std::string& runFile) {
   writeRunFile(runFile, *model, domain, described);
 
   if (!described.name.empty()) common::console::info("study <", described.name, ">");
-  printReport(*model, domain);
+  printReport(*model, domain, described);
   const std::chrono::duration<double> spent = std::chrono::steady_clock::now() - start;
   common::console::info("run file <", runFile, "> written in ", spent.count(), " s");
 }

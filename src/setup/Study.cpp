@@ -25,7 +25,12 @@ class StudyReader {
     domain.take("name", study.name);
     const StudyGroup plane = domain.group("RHEOPLANE_2D");
     readGeometry(plane.group("GEOMETRY"));
-    readHydraulics(plane.group("HYDRAULICS"));
+    const StudyGroup hydraulics = plane.group("HYDRAULICS");
+    readHydraulics(hydraulics);
+    readFriction(hydraulics, study);
+    readStrings(plane.group("GEOMETRY"), study);
+    readBoundaries(hydraulics, study);
+    readSources(hydraulics, study);
   }
 
   Study read() { return std::move(study); }
@@ -108,25 +113,9 @@ class StudyReader {
     study.regions.push_back(region);
   }
 
-  Area readArea(const StudyGroup& zone) const {
-    Area area;
-    area.path = zone.path();
-    zone.take("box", area.box);
-    if (area.box && !((*area.box)[0] < (*area.box)[2] && (*area.box)[1] < (*area.box)[3])) {
-      zone.refuseValue("box", "[xmin, ymin, xmax, ymax] with xmin < xmax and ymin < ymax");
-    }
-    std::string name;
-    zone.take("region", name);
-    for (const Region& region : study.regions) {
-      if (region.name == name) area.region = region;
-    }
-    if (!area.region && !area.box) zone.refuse("must hold region, box or both");
-    return area;
-  }
-
   BedZone readBedZone(const StudyGroup& group) const {
     BedZone zone;
-    zone.area = readArea(group);
+    zone.area = readArea(group, study.regions);
     group.take("elevation", zone.elevation);
     group.take("gradient", zone.gradient);
     group.take("at", zone.at);
@@ -173,7 +162,7 @@ class StudyReader {
     const StudyGroup initial = hydraulics.group("INITIAL");
     study.water = readWater(initial);
     for (const StudyGroup& zone : initial.groups("ZONES")) {
-      study.waterZones.push_back({readArea(zone), readWater(zone)});
+      study.waterZones.push_back({readArea(zone, study.regions), readWater(zone)});
     }
   }
 

@@ -9,25 +9,17 @@
 #include <variant>
 #include <vector>
 
+#include "setup/Area.h"
+#include "setup/boundaries.h"
+#include "setup/friction.h"
 #include "setup/gridMesh.h"
+#include "setup/sources.h"
+#include "setup/strings.h"
 
 namespace setup {
 
 struct MeshFile {
   std::string file;  ///< as it can be opened from where the program runs
-};
-
-/// A name for the cells of one material.
-struct Region {
-  int index = 0;  ///< the material
-  std::string name;
-};
-
-/// A part of the domain: the cells of a region, or with the centroid in a box, or both.
-struct Area {
-  std::string path;  ///< JSON pointer into the study document, for messages
-  std::optional<Region> region;
-  std::optional<std::array<double, 4>> box;  ///< xmin, ymin, xmax, ymax [m]
 };
 
 /// Sets the bed of an area to a plane, or lifts it.
@@ -69,6 +61,10 @@ struct Study {
   Water water;               ///< where no zone says otherwise
   std::vector<WaterZone> waterZones;
   HydraulicParameters hydraulics;
+  std::optional<Friction> friction;
+  std::vector<StringDefinition> strings;
+  std::vector<Boundary> boundaries;
+  std::vector<Source> sources;
 };
 
 /// Reads and checks a study document. Relative file names in it start from its own folder.

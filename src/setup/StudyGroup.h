@@ -34,6 +34,13 @@ class StudyGroup {
 
   bool has(const char* key) const { return values->contains(key); }
 
+  /// In the order of the alphabet.
+  std::vector<std::string> keys() const {
+    std::vector<std::string> names;
+    for (const auto& entry : values->items()) names.push_back(entry.key());
+    return names;
+  }
+
   const nlohmann::json& operator[](const char* key) const { return values->at(key); }
 
   /// The group of this name, which must be there.

@@ -37,6 +37,39 @@ void reportSizes(const Geometry& geometry) {
                 " m, smallest cell size: ", smallest, " m");
 }
 
+void reportStrings(const Domain& domain) {
+  for (const EdgeString& string : domain.strings) {
+    console::info("string <", string.name, ">: ", string.edges.size(), " edges, ", string.length,
+                  " m");
+  }
+  const EdgeBoundaries& boundaries = domain.boundaries;
+  if (!boundaries.records.empty()) {
+    console::info("boundaries: ", boundaries.records.size(), ", on ", boundaries.edges.size(),
+                  " edges; all other edges on the boundary are walls");
+  }
+}
+
+bool hasWetCell(const Domain& domain, double minimumDepth) {
+  for (std::size_t cell = 0; cell < domain.bed.size(); ++cell) {
+    if (domain.flow[cell][0] - domain.bed[cell] > minimumDepth) return true;
+  }
+  return false;
+}
+
+/// Only wet cells bound the step: rain on dry cells would be added in steps of any length, and the
+/// first water be metres deep. Within the proposed step it is as deep as the thinnest wet layer.
+void proposeTimeStep(const Domain& domain, const HydraulicParameters& parameters) {
+  const double rate = domain.sources.strongestRate;
+  if (!(rate > 0.0) || hasWetCell(domain, parameters.minimumWaterDepth)) return;
+  const double proposed = parameters.minimumWaterDepth / rate;
+  if (parameters.maximumTimeStep <= proposed) return;
+  console::info("no cell is wet at the start: until one is, a step is cfl * maximum_time_step = ",
+                parameters.cfl * parameters.maximumTimeStep, " s, in which the strongest source ",
+                "adds ", parameters.cfl * parameters.maximumTimeStep * rate, " m of water; a ",
+                "maximum_time_step of about ", proposed,
+                " s (minimum_water_depth over its rate) would be right");
+}
+
 }  // namespace
 
 double waterVolume(const Domain& domain) {
@@ -47,10 +80,12 @@ double waterVolume(const Domain& domain) {
   return volume;
 }
 
-void printReport(const api::IModel& model, const Domain& domain) {
+void printReport(const api::IModel& model, const Domain& domain, const Study& study) {
   reportMesh(domain);
   reportSizes(domain.geometry);
+  reportStrings(domain);
   console::info("initial water volume: ", waterVolume(domain), " m3");
+  proposeTimeStep(domain, study.hydraulics);
   std::string aggregates;
   for (const model::AggregateID id : model.getAggregates()) {
     aggregates += (aggregates.empty() ? "" : ", ") + model.getAggregate(id)->getName();

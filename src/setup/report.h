@@ -5,11 +5,13 @@
 
 #include "api/IModel.h"
 #include "setup/Domain.h"
+#include "setup/Study.h"
 
 namespace setup {
 
-/// Prints a few lines on mesh, water and model to standard output.
-void printReport(const api::IModel& model, const Domain& domain);
+/// Prints a few lines on mesh, strings, water and model to standard output, and proposes a time
+/// step where rain on a dry domain would go wrong with that of the study.
+void printReport(const api::IModel& model, const Domain& domain, const Study& study);
 
 /// Volume of the water over the bed [m3].
 double waterVolume(const Domain& domain);

@@ -77,7 +77,7 @@ json parse(const std::string& file, const std::string& text) {
 
 void requireSchema(const std::string& file, const std::string& text) {
   std::istringstream document(text);
-  std::istringstream schema(STUDY_SCHEMA);
+  std::istringstream schema(studySchema());
   const int verdict = jsv::StreamValidator(&std::cout).validate(document, schema);
   if (verdict == 0) return;
   console::fail("Terminating setup due to JSON validation errors in study file <", file, ">",

@@ -161,26 +161,35 @@ TEST_F(RunFile, replacesAnEarlierFile) {
 
 TEST_F(RunFile, refusesAModelThatNoStudyCanDescribe) {
   EXPECT_THAT(faults::messageOf([this] {
-                write({hydraulics_aggr, hyd_source_aggr}, TRIANGLE);
+                write({hydraulics_aggr, morphology_aggr}, TRIANGLE);
               }),
-              StartsWith("the setup cannot write the set <ClHydSrc>, in file: "));
+              StartsWith("the setup cannot write the set <EdgMorWL>, in file: "));
 }
 
 TEST_F(RunFile, refusesAModelWithDataThatNoStudyCanGive) {
+  const std::unique_ptr<api::IModel> model(
+      model::Factory::getModelFromKernels({model::KernelID::LocalBedSlope}, false));
+  model->create();
+  EXPECT_THAT(faults::messageOf(
+                  [&] { setup::writeRunFile(file, *model, domainOf(meshes::square()), study); }),
+              StartsWith("the setup cannot write the data <CellsAll/ThetaCrt>, in file: "));
+}
+
+TEST_F(RunFile, refusesDataOfAnotherShape) {
   EXPECT_THAT(faults::messageOf([this] {
-                write({hydraulics_aggr, hyd_friction_aggr}, TRIANGLE);
+                write({hydraulics_aggr, hyd_friction_aggr}, meshes::square());
               }),
-              StartsWith("the setup cannot write the data <CellsAll/Friction>, in file: "));
+              StartsWith("<CellsAll/Friction> has 0 values, but needs 2 rows of 1, in file: "));
 }
 
 TEST_F(RunFile, aFailureLeavesNoFile) {
-  faults::messageOf([this] { write({hydraulics_aggr, hyd_friction_aggr}, TRIANGLE); });
+  faults::messageOf([this] { write({hydraulics_aggr, morphology_aggr}, TRIANGLE); });
   EXPECT_THAT(filesInFolder(), ElementsAre());
 }
 
 TEST_F(RunFile, aFailureLeavesAnEarlierFileAsItWas) {
   support::writeFile(file, "old");
-  faults::messageOf([this] { write({hydraulics_aggr, hyd_friction_aggr}, TRIANGLE); });
+  faults::messageOf([this] { write({hydraulics_aggr, morphology_aggr}, TRIANGLE); });
   EXPECT_THAT(filesInFolder(), ElementsAre("run.h5"));
   EXPECT_EQ(support::readFile(file), "old");
 }

@@ -21,6 +21,8 @@ namespace {
 
 using Pointer = json::json_pointer;
 
+const std::string BOUNDARY = studies::HYDRAULICS + "/BOUNDARY";
+
 struct Report {
   int verdict = 0;
   std::string text;
@@ -28,7 +30,7 @@ struct Report {
 
 Report validate(const json& document) {
   std::istringstream documentStream(document.dump());
-  std::istringstream schemaStream(setup::STUDY_SCHEMA);
+  std::istringstream schemaStream(setup::studySchema());
   std::ostringstream output;
   const int verdict = jsv::StreamValidator(&output).validate(documentStream, schemaStream);
   return {verdict, output.str()};
@@ -48,7 +50,7 @@ void forEachKey(const json& schema, const std::string& path,
 }
 
 void forEachKey(const std::function<void(const std::string&, const json&, bool)>& visit) {
-  forEachKey(json::parse(setup::STUDY_SCHEMA), "", visit);
+  forEachKey(json::parse(setup::studySchema()), "", visit);
 }
 
 std::set<std::string> keysOfTheSchema() {
@@ -104,8 +106,11 @@ Page readPage() {
   Page page;
   std::string chapter;
   std::string group;
+  bool isTableOfKeys = false;
   for (const std::string& line :
        split(support::readFile(std::string(DOCS_FOLDER) + "/setup.md"), "\n")) {
+    if (!line.starts_with("|")) isTableOfKeys = false;
+    if (line.starts_with("| Key | ")) isTableOfKeys = true;
     if (line.starts_with("## ")) {
       const std::string path = between(line, "`", "`");
       chapter = path.empty() ? "" : "/" + path;
@@ -114,7 +119,7 @@ Page readPage() {
     } else if (line.starts_with("### ") && !chapter.empty()) {
       group = chapter + "/" + between(line, "`", "`");
       addHeading(page, group);
-    } else if (line.starts_with("| `") && !group.empty()) {
+    } else if (line.starts_with("| `") && isTableOfKeys && !group.empty()) {
       const std::vector<std::string> cells = split(line, " | ");
       for (const std::string& name : split(cells.at(0).substr(2), ", ")) {
         page[group + "/" + between(name, "`", "`")] = cells.at(2);
@@ -202,7 +207,8 @@ TEST(StudySchema, aValueOfAnotherTypeIsReportedForEachKey) {
 TEST(StudySchema, holdsThePathsOfTheAggregatesThatAStudyCanSelect) {
   using enum model::AggregateID;
   const std::set<std::string> keys = keysOfTheSchema();
-  for (const auto id : {hydraulics_aggr, hyd_flood_aggr}) {
+  for (const auto id :
+       {hydraulics_aggr, hyd_boundary_aggr, hyd_friction_aggr, hyd_source_aggr, hyd_flood_aggr}) {
     for (const std::string& path : model::Aggregate2CmdFilePaths.at(id)) {
       EXPECT_EQ(keys.count("/" + path), 1U) << path;
     }
@@ -218,7 +224,7 @@ TEST(StudySchema, tellsTheDefaultsOfTheProgram) {
   const setup::RectangleMesh rectangle;
   const setup::ChannelMesh channel;
   const std::string parameter = studies::HYDRAULICS + "/PARAMETER/";
-  const std::map<std::string, json> expected = {
+  std::map<std::string, json> expected = {
       {parameter + "cfl", flow.cfl},
       {parameter + "maximum_time_step", flow.maximumTimeStep},
       {parameter + "minimum_water_depth", flow.minimumWaterDepth},
@@ -232,8 +238,55 @@ TEST(StudySchema, tellsTheDefaultsOfTheProgram) {
       {studies::GEOMETRY + "/CHANNEL/slope", channel.slope},
       {studies::GEOMETRY + "/CHANNEL/pattern", "alternating"},
       {studies::INITIAL + "/water_level", "dry"},
+      {studies::HYDRAULICS + "/SOURCE/sink", setup::sinkNames().at(1)},
   };
+  for (const setup::BoundaryType& type : setup::boundaryTypes()) {
+    for (const setup::Input& input : type.inputs) {
+      const bool isTold = input.takes != setup::Takes::Flag && input.key != "lower_level";
+      if (input.fallback && isTold) expected[BOUNDARY + "/" + input.key] = *input.fallback;
+    }
+  }
   EXPECT_EQ(defaults, expected);
+}
+
+TEST(StudySchema, namesTheTypesOfTheProgram) {
+  std::map<std::string, std::set<std::string>> choices;
+  forEachKey([&choices](const std::string& path, const json& schema, bool) {
+    if (schema.contains("enum")) choices[path] = schema.at("enum").get<std::set<std::string>>();
+  });
+  std::map<std::string, std::set<std::string>> expected;
+  for (const auto& closure : setup::frictionClosures()) {
+    expected["/FRICTION/type"].insert(closure.name);
+  }
+  for (const auto& type : setup::boundaryTypes()) {
+    expected["/BOUNDARY/type"].insert(type.name);
+    for (const auto lookup : type.lookups) expected["/BOUNDARY/over"].insert(nameOf(lookup));
+  }
+  for (const auto& type : setup::sourceTypes()) expected["/SOURCE/type"].insert(type.name);
+  for (const auto& name : setup::sinkNames()) expected["/SOURCE/sink"].insert(name);
+  for (const auto& [key, names] : expected) {
+    EXPECT_EQ(choices.at(studies::HYDRAULICS + key), names) << key;
+  }
+}
+
+TEST(StudySchema, boundsTheInputsOfBoundariesAsTheirTableDoes) {
+  std::map<std::string, json> schemas;
+  forEachKey(
+      [&schemas](const std::string& path, const json& schema, bool) { schemas[path] = schema; });
+  for (const setup::BoundaryType& type : setup::boundaryTypes()) {
+    for (const setup::Input& input : type.inputs) {
+      const std::string key = BOUNDARY + "/" + input.key;
+      if (input.takes == setup::Takes::Series || input.takes == setup::Takes::SeriesToo) {
+        EXPECT_EQ(schemas.count(key + "_file"), 1U) << type.name << ": " << key;
+      }
+      if (input.takes == setup::Takes::Series) continue;
+      ASSERT_EQ(schemas.count(key), 1U) << type.name << ": " << key;
+      const json& schema = schemas.at(key);
+      EXPECT_EQ(schema.value("minimum", -1), input.bound == setup::Bound::Any ? -1 : 0) << key;
+      EXPECT_EQ(schema.value("exclusiveMinimum", false), input.bound == setup::Bound::Positive)
+          << key;
+    }
+  }
 }
 
 TEST(StudySchema, eachKeyIsOnThePageAndEachKeyOfThePageIsInTheSchema) {
@@ -289,6 +342,7 @@ const std::string POSITIVE = "This value must be greater than 0.000000.";
 const std::string NOT_NEGATIVE = "This value must be greater than or equal to 0.000000.";
 const std::string ONE_AT_LEAST = "This value must be greater than or equal to 1.000000.";
 const std::string NO_REGION = "This value must match a 'name' in '" + G + "/REGIONDEF'.";
+const std::string NO_STRING = "This value must match a 'name' in '" + G + "/STRINGDEF'.";
 const std::string PATTERN =
     "This value must be equal to one of the following: 'alternating', 'crossed', 'diagonal'.";
 
@@ -300,7 +354,15 @@ INSTANTIATE_TEST_SUITE_P(All, StudySchemaFaults, ::testing::Values(
   SchemaFault{"noDomain",           "/SETUP/DOMAIN",                  "",            MISSING},
   SchemaFault{"noPlane",            "/SETUP/DOMAIN/RHEOPLANE_2D",     "",            MISSING},
   SchemaFault{"noGeometry",         G,                                "",            G + ": " + MISSING + "\n" +
-                                                                                     I + "/ZONES/0/region: " + NO_REGION},
+                                                                                     BOUNDARY + "/0/string: " + NO_STRING + "\n" +
+                                                                                     BOUNDARY + "/1/string: " + NO_STRING + "\n" +
+                                                                                     BOUNDARY + "/2/string: " + NO_STRING + "\n" +
+                                                                                     BOUNDARY + "/3/string: " + NO_STRING + "\n" +
+                                                                                     BOUNDARY + "/3/to: " + NO_STRING + "\n" +
+                                                                                     H + "/FRICTION/ZONES/0/region: " + NO_REGION + "\n" +
+                                                                                     I + "/ZONES/0/region: " + NO_REGION + "\n" +
+                                                                                     H + "/SOURCE/0/region: " + NO_REGION + "\n" +
+                                                                                     H + "/SOURCE/1/region: " + NO_REGION},
   SchemaFault{"noHydraulics",       H,                                "",            MISSING},
   SchemaFault{"noMesh",             G + "/RECTANGLE",                 "",            G + ": One of the following items must be provided: 'CHANNEL', 'MESH', 'RECTANGLE'."},
   SchemaFault{"twoMeshes",          G + "/MESH",                      R"({"file": "m"})", G + ": Only one of the following two items is allowed: 'MESH', 'RECTANGLE'."},
@@ -331,7 +393,12 @@ INSTANTIATE_TEST_SUITE_P(All, StudySchemaFaults, ::testing::Values(
   SchemaFault{"halfAnIndex",        G + "/REGIONDEF/0/index",         "1.0",         "This value must be an integer."},
   SchemaFault{"noRegion",           G + "/REGIONDEF/0",               "7",           G + "/BED/1/region: " + NO_REGION + "\n" +
                                                                                      G + "/REGIONDEF/0: This value must be an object.\n" +
-                                                                                     I + "/ZONES/0/region: " + NO_REGION},
+                                                                                     I + "/ZONES/0/region: " + NO_REGION + "\n" +
+                                                                                     H + "/SOURCE/0/region: " + NO_REGION},
+  SchemaFault{"noStringName",       G + "/STRINGDEF/5/name",          "",            MISSING},
+  SchemaFault{"halfANode",          G + "/STRINGDEF/2/nodes/1",       "2.5",         "This value must be an integer."},
+  SchemaFault{"hugeNode",           G + "/STRINGDEF/2/nodes/1",       "2147483648",  "This value must be less than or equal to 2147483647.000000."},
+  SchemaFault{"from",               G + "/STRINGDEF/1/from/0",        "\"0\"",       "This value must be a number."},
   SchemaFault{"bedRegion",          G + "/BED/0/region",              "\"none\"",    NO_REGION},
   SchemaFault{"bedOfAnotherType",   G + "/BED/0/region",              "1",           G + "/BED/0/region: This value must be a string.\n" +
                                                                                      G + "/BED/0/region: " + NO_REGION},
@@ -353,6 +420,27 @@ INSTANTIATE_TEST_SUITE_P(All, StudySchemaFaults, ::testing::Values(
   SchemaFault{"zoneDepth",          I + "/ZONES/1/water_depth",       "-0.5",        NOT_NEGATIVE},
   SchemaFault{"zoneBox",            I + "/ZONES/1/box",               "4",           "This value must be an array."},
   SchemaFault{"zoneVelocity",       I + "/ZONES/0/velocity/0",        "\"1\"",       "This value must be a number."},
+  SchemaFault{"noClosure",          H + "/FRICTION/type",             "",            MISSING},
+  SchemaFault{"closure",            H + "/FRICTION/type",             "\"chezy\"",   "This value must be equal to one of the following: 'manning', 'sand_roughness', 'sand_roughness_shallow', 'strickler'."},
+  SchemaFault{"noRoughness",        H + "/FRICTION/value",            "",            MISSING},
+  SchemaFault{"roughness",          H + "/FRICTION/value",            "0",           POSITIVE},
+  SchemaFault{"noZoneRoughness",    H + "/FRICTION/ZONES/0/value",    "",            MISSING},
+  SchemaFault{"zoneRoughness",      H + "/FRICTION/ZONES/0/value",    "-1",          POSITIVE},
+  SchemaFault{"frictionRegion",     H + "/FRICTION/ZONES/0/region",   "\"none\"",    NO_REGION},
+  SchemaFault{"noString",           BOUNDARY + "/0/string",           "",            MISSING},
+  SchemaFault{"string",             BOUNDARY + "/0/string",           "\"none\"",    NO_STRING},
+  SchemaFault{"to",                 BOUNDARY + "/3/to",               "\"none\"",    NO_STRING},
+  SchemaFault{"noBoundaryType",     BOUNDARY + "/0/type",             "",            MISSING},
+  SchemaFault{"over",               BOUNDARY + "/1/over",             "\"days\"",    "This value must be equal to one of the following: 'depth', 'discharge', 'level', 'receiving_level', 'time'."},
+  SchemaFault{"inflow",             BOUNDARY + "/0/discharge",        "-1",          NOT_NEGATIVE},
+  SchemaFault{"slope",              BOUNDARY + "/0/slope",            "0",           POSITIVE},
+  SchemaFault{"noSourceRegion",     H + "/SOURCE/0/region",           "",            MISSING},
+  SchemaFault{"sourceRegion",       H + "/SOURCE/0/region",           "\"none\"",    NO_REGION},
+  SchemaFault{"noSourceType",       H + "/SOURCE/0/type",             "",            MISSING},
+  SchemaFault{"sourceType",         H + "/SOURCE/0/type",             "\"snow\"",    "This value must be equal to one of the following: 'discharge', 'rain'."},
+  SchemaFault{"noRate",             H + "/SOURCE/0/intensity",        "",            H + "/SOURCE/0: One of the following items must be provided: 'discharge', 'discharge_file', 'intensity', 'intensity_file'."},
+  SchemaFault{"twoRates",           H + "/SOURCE/0/intensity_file",   "\"r\"",       H + "/SOURCE/0: Only one of the following two items is allowed: 'intensity', 'intensity_file'."},
+  SchemaFault{"sink",               H + "/SOURCE/0/sink",             "\"all\"",     "This value must be equal to one of the following: 'available', 'exact', 'infinity'."},
   SchemaFault{"noTrack",            H + "/FLOOD/track",               "",            MISSING},
   SchemaFault{"track",              H + "/FLOOD/track",               "\"some\"",    "This value must be equal to one of the following: 'all'."},
   SchemaFault{"noObject",           "",                               "[]",          "/: This value must be an object."}

@@ -7,6 +7,9 @@
 #include "common/BaseException.h"
 #include "setup/Reader2dm.h"
 #include "setup/Study.h"
+#include "setup/boundaryTable.h"
+#include "setup/friction.h"
+#include "setup/series.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 
@@ -22,7 +25,90 @@ std::string snippet(const std::string& begin) {
   return text.substr(start + 1, text.find("\n```", start + 1) - start);
 }
 
+const std::string& text() {
+  static const std::string all = support::readFile(std::string(DOCS_FOLDER) + "/setup.md");
+  return all;
+}
+
+/// How many positions a modification reads.
+std::size_t readsOf(int type) {
+  if (type == 3) return 3;
+  if (type == 8) return 5;
+  return type == 9 || type == 16 ? 0 : 1;
+}
+
+/// The columns behind what a type does: keys, lookups, modifications.
+std::string technicalColumnsOf(const setup::BoundaryType& type) {
+  using setup::Takes;
+  std::string keys;
+  std::string lookups;
+  std::string modifications;
+  for (const setup::Input& input : type.inputs) {
+    const std::string name = input.key + (input.takes == Takes::Series ? "_file" : "");
+    keys += (keys.empty() ? "`" : ", `") + name + "`" +
+            (input.takes == Takes::SeriesToo ? "+" : "") + " (" + std::to_string(input.position) +
+            ")";
+  }
+  for (const setup::Lookup lookup : type.lookups) {
+    lookups += (lookups.empty() ? "" : ", ") + nameOf(lookup);
+  }
+  for (const setup::Modification& entry : type.modifications) {
+    modifications += (modifications.empty() ? "" : "; ") + std::to_string(entry[0]) + ":";
+    for (std::size_t k = 0; k < readsOf(entry[0]); ++k) {
+      modifications += " " + std::to_string(entry[2 + k]);
+    }
+    modifications += " to " + std::to_string(entry[1]);
+  }
+  const auto cell = [](const std::string& content) {
+    return " |" + (content.empty() ? "" : " " + content);
+  };
+  return cell(keys) + cell(lookups) + cell(modifications) + " |";
+}
+
 }  // namespace
+
+TEST(DocsOfSetup, theTableOfBoundariesIsThatOfTheProgram) {
+  for (const setup::BoundaryType& type : setup::boundaryTypes()) {
+    const std::string codes =
+        std::to_string(type.code) +
+        (type.receivingCode == 0 ? "" : ", " + std::to_string(type.receivingCode));
+    const std::size_t begin = text().find("\n| `" + type.name + "` | " + codes + " | ");
+    ASSERT_NE(begin, std::string::npos) << type.name;
+    const std::string row = text().substr(begin + 1, text().find('\n', begin + 1) - begin - 1);
+    EXPECT_TRUE(row.ends_with(technicalColumnsOf(type))) << row << "\n" << technicalColumnsOf(type);
+    EXPECT_EQ(row.find("needs `FRICTION`") != std::string::npos, type.needsFriction) << row;
+  }
+}
+
+TEST(DocsOfSetup, theClosuresAreThoseOfTheProgram) {
+  for (const setup::FrictionClosure& closure : setup::frictionClosures()) {
+    EXPECT_NE(
+        text().find("\n| `\"" + closure.name + "\"` | " + std::to_string(closure.type) + " | "),
+        std::string::npos)
+        << closure.name;
+  }
+}
+
+TEST(DocsOfSetup, theSeriesIsUnderstood) {
+  const support::TempDir dir;
+  support::writeFile(dir.file("s.txt"), snippet("# time [s], discharge"));
+  const setup::Series series = setup::readSeries(dir.file("s.txt"));
+  ASSERT_EQ(series.points.size(), 4U);
+  EXPECT_EQ(series.points[2][1], 55.0);
+}
+
+TEST(DocsOfSetup, stringsAndBoundariesAreUnderstood) {
+  const support::TempDir dir;
+  support::writeFile(dir.file("study.json"),
+                     R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {
+                         "MESH": {"file": "m.2dm"}, )" +
+                         snippet("\"STRINGDEF\"") +
+                         R"(}, "HYDRAULICS": {"FRICTION": {"type": "manning", "value": 0.03}, )" +
+                         snippet("\"BOUNDARY\"") + "}}}}}");
+  const setup::Study study = setup::readStudy(dir.file("study.json"));
+  EXPECT_EQ(study.strings.size(), 3U);
+  EXPECT_EQ(study.boundaries.size(), 3U);
+}
 
 TEST(DocsOfSetup, theStudyIsThatOfTheExample) {
   EXPECT_EQ(json::parse(snippet("{\n  \"SETUP\"")),

@@ -27,6 +27,18 @@ TEST(Parameters, theBedOfAHydraulicRunNeverStartsToMove) {
   EXPECT_THAT(setup::parameterValue(MorphStart, {}), VariantWith<double>(1e12));
 }
 
+TEST(Parameters, frictionIsOnWhereTheStudyHasAClosure) {
+  setup::Study study;
+  EXPECT_THAT(setup::parameterValue(FrictionOn, study), VariantWith<int>(0));
+  study.friction = setup::Friction{3, 0.05, {}};
+  EXPECT_THAT(setup::parameterValue(FrictionOn, study), VariantWith<int>(1));
+  EXPECT_THAT(setup::parameterValue(FrictionType, study), VariantWith<int>(3));
+}
+
+TEST(Parameters, theFluidIsWater) {
+  EXPECT_THAT(setup::parameterValue(FluidDensity, {}), VariantWith<double>(1000.0));
+}
+
 TEST(Parameters, refusesAParameterThatNoStudyCanGive) {
   EXPECT_THAT(faults::messageOf([] { setup::parameterValue(ReposeAngle, {}); }),
               StartsWith("the setup has no value for the parameter <ReposeAngle>, in file: "));

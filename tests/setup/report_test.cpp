@@ -1,5 +1,6 @@
 #include "setup/report.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -7,6 +8,9 @@
 #include "model/Factory.h"
 #include "setup/meshes.h"
 #include "setup/numbering.h"
+
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 namespace {
 
@@ -22,12 +26,12 @@ setup::Domain square() {
   return domain;
 }
 
-std::string reportOn(const setup::Domain& domain) {
+std::string reportOn(const setup::Domain& domain, const setup::Study& study = {}) {
   const std::unique_ptr<api::IModel> model(
       model::Factory::getModelFromAggregates({model::AggregateID::hydraulics_aggr}, true));
   model->create();
   ::testing::internal::CaptureStdout();
-  setup::printReport(*model, domain);
+  setup::printReport(*model, domain, study);
   return ::testing::internal::GetCapturedStdout();
 }
 
@@ -52,4 +56,63 @@ TEST(Report, tellsWhatHadToBeChanged) {
   EXPECT_TRUE(
       reportOn(domain).starts_with(" -> turned 3 clockwise elements\n"
                                    " -> left out 2 nodes that no element uses\n"));
+}
+
+TEST(Report, tellsOfStringsAndBoundaries) {
+  setup::Domain domain = square();
+  domain.strings = {{"inlet", {0, 1}, {-1, -1}, {0, 0}, 4.0}};
+  domain.boundaries.edges = {0, 1};
+  domain.boundaries.records = {{}};
+  EXPECT_THAT(reportOn(domain),
+              HasSubstr(" -> string <inlet>: 2 edges, 4 m\n"
+                        " -> boundaries: 1, on 2 edges; all other edges on the boundary are "
+                        "walls\n"));
+}
+
+namespace {
+
+/// The square without water, and rain of 36 mm/h on it.
+setup::Domain dryAndRaining() {
+  setup::Domain domain = square();
+  domain.flow = {{0.25, 0.0, 0.0}, {0.5, 0.0, 0.0}};
+  domain.sources.strongestRate = 1e-5;
+  return domain;
+}
+
+}  // namespace
+
+TEST(Report, proposesATimeStepWhereRainFallsOnADryDomain) {
+  setup::Study study;
+  study.hydraulics.maximumTimeStep = 200.0;
+  study.hydraulics.cfl = 0.5;
+  study.hydraulics.minimumWaterDepth = 0.001;
+  EXPECT_THAT(reportOn(dryAndRaining(), study),
+              HasSubstr(" -> no cell is wet at the start: until one is, a step is "
+                        "cfl * maximum_time_step = 100 s, in which the strongest source adds 0.001 "
+                        "m of water; a maximum_time_step of about 100 s (minimum_water_depth over "
+                        "its rate) would be right\n"));
+}
+
+TEST(Report, proposesNoTimeStepWhereThatOfTheStudyIsRight) {
+  setup::Study study;
+  study.hydraulics.maximumTimeStep = 100.0;
+  EXPECT_THAT(reportOn(dryAndRaining(), study), Not(HasSubstr("no cell is wet")));
+}
+
+TEST(Report, proposesNoTimeStepWhereACellIsWet) {
+  setup::Study study;
+  study.hydraulics.maximumTimeStep = 1e6;
+  setup::Domain domain = dryAndRaining();
+  domain.flow[0][0] = 0.2511;
+  EXPECT_THAT(reportOn(domain, study), Not(HasSubstr("no cell is wet")));
+  domain.flow[0][0] = 0.2509;
+  EXPECT_THAT(reportOn(domain, study), HasSubstr("no cell is wet"));
+}
+
+TEST(Report, proposesNoTimeStepWhereSourcesOnlyTakeWaterAway) {
+  setup::Study study;
+  study.hydraulics.maximumTimeStep = 1e6;
+  setup::Domain domain = dryAndRaining();
+  domain.sources.strongestRate = 0.0;
+  EXPECT_THAT(reportOn(domain, study), Not(HasSubstr("no cell is wet")));
 }

@@ -27,6 +27,7 @@ class SetContents : public ::testing::Test {
     domain.geometry = setup::measure(domain.mesh, domain.topology);
     domain.bed.assign(domain.mesh.cells.size(), 0.5);
     domain.flow.assign(domain.mesh.cells.size(), {1.0, 2.0, 3.0});
+    domain.friction.assign(domain.mesh.cells.size(), 0.03);
   }
 
   int size(model::SetID id) const { return setup::setContents().at(id).size(domain); }

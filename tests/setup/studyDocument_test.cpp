@@ -106,8 +106,8 @@ TEST_F(StudyDocument, isRefusedForAMisspeltKey) {
 }
 
 TEST_F(StudyDocument, isRefusedForPhysicsThatCannotBeSetUp) {
-  const std::string place = studies::HYDRAULICS + "/FRICTION";
-  const Refusal refusal = refusalOf(place, {{"type", "manning"}});
+  const std::string place = studies::HYDRAULICS + "/TURBULENCE";
+  const Refusal refusal = refusalOf(place, {{"type", "mixing"}});
   EXPECT_EQ(refusal.report, place + ": The value of this item will not be used.\n" + place +
                                 "/type: The value of this item will not be used.\n");
   EXPECT_EQ(refusal.message, terminating + ": a study must not hold keys that are not used.");

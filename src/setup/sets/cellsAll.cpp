@@ -27,6 +27,10 @@ std::vector<double> bed(const Domain& domain) {
   return domain.bed;
 }
 
+std::vector<double> friction(const Domain& domain) {
+  return domain.friction;
+}
+
 std::vector<double> areas(const Domain& domain) {
   return domain.geometry.areas;
 }
@@ -71,6 +75,7 @@ SetContent cellsAll() {
           {
             {HydState,          &flow},
             {BottomEl,          &bed},
+            {Friction,          &friction},
             {CellsAll_GeomArea, &areas},
             {CellsAll_EdgeSign, &edgeSigns},
             {Topology,          &corners},

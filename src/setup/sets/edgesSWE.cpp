@@ -5,8 +5,9 @@ namespace setup {
 
 namespace {
 
+/// The edges that the boundaries of the study leave.
 std::vector<int> edges(const Domain& domain) {
-  return domain.topology.innerEdges();
+  return withoutBoundaries(domain.topology.innerEdges(), domain);
 }
 
 int size(const Domain& domain) {

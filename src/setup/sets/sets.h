@@ -10,6 +10,16 @@ SetContent cellsAll();  ///< the cells of the mesh
 SetContent edgesAll();  ///< the edges of the mesh
 SetContent edgHydWL();  ///< the edges that are walls for the flow
 SetContent edgesSWE();  ///< the edges that the flow passes
+SetContent edgHydBC();  ///< the edges with a boundary of the study
 SetContent nodeStrg();  ///< the nodestrings of the study
+SetContent matIDRgn();  ///< the regions of the study
+SetContent clHydSrc();  ///< the cells with a source
+SetContent edgeData();  ///< the records of the boundaries
+SetContent cellData();  ///< the records of the sources
+SetContent inSeries();  ///< the series of boundaries and sources
+SetContent edInterp();  ///< the lookups of series for boundaries
+SetContent clInterp();  ///< the lookups of series for sources
+SetContent edModDat();  ///< what the records of the boundaries go through in every step
+SetContent clModDat();  ///< what the records of the sources go through in every step
 
 }  // namespace setup

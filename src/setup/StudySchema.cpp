@@ -1,0 +1,49 @@
+#include "setup/StudySchema.h"
+
+#include "setup/geometrySchema.h"
+#include "setup/hydraulicsSchema.h"
+
+namespace setup {
+
+const std::string& studySchema() {
+  static const std::string schema = std::string(R"json({
+  "description": "A study: what a run file is made from. Units are metres and seconds.",
+  "type": "object",
+  "required": ["SETUP"],
+  "properties": {
+    "SETUP": {
+      "description": "Everything that setup reads.",
+      "type": "object",
+      "required": ["DOMAIN"],
+      "properties": {
+        "DOMAIN": {
+          "description": "The domain and its name.",
+          "type": "object",
+          "required": ["RHEOPLANE_2D"],
+          "optional": ["name"],
+          "properties": {
+            "name": {
+              "description": "A name for the report.",
+              "type": "string"
+            },
+            "RHEOPLANE_2D": {
+              "description": "The two-dimensional domain.",
+              "type": "object",
+              "required": ["GEOMETRY", "HYDRAULICS"],
+              "properties": {
+                "GEOMETRY": )json") +
+                                    GEOMETRY_SCHEMA + R"json(,
+                "HYDRAULICS": )json" +
+                                    HYDRAULICS_SCHEMA + R"json(
+              }
+            }
+          }
+        }
+      }
+    }
+  }
+})json";
+  return schema;
+}
+
+}  // namespace setup

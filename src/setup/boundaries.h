@@ -1,0 +1,70 @@
+// The boundaries of a study and what becomes of them in the run file.
+#pragma once
+
+#include <array>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "setup/Topology.h"
+#include "setup/boundaryTable.h"
+#include "setup/series.h"
+#include "setup/strings.h"
+
+namespace setup {
+
+struct Study;
+class StudyGroup;
+
+/// A boundary as the study describes it.
+struct Boundary {
+  std::string path;  ///< JSON pointer into the study document, for messages
+  std::string type;
+  int string = 0;                            ///< position in Study::strings
+  int receiving = 0;                         ///< of the second string of a link, otherwise `string`
+  Lookup lookup = Lookup::Time;              ///< by which the series are looked up
+  std::map<std::string, double> values;      ///< by key
+  std::map<std::string, std::string> files;  ///< series files by the key of the input
+};
+
+/// Reads the group BOUNDARY, if the study has one; strings and friction must have been read.
+/// @throws BaseException for keys that a type does not take or that it lacks, unknown strings,
+///         strings with two boundaries, and a type that needs bed friction without it.
+void readBoundaries(const StudyGroup& hydraulics, Study& study);
+
+/// A lookup of a series in every step.
+struct EdgeInterpolation {
+  int series;
+  int string;
+  int record;
+  int key;
+  int position;
+};
+
+struct EdgeModification {
+  Modification info;
+  std::array<int, 2> strings;
+  int record;
+};
+
+/// The boundaries as the run file has them.
+struct EdgeBoundaries {
+  std::vector<int> edges;  ///< in the order of the boundaries and along their strings
+  std::vector<std::array<int, 2>> types;  ///< per edge: code, sign of the edge
+  std::vector<int> recordOf;              ///< per edge
+  std::vector<std::array<double, 7>> records;
+  std::vector<EdgeInterpolation> interpolations;
+  std::vector<EdgeModification> modifications;
+
+  /// Whether each edge of the mesh has a boundary.
+  std::vector<bool> taken(std::size_t edgeCount) const;
+};
+
+/// Turns the strings along the boundary so that a discharge in the sense of their boundary counts
+/// as positive: in at inflows, out at all others.
+/// @throws BaseException for a string that is not where its boundary may be, for an edge with two
+///         boundaries, faulty series files, and series with values that the input does not take.
+EdgeBoundaries layBoundaries(const Study& study, const Mesh& mesh, const Topology& topology,
+                             std::vector<EdgeString>& strings, SeriesList& series);
+
+}  // namespace setup

@@ -1,0 +1,46 @@
+#include "setup/position.h"
+#include "setup/sets/sets.h"
+
+namespace setup {
+
+namespace {
+
+int size(const Domain& domain) {
+  return static_cast<int>(domain.boundaries.edges.size());
+}
+
+std::vector<int> edges(const Domain& domain) {
+  return domain.boundaries.edges;
+}
+
+std::vector<int> cells(const Domain& domain) {
+  std::vector<std::array<int, 2>> result;
+  for (const int edge : edges(domain)) result.push_back(domain.topology.edgeCells[index(edge)]);
+  return flat(result);
+}
+
+std::vector<int> records(const Domain& domain) {
+  return domain.boundaries.recordOf;
+}
+
+std::vector<int> types(const Domain& domain) {
+  return flat(domain.boundaries.types);
+}
+
+}  // namespace
+
+SetContent edgHydBC() {
+  using enum model::MapID;
+  using enum model::DataID;
+  // clang-format off
+  return {&size,
+          {
+            {EdgHydBC_EdgesAll, &edges},
+            {EdgHydBC_CellsAll, &cells},
+            {EdgHydBC_EdgeData, &records},
+          },
+          {{HydBType, &types}}};
+  // clang-format on
+}
+
+}  // namespace setup

@@ -1,0 +1,123 @@
+// The studies of examples/ give the numbers of their pages.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "support/H5Compare.h"
+#include "support/Process.h"
+#include "support/TempDir.h"
+
+using ::testing::DoubleNear;
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+namespace {
+
+class Examples : public ::testing::Test {
+ protected:
+  void run(const std::string& name) {
+    std::filesystem::copy(std::string(EXAMPLES_FOLDER) + "/" + name, dir.path(),
+                          std::filesystem::copy_options::recursive);
+    setUp();
+    const support::Outcome outcome = support::runIn(
+        dir.path(), SIMULATION_EXE, {"-f", "command.json", "-r", "run.h5", "-o", "results.h5"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+  }
+
+  void setUp() {
+    const support::Outcome outcome = support::runIn(dir.path(), SETUP_EXE, {"-f", "study.json"});
+    ASSERT_EQ(outcome.status, 0) << outcome.err;
+    report = outcome.out;
+  }
+
+  /// A value of the state of a string in a record.
+  double state(int record, std::size_t string, std::size_t component) const {
+    return numbers("NodeStrg/StateVar", record).at(10 * string + component);
+  }
+
+  double discharge(int record, std::size_t string) const { return state(record, string, 1); }
+
+  /// The record with the largest discharge.
+  int peak(std::size_t string, int records) const {
+    int found = 0;
+    for (int k = 0; k < records; ++k) {
+      if (discharge(k, string) > discharge(found, string)) found = k;
+    }
+    return found;
+  }
+
+  /// All water in a record [m3].
+  double volume(int record) const {
+    const std::vector<double> flow = numbers("CellsAll/HydState", record);
+    const std::vector<double> bed = support::readNumbers(results(), "CellsAll/BottomEl");
+    const std::vector<double> areas = support::readNumbers(dir.file("run.h5"), "CellsAll/GeomArea");
+    double sum = 0.0;
+    for (std::size_t cell = 0; cell < bed.size(); ++cell) {
+      sum += areas[cell] * (flow[3 * cell] - bed[cell]);
+    }
+    return sum;
+  }
+
+  std::string results() const { return dir.file("results_results.h5"); }
+
+  std::vector<double> numbers(const std::string& datum, int record) const {
+    const std::string digits = std::to_string(record);
+    return support::readNumbers(
+        results(), "RESULTS/" + datum + "/" + std::string(7 - digits.size(), '0') + digits);
+  }
+
+  const support::TempDir dir;
+  std::string report;
+};
+
+}  // namespace
+
+TEST_F(Examples, theFloodOfTheRiverReachGetsLowerOnItsWay) {
+  run("river_reach");
+  EXPECT_THAT(discharge(25, 0), DoubleNear(60.0, 0.5));
+  const int gauge = peak(1, 81);
+  EXPECT_EQ(gauge, 29);
+  EXPECT_THAT(discharge(gauge, 1), DoubleNear(51.35, 0.1));
+  const int outlet = peak(2, 81);
+  EXPECT_EQ(outlet, 35);
+  EXPECT_THAT(discharge(outlet, 2), DoubleNear(48.05, 0.1));
+  double balance = 0.0;
+  for (int k = 1; k < 81; ++k) {
+    balance += 30.0 * (discharge(k - 1, 0) + discharge(k, 0));
+    balance -= 30.0 * (discharge(k - 1, 2) + discharge(k, 2));
+  }
+  EXPECT_THAT(volume(80) - volume(0), DoubleNear(balance, 0.005 * 122700.0));
+}
+
+TEST_F(Examples, thePolderFillsByGateAndWeirAndKeepsItsWater) {
+  constexpr std::size_t WEIR = 2;
+  constexpr std::size_t GATE = 4;
+  run("polder");
+  EXPECT_EQ(discharge(6, GATE), 0.0);
+  EXPECT_GT(discharge(8, GATE), 5.0);
+  EXPECT_THAT(discharge(18, WEIR), DoubleNear(11.33, 0.02));
+  EXPECT_THAT(discharge(18, GATE), DoubleNear(20.2, 0.1));
+  EXPECT_EQ(discharge(27, GATE), 0.0);
+  EXPECT_THAT(volume(40) - volume(0), DoubleNear(26373.0, 20.0));
+}
+
+TEST_F(Examples, theHillslopeComesNearToTheKinematicWave) {
+  run("hillslope_rain");
+  EXPECT_THAT(report, Not(HasSubstr("no cell is wet")));
+  EXPECT_THAT(discharge(45, 0), DoubleNear(0.001667, 0.00009));
+  EXPECT_THAT(volume(45), DoubleNear(1.77, 0.06));
+}
+
+TEST_F(Examples, theHillslopeIsToldOfATimeStepThatIsTooLong) {
+  std::filesystem::copy(std::string(EXAMPLES_FOLDER) + "/hillslope_rain", dir.path(),
+                        std::filesystem::copy_options::recursive);
+  std::string study = support::readFile(dir.file("study.json"));
+  const std::string step = "\"maximum_time_step\": 6.0";
+  study.replace(study.find(step), step.size(), "\"maximum_time_step\": 100.0");
+  support::writeFile(dir.file("study.json"), study);
+  setUp();
+  EXPECT_THAT(report, HasSubstr(" -> no cell is wet at the start: until one is, a step is "
+                                "cfl * maximum_time_step = 50 s, in which the strongest source "
+                                "adds 0.000833333 m of water; a maximum_time_step of about 6 s "));
+}
