@@ -62,7 +62,9 @@ ChildReport listen(pid_t process, int in) {
   pollfd ready{in, POLLIN, 0};
   while (true) {
     const int events = poll(&ready, 1, POLL_MILLISECONDS);
-    report.peakBytes = std::max(report.peakBytes, residentPeak(process));
+    // The last value counts: before it starts the program, a new process shows the memory of this
+    // one.
+    if (const auto peak = residentPeak(process); peak > 0) report.peakBytes = peak;
     if (events <= 0) continue;
     const ssize_t count = read(in, buffer.data(), buffer.size());
     if (count <= 0) return report;

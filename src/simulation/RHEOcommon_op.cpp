@@ -1,5 +1,7 @@
 #include "simulation/RHEOcommon_op.h"
 
+#include <malloc.h>
+
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -104,6 +106,8 @@ void RHEOcommon::init(const int& level, const bool& showProgress, const bool& de
   }
   initializeOutputData();
   initializeVariables();
+  // Copies of the setup have left the heap full of holes: the run can do without them.
+  malloc_trim(0);
   op_diagnostic_output();
 }
 
