@@ -25,7 +25,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Not;
 
-const char* const FILE_NAME = "src/model/Factory";
+const char* const FACTORY_SOURCE = "src/model/Factory";
 const char* const NO_DEFINITION = " -> no model definition found\n";
 
 /// A command document with hydraulics and friction.
@@ -163,16 +163,16 @@ TEST(FactoryCommandFile, NeedsAllPathsOfAnAggregate) {
 TEST(FactoryCommandFile, RefusesADocumentWithoutAnyAggregate) {
   EXPECT_EQ(failureOf([] { fromDocument(R"({"SIMULATION":{"TIME":{"end":1.0}}})"); }),
             failedCheck("no aggregates found...something went wrong with the model definition",
-                        FILE_NAME));
+                        FACTORY_SOURCE));
 }
 
 TEST(FactoryModels, RefuseEmptyLists) {
   EXPECT_EQ(failureOf([] { Factory::getModelFromAggregates({}, true); }),
             failedCheck("no aggregates found...something went wrong with the model definition",
-                        FILE_NAME));
-  EXPECT_EQ(
-      failureOf([] { Factory::getModelFromKernels({}, true); }),
-      failedCheck("no kernels found...something went wrong with the model definition", FILE_NAME));
+                        FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([] { Factory::getModelFromKernels({}, true); }),
+            failedCheck("no kernels found...something went wrong with the model definition",
+                        FACTORY_SOURCE));
 }
 
 // -- components -----------------------------------------------------------------------------------
@@ -244,14 +244,14 @@ TEST_F(FactoryComponents, OfOutputsTellWhichTrack) {
 
 TEST_F(FactoryComponents, OutsideTheCatalogueAreRefused) {
   // clang-format off
-  EXPECT_EQ(failureOf([] { Factory::createAggregate(static_cast<AggregateID>(12)); }),                 failedCheck("aggregate property definition not found (id = 12)", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { Factory::createKernel(static_cast<KernelID>(26), &cells); }),              failedCheck("kernel property definition not found", FILE_NAME));
-  EXPECT_EQ(failureOf([] { Factory::createSet(static_cast<SetID>(21)); }),                             failedCheck("set property definition not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { Factory::createMap(static_cast<MapID>(36), &cells, &edges); }),            failedCheck("map property definition not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { Factory::createData(static_cast<DataID>(46), &cells, false); }),           failedCheck("data property definition not found", FILE_NAME));
-  EXPECT_EQ(failureOf([] { Factory::createParameter(static_cast<ParameterID>(20)); }),                 failedCheck("parameter property definition not found", FILE_NAME));
-  EXPECT_EQ(failureOf([] { Factory::createVariable(static_cast<VariableID>(0)); }),                    failedCheck("variable property definition not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { Factory::createOutput(static_cast<OutputID>(13), &cells); }),              failedCheck("output property definition not found", FILE_NAME));
+  EXPECT_EQ(failureOf([] { Factory::createAggregate(static_cast<AggregateID>(12)); }),                 failedCheck("aggregate property definition not found (id = 12)", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([&] { Factory::createKernel(static_cast<KernelID>(26), &cells); }),              failedCheck("kernel property definition not found", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([] { Factory::createSet(static_cast<SetID>(21)); }),                             failedCheck("set property definition not found", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([&] { Factory::createMap(static_cast<MapID>(36), &cells, &edges); }),            failedCheck("map property definition not found", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([&] { Factory::createData(static_cast<DataID>(46), &cells, false); }),           failedCheck("data property definition not found", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([] { Factory::createParameter(static_cast<ParameterID>(20)); }),                 failedCheck("parameter property definition not found", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([] { Factory::createVariable(static_cast<VariableID>(0)); }),                    failedCheck("variable property definition not found", FACTORY_SOURCE));
+  EXPECT_EQ(failureOf([&] { Factory::createOutput(static_cast<OutputID>(13), &cells); }),              failedCheck("output property definition not found", FACTORY_SOURCE));
   // clang-format on
 }
 

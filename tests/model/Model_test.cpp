@@ -31,7 +31,7 @@ Model hydraulics() {
   return created({AggregateID::hydraulics_aggr});
 }
 
-const char* const FILE_NAME = "src/model/Model";
+const char* const MODEL_SOURCE = "src/model/Model";
 
 // -- closing the lists ----------------------------------------------------------------------------
 
@@ -110,9 +110,9 @@ TEST(ModelClosure, OfTheFullModelHoldsAllAggregatesAndKernels) {
 
 TEST(ModelClosure, RefusesWhatTheCatalogueDoesNotHold) {
   EXPECT_EQ(failureOf([] { Model({static_cast<AggregateID>(99)}, false); }),
-            failedCheck("aggregate <99> not defined", FILE_NAME));
+            failedCheck("aggregate <99> not defined", MODEL_SOURCE));
   EXPECT_EQ(failureOf([] { Model({static_cast<KernelID>(26)}, false); }),
-            failedCheck("kernel <26> not defined", FILE_NAME));
+            failedCheck("kernel <26> not defined", MODEL_SOURCE));
 }
 
 TEST(ModelClosure, TracksFloodsOnlyWhereTheirDataAre) {
@@ -251,22 +251,22 @@ TEST(ModelLookup, GivesTheSameObjectAsAComponent) {
 TEST(ModelLookup, RefusesWhatTheModelDoesNotHold) {
   const Model model = hydraulics();
   // clang-format off
-  EXPECT_EQ(failureOf([&] { model.getAggregate(AggregateID::hyd_flood_aggr); }),    failedCheck("aggregate <11> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getKernel(KernelID::HydFlood); }),                failedCheck("kernel <23> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getSet(SetID::CellsFix); }),                      failedCheck("set <2> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getData(DataID::FloodVar); }),                    failedCheck("data <24> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getMap(MapID::CellsFix_CellsAll); }),             failedCheck("map <2> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getParameter(ParameterID::FrictionType); }),      failedCheck("parameter <7> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getVariable(static_cast<VariableID>(1)); }),      failedCheck("variable <1> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getOutput(OutputID::delta_z); }),                 failedCheck("output <5> not found", FILE_NAME));
-  EXPECT_EQ(failureOf([&] { model.getComponent(static_cast<VariableID>(1)); }),     failedCheck("variable <1> not found", FILE_NAME));
+  EXPECT_EQ(failureOf([&] { model.getAggregate(AggregateID::hyd_flood_aggr); }),    failedCheck("aggregate <11> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getKernel(KernelID::HydFlood); }),                failedCheck("kernel <23> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getSet(SetID::CellsFix); }),                      failedCheck("set <2> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getData(DataID::FloodVar); }),                    failedCheck("data <24> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getMap(MapID::CellsFix_CellsAll); }),             failedCheck("map <2> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getParameter(ParameterID::FrictionType); }),      failedCheck("parameter <7> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getVariable(static_cast<VariableID>(1)); }),      failedCheck("variable <1> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getOutput(OutputID::delta_z); }),                 failedCheck("output <5> not found", MODEL_SOURCE));
+  EXPECT_EQ(failureOf([&] { model.getComponent(static_cast<VariableID>(1)); }),     failedCheck("variable <1> not found", MODEL_SOURCE));
   // clang-format on
 }
 
 TEST(ModelLookup, FindsNothingBeforeTheObjectsAreMade) {
   const Model model({AggregateID::hydraulics_aggr}, false);
   EXPECT_EQ(failureOf([&] { model.getKernel(KernelID::Update); }),
-            failedCheck("kernel <21> not found", FILE_NAME));
+            failedCheck("kernel <21> not found", MODEL_SOURCE));
 }
 
 // -- components outside the closure ---------------------------------------------------------------

@@ -1,7 +1,5 @@
 #include "dataio/h5/type.h"
 
-#include <string>
-
 #include "dataio/h5/error.h"
 
 namespace dataio::h5 {

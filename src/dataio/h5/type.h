@@ -1,6 +1,8 @@
 // How the values of this program lie in memory and, as types of their own platform, in a file.
 #pragma once
 
+#include <string>
+
 #include "dataio/h5/handle.h"
 
 namespace dataio::h5 {
@@ -9,5 +11,11 @@ namespace dataio::h5 {
 /// @throws Error if the library refuses.
 template <class T>
 Handle typeOf();
+template <>
+Handle typeOf<int>();
+template <>
+Handle typeOf<double>();
+template <>
+Handle typeOf<std::string>();
 
 }  // namespace dataio::h5

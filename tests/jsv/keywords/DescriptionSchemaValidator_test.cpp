@@ -14,17 +14,16 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = DescriptionSchemaValidator;
 
 TEST(DescriptionSchemaValidator, PassesTheTextOn) {
-  const auto checked = check<Validator>(3, "The number of cells.");
+  const auto checked = check<DescriptionSchemaValidator>(3, "The number of cells.");
   EXPECT_THAT(checked.annotations,
               ElementsAre(at("/value", DescriptionAnnotation{"The number of cells."})));
   EXPECT_THAT(checked.names, IsEmpty());
 }
 
 TEST(DescriptionSchemaValidator, TheParameterMustBeAString) {
-  EXPECT_EQ(faultOf<Validator>(3, json::array({"text"})),
+  EXPECT_EQ(faultOf<DescriptionSchemaValidator>(3, json::array({"text"})),
             "/keyword: This keyword requires a string parameter.");
 }
 

@@ -14,11 +14,10 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = FormatSchemaValidator;
 
 TEST(FormatSchemaValidator, InformsThatTheValueIsAUriAndDoesNotLookAtIt) {
   for (const auto& value : {json("file://a"), json("no uri"), json(3)}) {
-    const auto checked = check<Validator>(value, "uri");
+    const auto checked = check<FormatSchemaValidator>(value, "uri");
     EXPECT_THAT(checked.annotations, ElementsAre(at("/value", StringIsURIAnnotation{})));
     EXPECT_THAT(checked.names, IsEmpty());
   }
@@ -26,7 +25,7 @@ TEST(FormatSchemaValidator, InformsThatTheValueIsAUriAndDoesNotLookAtIt) {
 
 TEST(FormatSchemaValidator, AnyOtherFormatIsAFaultEvenOfAValidValue) {
   for (const auto& parameter : {json("date"), json("URI"), json(""), json(3), json(nullptr)}) {
-    EXPECT_EQ(faultOf<Validator>("2020-02-02", parameter),
+    EXPECT_EQ(faultOf<FormatSchemaValidator>("2020-02-02", parameter),
               "/keyword: Only the 'uri' format is currently supported.");
   }
 }

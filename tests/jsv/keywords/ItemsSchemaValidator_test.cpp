@@ -14,10 +14,9 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = ItemsSchemaValidator;
 
 TEST(ItemsSchemaValidator, WalksEachElement) {
-  const auto checked = check<Validator>({"a", {{"b", 1}}, 2}, {{"const", "a"}});
+  const auto checked = check<ItemsSchemaValidator>({"a", {{"b", 1}}, 2}, {{"const", "a"}});
   EXPECT_THAT(checked.annotations, ElementsAre(at("/value/1", ConstConstraintViolation{"a"}),
                                                at("/value/1/b", UnusedItem{}),
                                                at("/value/2", ConstConstraintViolation{"a"})));
@@ -25,18 +24,19 @@ TEST(ItemsSchemaValidator, WalksEachElement) {
 }
 
 TEST(ItemsSchemaValidator, AnEmptyArrayPasses) {
-  EXPECT_THAT(check<Validator>(json::array(), false).annotations, IsEmpty());
+  EXPECT_THAT(check<ItemsSchemaValidator>(json::array(), false).annotations, IsEmpty());
 }
 
 TEST(ItemsSchemaValidator, ValuesThatAreNoArraysPassWhateverTheParameterIs) {
-  EXPECT_THAT(check<Validator>({{"0", 1}}, 3).annotations, IsEmpty());
-  EXPECT_THAT(check<Validator>("text", {{"type", "boolean"}}).annotations, IsEmpty());
+  EXPECT_THAT(check<ItemsSchemaValidator>({{"0", 1}}, 3).annotations, IsEmpty());
+  EXPECT_THAT(check<ItemsSchemaValidator>("text", {{"type", "boolean"}}).annotations, IsEmpty());
 }
 
 TEST(ItemsSchemaValidator, TheParameterMustBeASchemaIfThereAreElements) {
-  EXPECT_EQ(faultOf<Validator>({1}, 3),
+  EXPECT_EQ(faultOf<ItemsSchemaValidator>({1}, 3),
             "/: A schema must be defined by either an object or a boolean.");
-  EXPECT_EQ(faultOf<Validator>({1}, {{"type", "boolean"}}), "/type: The provided type is invalid.");
+  EXPECT_EQ(faultOf<ItemsSchemaValidator>({1}, {{"type", "boolean"}}),
+            "/type: The provided type is invalid.");
 }
 
 }  // namespace

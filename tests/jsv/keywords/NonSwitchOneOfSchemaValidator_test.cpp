@@ -14,19 +14,18 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = NonSwitchOneOfSchemaValidator;
 
 const auto CASES =
     json::parse(R"([{"required": ["c"]}, {"required": ["a"]}, {"required": ["b"]}])");
 
 TEST(NonSwitchOneOfSchemaValidator, ExactlyOneItemPasses) {
-  const auto checked = check<Validator>({{"b", 1}, {"x", 1}}, CASES);
+  const auto checked = check<NonSwitchOneOfSchemaValidator>({{"b", 1}, {"x", 1}}, CASES);
   EXPECT_THAT(checked.annotations, IsEmpty());
   EXPECT_THAT(checked.names, ElementsAre("b"));
 }
 
 TEST(NonSwitchOneOfSchemaValidator, NoItemIsAFaultThatListsAllSorted) {
-  const auto checked = check<Validator>({{"x", 1}}, CASES);
+  const auto checked = check<NonSwitchOneOfSchemaValidator>({{"x", 1}}, CASES);
   EXPECT_THAT(
       checked.annotations,
       ElementsAre(at("/value", MissingExclusiveItemsViolation{makeSortable({"a", "b", "c"})})));
@@ -34,30 +33,31 @@ TEST(NonSwitchOneOfSchemaValidator, NoItemIsAFaultThatListsAllSorted) {
 }
 
 TEST(NonSwitchOneOfSchemaValidator, TwoItemsAreAFaultThatNamesBoth) {
-  const auto checked = check<Validator>({{"c", 1}, {"a", 1}}, CASES);
+  const auto checked = check<NonSwitchOneOfSchemaValidator>({{"c", 1}, {"a", 1}}, CASES);
   EXPECT_THAT(checked.annotations, ElementsAre(at("/value", ExclusiveItemViolation{{"a", "c"}})));
   EXPECT_THAT(checked.names, ElementsAre("a", "c"));
 }
 
 TEST(NonSwitchOneOfSchemaValidator, OfThreeItemsTheFirstTwoInSortedOrderAreNamed) {
-  const auto checked = check<Validator>({{"c", 1}, {"b", 1}, {"a", 1}}, CASES);
+  const auto checked = check<NonSwitchOneOfSchemaValidator>({{"c", 1}, {"b", 1}, {"a", 1}}, CASES);
   EXPECT_THAT(checked.annotations, ElementsAre(at("/value", ExclusiveItemViolation{{"a", "b"}})));
   EXPECT_THAT(checked.names, ElementsAre("a", "b", "c"));
 }
 
 TEST(NonSwitchOneOfSchemaValidator, OtherKeywordsOfTheCasesAreNotApplied) {
   const auto cases = json::parse(R"([{"required": ["a"], "type": "array"}, {"required": ["b"]}])");
-  EXPECT_THAT(check<Validator>({{"a", 1}}, cases).annotations, IsEmpty());
+  EXPECT_THAT(check<NonSwitchOneOfSchemaValidator>({{"a", 1}}, cases).annotations, IsEmpty());
 }
 
 TEST(NonSwitchOneOfSchemaValidator, ValuesThatAreNoObjectsPass) {
-  EXPECT_THAT(check<Validator>(json::array({"a"}), CASES).annotations, IsEmpty());
-  EXPECT_THAT(check<Validator>(json::array({"a"}), CASES).names, IsEmpty());
+  EXPECT_THAT(check<NonSwitchOneOfSchemaValidator>(json::array({"a"}), CASES).annotations,
+              IsEmpty());
+  EXPECT_THAT(check<NonSwitchOneOfSchemaValidator>(json::array({"a"}), CASES).names, IsEmpty());
 }
 
 TEST(NonSwitchOneOfSchemaValidator, EachCaseMustRequireOneName) {
   const auto fault = [](const char* cases) {
-    return faultOf<Validator>(json::object(), json::parse(cases));
+    return faultOf<NonSwitchOneOfSchemaValidator>(json::object(), json::parse(cases));
   };
   EXPECT_EQ(fault(R"({})"), "/keyword: This keyword requires an array parameter.");
   EXPECT_EQ(fault(R"([{"required": ["a"]}, {}])"), "/keyword/1/required: This item is required.");

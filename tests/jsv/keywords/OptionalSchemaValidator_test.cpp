@@ -14,10 +14,9 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = OptionalSchemaValidator;
 
 TEST(OptionalSchemaValidator, InformsOfEachItemAndOfThoseThatCouldBeAdded) {
-  const auto checked = check<Validator>({{"a", 1}}, {"b", "a"});
+  const auto checked = check<OptionalSchemaValidator>({{"a", 1}}, {"b", "a"});
   EXPECT_THAT(checked.annotations, ElementsAre(at("/value", ValidAdditionalKeyAnnotation{"b"}),
                                                at("/value/a", OptionalItemAnnotation{}),
                                                at("/value/b", OptionalItemAnnotation{})));
@@ -25,13 +24,14 @@ TEST(OptionalSchemaValidator, InformsOfEachItemAndOfThoseThatCouldBeAdded) {
 }
 
 TEST(OptionalSchemaValidator, ValuesThatAreNoObjectsPass) {
-  EXPECT_THAT(check<Validator>(json::array({"a"}), {"a"}).annotations, IsEmpty());
-  EXPECT_THAT(check<Validator>(1, {"a"}).annotations, IsEmpty());
+  EXPECT_THAT(check<OptionalSchemaValidator>(json::array({"a"}), {"a"}).annotations, IsEmpty());
+  EXPECT_THAT(check<OptionalSchemaValidator>(1, {"a"}).annotations, IsEmpty());
 }
 
 TEST(OptionalSchemaValidator, TheParameterMustBeAnArrayOfStringsWhateverTheValueIs) {
-  EXPECT_EQ(faultOf<Validator>(1, true), "/keyword: This keyword requires an array parameter.");
-  EXPECT_EQ(faultOf<Validator>(1, {"a", json::array()}),
+  EXPECT_EQ(faultOf<OptionalSchemaValidator>(1, true),
+            "/keyword: This keyword requires an array parameter.");
+  EXPECT_EQ(faultOf<OptionalSchemaValidator>(1, {"a", json::array()}),
             "/keyword/1: This keyword requires a string parameter.");
 }
 

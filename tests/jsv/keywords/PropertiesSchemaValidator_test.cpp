@@ -14,11 +14,10 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = PropertiesSchemaValidator;
 
 TEST(PropertiesSchemaValidator, WalksTheItemsThatAreThere) {
-  const auto checked =
-      check<Validator>({{"a", 1}, {"b", 2}}, {{"a", {{"type", "string"}}}, {"b", false}});
+  const auto checked = check<PropertiesSchemaValidator>(
+      {{"a", 1}, {"b", 2}}, {{"a", {{"type", "string"}}}, {"b", false}});
   EXPECT_THAT(checked.annotations,
               ElementsAre(at("/value/a", IncorrectType{JsonTypeClass::String}),
                           at("/value/a", RequiredTypeAnnotation{JsonTypeClass::String}),
@@ -26,12 +25,13 @@ TEST(PropertiesSchemaValidator, WalksTheItemsThatAreThere) {
 }
 
 TEST(PropertiesSchemaValidator, AccountsForNoNames) {
-  EXPECT_THAT(check<Validator>({{"a", 1}}, {{"a", true}}).names, IsEmpty());
+  EXPECT_THAT(check<PropertiesSchemaValidator>({{"a", 1}}, {{"a", true}}).names, IsEmpty());
 }
 
 TEST(PropertiesSchemaValidator, AnAbsentItemCouldBeAddedAndIsNotWalked) {
-  EXPECT_THAT(check<Validator>(json::object(), {{"a", {{"required", {"b"}}}}}).annotations,
-              ElementsAre(at("/value", ValidAdditionalKeyAnnotation{"a"})));
+  EXPECT_THAT(
+      check<PropertiesSchemaValidator>(json::object(), {{"a", {{"required", {"b"}}}}}).annotations,
+      ElementsAre(at("/value", ValidAdditionalKeyAnnotation{"a"})));
 }
 
 TEST(PropertiesSchemaValidator, AnAbsentItemIsReportedOnlyIfItIsRequired) {
@@ -42,16 +42,18 @@ TEST(PropertiesSchemaValidator, AnAbsentItemIsReportedOnlyIfItIsRequired) {
 }
 
 TEST(PropertiesSchemaValidator, ValuesThatAreNoObjectsPass) {
-  EXPECT_THAT(check<Validator>(json::array({1}), {{"0", false}}).annotations, IsEmpty());
-  EXPECT_THAT(check<Validator>("a", {{"a", false}}).annotations, IsEmpty());
+  EXPECT_THAT(check<PropertiesSchemaValidator>(json::array({1}), {{"0", false}}).annotations,
+              IsEmpty());
+  EXPECT_THAT(check<PropertiesSchemaValidator>("a", {{"a", false}}).annotations, IsEmpty());
 }
 
 TEST(PropertiesSchemaValidator, TheParameterMustBeAnObjectWhateverTheValueIs) {
-  EXPECT_EQ(faultOf<Validator>(1, {"a"}), "/keyword: This keyword requires an object parameter.");
+  EXPECT_EQ(faultOf<PropertiesSchemaValidator>(1, {"a"}),
+            "/keyword: This keyword requires an object parameter.");
 }
 
 TEST(PropertiesSchemaValidator, FaultsBelowArePlacedInTheSchemaOfTheItem) {
-  EXPECT_EQ(faultOf<Validator>({{"a", 1}}, {{"a", {{"type", "boolean"}}}}),
+  EXPECT_EQ(faultOf<PropertiesSchemaValidator>({{"a", 1}}, {{"a", {{"type", "boolean"}}}}),
             "/type: The provided type is invalid.");
 }
 

@@ -16,7 +16,6 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = RequiredInSchemaValidator;
 
 /// Validates the item "use" of a document whose item "a" is an array of named regions.
 test::Report validateUse(const std::string& use, const std::string& pointer = "/a/regions",
@@ -61,7 +60,7 @@ TEST(RequiredInSchemaValidator, InformsOfTheNamesSorted) {
   const json document = json::parse(R"({"list": [{"n": "b"}, {"n": "a"}], "use": "b"})");
   const json schema = {{"requiredIn", {{"$array_ref", "/list"}, {"itemProperty", "n"}}}};
   AnnotationCollection collection;
-  EXPECT_THAT(Validator(document, schema)
+  EXPECT_THAT(RequiredInSchemaValidator(document, schema)
                   .check(JsonPointer("/use"), JsonPointer("/requiredIn"), collection),
               IsEmpty());
   EXPECT_THAT(collection,
@@ -76,20 +75,24 @@ TEST(RequiredInSchemaValidator, TheReferenceIsIntoTheWholeDocumentAlsoBelowOther
 }
 
 TEST(RequiredInSchemaValidator, TheParameterMustHoldTwoStrings) {
-  EXPECT_EQ(faultOf<Validator>(1, json::object()), "/keyword/$array_ref: This item is required.");
-  EXPECT_EQ(faultOf<Validator>(1, "/a"), "/keyword/$array_ref: This item is required.");
-  EXPECT_EQ(faultOf<Validator>(1, {{"$array_ref", 1}, {"itemProperty", "n"}}),
+  EXPECT_EQ(faultOf<RequiredInSchemaValidator>(1, json::object()),
+            "/keyword/$array_ref: This item is required.");
+  EXPECT_EQ(faultOf<RequiredInSchemaValidator>(1, "/a"),
+            "/keyword/$array_ref: This item is required.");
+  EXPECT_EQ(faultOf<RequiredInSchemaValidator>(1, {{"$array_ref", 1}, {"itemProperty", "n"}}),
             "/keyword/$array_ref: This keyword requires a string parameter.");
-  EXPECT_EQ(faultOf<Validator>(1, {{"$array_ref", "/a"}}),
+  EXPECT_EQ(faultOf<RequiredInSchemaValidator>(1, {{"$array_ref", "/a"}}),
             "/keyword/itemProperty: This item is required.");
-  EXPECT_EQ(faultOf<Validator>(1, {{"$array_ref", "/a"}, {"itemProperty", nullptr}}),
-            "/keyword/itemProperty: This keyword requires a string parameter.");
+  EXPECT_EQ(
+      faultOf<RequiredInSchemaValidator>(1, {{"$array_ref", "/a"}, {"itemProperty", nullptr}}),
+      "/keyword/itemProperty: This keyword requires a string parameter.");
 }
 
 TEST(RequiredInSchemaValidator, TheReferenceMustBeAJsonPointer) {
   for (const auto* pointer : {"a", "/a~", "/a~2"}) {
-    EXPECT_EQ(faultOf<Validator>(1, {{"$array_ref", pointer}, {"itemProperty", "n"}}),
-              "/keyword/$array_ref: This JSON pointer is invalid.");
+    EXPECT_EQ(
+        faultOf<RequiredInSchemaValidator>(1, {{"$array_ref", pointer}, {"itemProperty", "n"}}),
+        "/keyword/$array_ref: This JSON pointer is invalid.");
   }
 }
 

@@ -17,7 +17,6 @@ using test::check;
 using test::faultOf;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Validator = SwitchOneOfSchemaValidator;
 
 const auto CASES = json::parse(R"([
     {"properties": {"kind": {"const": "weir"}}, "required": ["height"]},
@@ -33,36 +32,36 @@ std::vector<LocatedAnnotation> issuesOf(const AnnotationCollection& annotations)
 }
 
 TEST(SwitchOneOfSchemaValidator, TheSelectedCaseIsChecked) {
-  const auto checked = check<Validator>({{"kind", "weir"}}, CASES);
+  const auto checked = check<SwitchOneOfSchemaValidator>({{"kind", "weir"}}, CASES);
   EXPECT_THAT(issuesOf(checked.annotations), ElementsAre(at("/value/height", MissingItem{})));
   EXPECT_THAT(
-      check<Validator>({{"kind", "weir"}, {"height", 1}}, CASES).annotations,
+      check<SwitchOneOfSchemaValidator>({{"kind", "weir"}, {"height", 1}}, CASES).annotations,
       ElementsAre(at("/value/kind", RequiredTypeAnnotation{JsonTypeClass::String}),
                   at("/value/kind", EnumRequiredAnnotation{makeSortable({"gate", "weir"})})));
 }
 
 TEST(SwitchOneOfSchemaValidator, CasesMayBeNested) {
-  const auto checked = check<Validator>({{"kind", "gate"}, {"opening", 1}}, CASES);
+  const auto checked = check<SwitchOneOfSchemaValidator>({{"kind", "gate"}, {"opening", 1}}, CASES);
   EXPECT_THAT(
       issuesOf(checked.annotations),
       ElementsAre(at("/value", MissingExclusiveItemsViolation{makeSortable({"file", "values"})})));
 }
 
 TEST(SwitchOneOfSchemaValidator, AccountsForAllItemsOfTheObject) {
-  EXPECT_THAT(check<Validator>({{"kind", "weir"}, {"x", 1}}, CASES).names,
+  EXPECT_THAT(check<SwitchOneOfSchemaValidator>({{"kind", "weir"}, {"x", 1}}, CASES).names,
               ElementsAre("kind", "x"));
-  EXPECT_THAT(check<Validator>({{"x", 1}}, CASES).names, ElementsAre("x"));
+  EXPECT_THAT(check<SwitchOneOfSchemaValidator>({{"x", 1}}, CASES).names, ElementsAre("x"));
 }
 
 TEST(SwitchOneOfSchemaValidator, AnUnknownCaseIsAFaultAtTheVariableAndNoCaseIsChecked) {
-  const auto checked = check<Validator>({{"kind", "dam"}}, CASES);
+  const auto checked = check<SwitchOneOfSchemaValidator>({{"kind", "dam"}}, CASES);
   EXPECT_THAT(
       issuesOf(checked.annotations),
       ElementsAre(at("/value/kind", EnumConstraintViolation{makeSortable({"gate", "weir"})})));
 }
 
 TEST(SwitchOneOfSchemaValidator, AMissingVariableIsAFaultAndNoCaseIsChecked) {
-  const auto checked = check<Validator>(json::object(), CASES);
+  const auto checked = check<SwitchOneOfSchemaValidator>(json::object(), CASES);
   EXPECT_THAT(
       checked.annotations,
       ElementsAre(at("/value", ValidAdditionalKeyAnnotation{"kind"}),
@@ -72,25 +71,25 @@ TEST(SwitchOneOfSchemaValidator, AMissingVariableIsAFaultAndNoCaseIsChecked) {
 }
 
 TEST(SwitchOneOfSchemaValidator, AVariableThatIsNoStringIsAFaultAndNoCaseIsChecked) {
-  const auto checked = check<Validator>({{"kind", 1}}, CASES);
+  const auto checked = check<SwitchOneOfSchemaValidator>({{"kind", 1}}, CASES);
   EXPECT_THAT(issuesOf(checked.annotations),
               ElementsAre(at("/value/kind", IncorrectType{JsonTypeClass::String})));
 }
 
 TEST(SwitchOneOfSchemaValidator, WithoutCasesAnObjectIsInvalid) {
-  const auto checked = check<Validator>({{"a", 1}}, json::array());
+  const auto checked = check<SwitchOneOfSchemaValidator>({{"a", 1}}, json::array());
   EXPECT_THAT(checked.annotations, ElementsAre(at("/value", InvalidItem{})));
   EXPECT_THAT(checked.names, ElementsAre("a"));
 }
 
 TEST(SwitchOneOfSchemaValidator, ValuesThatAreNoObjectsPass) {
-  EXPECT_THAT(check<Validator>(json::array({1}), CASES).annotations, IsEmpty());
-  EXPECT_THAT(check<Validator>(1, json::array()).names, IsEmpty());
+  EXPECT_THAT(check<SwitchOneOfSchemaValidator>(json::array({1}), CASES).annotations, IsEmpty());
+  EXPECT_THAT(check<SwitchOneOfSchemaValidator>(1, json::array()).names, IsEmpty());
 }
 
 TEST(SwitchOneOfSchemaValidator, FaultyCasesAreFaultsOfTheSchema) {
   const auto fault = [](const char* cases) {
-    return faultOf<Validator>({{"k", "a"}}, json::parse(cases));
+    return faultOf<SwitchOneOfSchemaValidator>({{"k", "a"}}, json::parse(cases));
   };
   EXPECT_EQ(fault(R"({})"), "/keyword: This keyword requires an array parameter.");
   EXPECT_EQ(
@@ -112,7 +111,7 @@ TEST(SwitchOneOfSchemaValidator, FaultyCasesAreFaultsOfTheSchema) {
 }
 
 TEST(SwitchOneOfSchemaValidator, CasesAdmitThreeKeywordsOnly) {
-  EXPECT_EQ(faultOf<Validator>({{"k", "a"}}, json::parse(R"([
+  EXPECT_EQ(faultOf<SwitchOneOfSchemaValidator>({{"k", "a"}}, json::parse(R"([
           {"description": "Case a.", "properties": {"k": {"const": "a"}}}])")),
             "/keyword/0/description: Only the keywords 'properties', 'required' and 'oneOf' are "
             "supported here.");
@@ -122,13 +121,13 @@ class SwitchPartsTest : public ::testing::Test {
  protected:
   const json document_ = json::parse(R"({"kind": "gate", "opening": 1})");
   const json schema_ = {{"oneOf", CASES}, {"empty", json::array()}};
-  const Validator validator_{document_, schema_};
+  const SwitchOneOfSchemaValidator validator_{document_, schema_};
   const JsonPointer oneOf_{"/oneOf"};
 };
 
 TEST_F(SwitchPartsTest, KeysAreThoseOfTheObject) {
-  EXPECT_THAT(Validator::keys(document_), ElementsAre("kind", "opening"));
-  EXPECT_THAT(Validator::keys(json::object()), IsEmpty());
+  EXPECT_THAT(SwitchOneOfSchemaValidator::keys(document_), ElementsAre("kind", "opening"));
+  EXPECT_THAT(SwitchOneOfSchemaValidator::keys(json::object()), IsEmpty());
 }
 
 TEST_F(SwitchPartsTest, TheFirstCaseNamesTheVariable) {
@@ -143,10 +142,10 @@ TEST_F(SwitchPartsTest, CasesAreSorted) {
 }
 
 TEST_F(SwitchPartsTest, DuplicatesAreEqualNeighbours) {
-  EXPECT_TRUE(Validator::hasDuplicateCases(makeSortable({"a", "b", "a"})));
-  EXPECT_FALSE(Validator::hasDuplicateCases(makeSortable({"a", "b"})));
-  EXPECT_FALSE(Validator::hasDuplicateCases(makeSortable({"a"})));
-  EXPECT_FALSE(Validator::hasDuplicateCases(makeSortable({})));
+  EXPECT_TRUE(SwitchOneOfSchemaValidator::hasDuplicateCases(makeSortable({"a", "b", "a"})));
+  EXPECT_FALSE(SwitchOneOfSchemaValidator::hasDuplicateCases(makeSortable({"a", "b"})));
+  EXPECT_FALSE(SwitchOneOfSchemaValidator::hasDuplicateCases(makeSortable({"a"})));
+  EXPECT_FALSE(SwitchOneOfSchemaValidator::hasDuplicateCases(makeSortable({})));
 }
 
 TEST_F(SwitchPartsTest, CasesAreNumberedInTheOrderOfTheSchema) {
