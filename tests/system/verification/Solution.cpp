@@ -8,6 +8,7 @@
 
 #include "support/H5Compare.h"
 #include "support/Process.h"
+#include "system/verification/CompensatedSum.h"
 
 namespace verification {
 
@@ -71,21 +72,6 @@ std::vector<Record> readRecords(const std::string& resultsFile) {
   }
   return records;
 }
-
-/// A sum whose error does not grow with the number of its terms (Neumaier 1974).
-class CompensatedSum {
- public:
-  void add(double term) {
-    const double next = sum + term;
-    lost += std::abs(sum) >= std::abs(term) ? (sum - next) + term : (term - next) + sum;
-    sum = next;
-  }
-  double value() const { return sum + lost; }
-
- private:
-  double sum = 0.0;
-  double lost = 0.0;
-};
 
 }  // namespace
 
