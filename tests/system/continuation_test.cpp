@@ -6,6 +6,7 @@
 #include <cmath>
 #include <cstddef>
 #include <filesystem>
+#include <ostream>
 #include <sstream>
 #include <string>
 #include <utility>
@@ -29,6 +30,10 @@ struct River {
   std::string out;            ///< [s]
   std::vector<int> restarts;  ///< records to continue from
 };
+
+void PrintTo(const River& river, std::ostream* stream) {
+  *stream << river.name;
+}
 
 class Continued : public support::Simulation {
  protected:

@@ -24,6 +24,7 @@
 #include <cmath>
 #include <cstddef>
 #include <functional>
+#include <ostream>
 #include <sstream>
 #include <string>
 
@@ -45,6 +46,10 @@ struct Closure {
   std::function<double(double)> speed;  ///< u / u* at a depth [m]
   std::array<double, 3> knownErrors;    ///< of the depth [m], from mesh to mesh
 };
+
+void PrintTo(const Closure& closure, std::ostream* stream) {
+  *stream << closure.name;
+}
 
 double normalDepth(const Closure& closure) {
   double low = 0.01;
