@@ -23,6 +23,14 @@ void numberCells(Domain& domain) {
   domain.bandwidthAsNumbered = bandwidth(neighboursOf(domain.topology));
 }
 
+void prepareBed(const Study& study, Domain& domain) {
+  domain.grainSizes = cellGrainSizes(study, domain.mesh, domain.geometry);
+  domain.criticalValues.assign(domain.mesh.cells.size(), study.morphology->bedload.critical);
+  domain.fixedCells =
+      fixCells(study, domain.mesh, domain.geometry, domain.bed, domain.sources.bed.cells);
+  requireBottom(study, domain.sources, domain.fixedCells);
+}
+
 }  // namespace
 
 Domain buildDomain(const Study& study) {
@@ -38,6 +46,7 @@ Domain buildDomain(const Study& study) {
   domain.boundaries =
       layBoundaries(study, domain.mesh, domain.topology, domain.strings, domain.series);
   domain.sources = laySources(study, domain.mesh, domain.geometry, domain.series);
+  if (study.morphology) prepareBed(study, domain);
   return domain;
 }
 

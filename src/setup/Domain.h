@@ -10,6 +10,7 @@
 #include "setup/Study.h"
 #include "setup/Topology.h"
 #include "setup/boundaries.h"
+#include "setup/fixedBed.h"
 #include "setup/series.h"
 #include "setup/sources.h"
 #include "setup/strings.h"
@@ -27,6 +28,9 @@ struct Domain {
   std::vector<EdgeString> strings;
   EdgeBoundaries boundaries;
   CellSources sources;
+  std::vector<double> grainSizes;      ///< per cell [m]; empty if the bed stays as it is
+  std::vector<double> criticalValues;  ///< per cell: Shields parameter [-], or velocity [m/s]
+  FixedCells fixedCells;
   SeriesList series;  ///< of boundaries and sources
 
   Tidying tidying;              ///< what had to be changed in the mesh

@@ -38,8 +38,6 @@ class RunFile {
     for (const model::MapID id : model.getMaps()) {
       const api::IMap& map = *model.getMap(id);
       const SetContent& from = content(map.getSet()->getID());
-      CHECK_THAT(from.maps.count(id) == 1,
-                 "the setup cannot write the map <" << map.getH5Path() << ">");
       write(map, from.size(domain), from.maps.at(id)(domain));
     }
   }
@@ -49,8 +47,6 @@ class RunFile {
       const api::IData& data = *model.getData(id);
       if (data.isSimulationOnly()) continue;
       const SetContent& on = content(data.getSet()->getID());
-      CHECK_THAT(on.data.count(id) == 1,
-                 "the setup cannot write the data <" << data.getH5Path() << ">");
       const int elements = on.size(domain);
       std::visit([&](auto values) { writeDatum(data, elements, values(domain)); }, on.data.at(id));
     }
@@ -61,11 +57,7 @@ class RunFile {
       const api::IParameter& parameter = *model.getParameter(id);
       if (parameter.isSimulationOnly()) continue;
       const ParameterValue value = parameterValue(id, study);
-      if (const int* whole = std::get_if<int>(&value)) {
-        writer.writeIntScalar(parameter.getH5Path(), *whole);
-      } else {
-        writer.writeDoubleScalar(parameter.getH5Path(), std::get<double>(value));
-      }
+      std::visit([&](const auto& item) { writeParameter(parameter.getH5Path(), item); }, value);
     }
   }
 
@@ -87,11 +79,7 @@ class RunFile {
     return id == InitCellHydFeatures || id == InitCellMorFeatures || id == InitFrictionFeatures;
   }
 
-  const SetContent& content(model::SetID id) const {
-    CHECK_THAT(setContents().count(id) == 1,
-               "the setup cannot write the set <" << model.getSet(id)->getName() << ">");
-    return setContents().at(id);
-  }
+  static const SetContent& content(model::SetID id) { return setContents().at(id); }
 
   /// Results take a single value over as a scalar.
   template <class T>
@@ -121,6 +109,11 @@ class RunFile {
   }
 
   // clang-format off
+  void writeParameter(const std::string& path, int value)    { writer.writeIntScalar(path, value); }
+  void writeParameter(const std::string& path, double value) { writer.writeDoubleScalar(path, value); }
+  void writeParameter(const std::string& path, const std::array<int, 2>& value) {
+    writer.writeIntVecVec(path, {{value[0], value[1]}});
+  }
   void writeScalar(const std::string& path, int value)    { writer.writeIntScalar(path, value); }
   void writeScalar(const std::string& path, double value) { writer.writeDoubleScalar(path, value); }
   void writeArray(const std::string& path, int rows, int columns, const int* const* values) {

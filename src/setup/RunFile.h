@@ -17,8 +17,8 @@ namespace setup {
 void requireRunFile(const std::string& file);
 
 /// The file appears under its name only when it is complete; an earlier one is then replaced.
-/// @throws BaseException if the file cannot be written, or if the model needs something that no
-///         study can give so far.
+/// @throws BaseException if the file cannot be written, or if the model needs something that the
+///         study does not give.
 void writeRunFile(const std::string& file, const api::IModel& model, const Domain& domain,
                   const Study& study);
 

@@ -25,7 +25,7 @@ struct SetContent {
   std::map<model::DataID, DataValues> data;
 };
 
-/// The content of all sets that a study can define so far.
+/// The content of all sets.
 const std::map<model::SetID, SetContent>& setContents();
 
 /// The rows one behind the other.
@@ -37,7 +37,11 @@ std::vector<T> flat(const std::vector<std::array<T, N>>& rows) {
   return values;
 }
 
-/// The edges of a list at which the study has no boundary.
-std::vector<int> withoutBoundaries(const std::vector<int>& edges, const Domain& domain);
+/// Those of the edges that are not among the taken ones.
+std::vector<int> without(const std::vector<int>& taken, const std::vector<int>& edges,
+                         const Domain& domain);
+
+/// The edges of weirs, pumps and walls through the mesh. A gate lets the bed load pass.
+std::vector<int> edgesThatStopBedload(const Domain& domain);
 
 }  // namespace setup

@@ -29,8 +29,9 @@ class StudyReader {
     readHydraulics(hydraulics);
     readFriction(hydraulics, study);
     readStrings(plane.group("GEOMETRY"), study);
-    readBoundaries(hydraulics, study);
-    readSources(hydraulics, study);
+    study.boundaries = readBoundaries(hydraulics, boundaryTypes(), study);
+    study.sources = readSources(hydraulics, sourceTypes(), study);
+    readMorphology(plane, study);
   }
 
   Study read() { return std::move(study); }

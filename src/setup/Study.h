@@ -13,6 +13,7 @@
 #include "setup/boundaries.h"
 #include "setup/friction.h"
 #include "setup/gridMesh.h"
+#include "setup/morphology.h"
 #include "setup/sources.h"
 #include "setup/strings.h"
 
@@ -65,6 +66,7 @@ struct Study {
   std::vector<StringDefinition> strings;
   std::vector<Boundary> boundaries;
   std::vector<Source> sources;
+  std::optional<Morphology> morphology;  ///< none: the bed stays as it is
 };
 
 /// Reads and checks a study document. Relative file names in it start from its own folder.

@@ -2,6 +2,7 @@
 
 #include "setup/geometrySchema.h"
 #include "setup/hydraulicsSchema.h"
+#include "setup/morphologySchema.h"
 
 namespace setup {
 
@@ -30,11 +31,14 @@ const std::string& studySchema() {
               "description": "The two-dimensional domain.",
               "type": "object",
               "required": ["GEOMETRY", "HYDRAULICS"],
+              "optional": ["MORPHOLOGY"],
               "properties": {
                 "GEOMETRY": )json") +
                                     GEOMETRY_SCHEMA + R"json(,
                 "HYDRAULICS": )json" +
-                                    HYDRAULICS_SCHEMA + R"json(
+                                    HYDRAULICS_SCHEMA + R"json(,
+                "MORPHOLOGY": )json" +
+                                    MORPHOLOGY_SCHEMA + R"json(
               }
             }
           }

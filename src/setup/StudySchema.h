@@ -1,7 +1,7 @@
 // The schema of a study document: what a user may write there.
 //
-// The frame stands in StudySchema.cpp, its two large groups in geometrySchema.h and
-// hydraulicsSchema.h.
+// The frame stands in StudySchema.cpp, its large groups in geometrySchema.h, hydraulicsSchema.h and
+// morphologySchema.h.
 #pragma once
 
 #include <string>

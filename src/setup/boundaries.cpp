@@ -31,6 +31,7 @@ const char* describe(Bound bound) {
 
 /// The keys under which a study can give an input.
 std::vector<std::string> keysOf(const Input& input) {
+  if (input.takes == Takes::Nothing) return {};
   if (input.takes == Takes::Series) return {input.key + "_file"};
   if (input.takes == Takes::SeriesToo) return {input.key, input.key + "_file"};
   return {input.key};
@@ -39,10 +40,13 @@ std::vector<std::string> keysOf(const Input& input) {
 /// The schema has checked each key by itself; which of them a type takes is checked here.
 class BoundaryReader {
  public:
-  BoundaryReader(const StudyGroup& theGroup, const Study& theStudy)
-      : group(theGroup), study(theStudy), type(boundaryType(theGroup["type"].get<std::string>())) {
+  BoundaryReader(const StudyGroup& theGroup, const std::vector<BoundaryType>& types,
+                 const Study& theStudy)
+      : group(theGroup),
+        study(theStudy),
+        type(typeNamed(theGroup["type"].get<std::string>(), types)) {
     boundary.path = group.path();
-    boundary.type = type.name;
+    boundary.type = &type;
   }
 
   Boundary read() {
@@ -53,7 +57,7 @@ class BoundaryReader {
       boundary.receiving = stringAt("to");
     }
     if (type.needsFriction && !study.friction) {
-      refuse("needs bed friction for its normal depth: the study must hold HYDRAULICS/FRICTION");
+      refuse("needs bed friction: the study must hold HYDRAULICS/FRICTION");
     }
     refuseOtherKeys();
     for (const Input& input : type.inputs) readInput(input);
@@ -92,6 +96,10 @@ class BoundaryReader {
   void readInput(const Input& input) {
     const char* key = input.key.c_str();
     const std::string file = input.key + "_file";
+    if (input.takes == Takes::Nothing) {
+      boundary.values[input.key] = input.fallback.value();
+      return;
+    }
     if (group.has(key) && group.has(file.c_str())) {
       refuse("must hold only one of ", input.key, " and ", file);
     }
@@ -153,31 +161,40 @@ class BoundaryLayer {
         topology(theTopology),
         strings(theStrings),
         series(theSeries),
-        ownerOf(theTopology.edgeCells.size(), -1) {}
+        isFaced(theStrings.size(), false) {}
 
   EdgeBoundaries lay() {
-    for (const Boundary& boundary : study.boundaries) {
-      const BoundaryType& type = boundaryType(boundary.type);
-      const auto record = static_cast<int>(result.records.size());
-      result.records.push_back({});
-      layEdges(boundary, type, boundary.string, type.code, type.isInflow, record);
-      if (type.place == Place::Link) {
-        layEdges(boundary, type, boundary.receiving, type.receivingCode, true, record);
-      }
-      for (const Input& input : type.inputs) layInput(boundary, input, record);
-      for (const Modification& modification : type.modifications) {
-        result.modifications.push_back(
-            {modification, {boundary.string, boundary.receiving}, record});
-      }
-    }
+    layList(study.boundaries, result.flow);
+    if (study.morphology) layList(study.morphology->boundaries, result.bed);
     return std::move(result);
   }
 
  private:
+  void layList(const std::vector<Boundary>& boundaries, BoundaryEdges& edges) {
+    ownerOf.assign(topology.edgeCells.size(), -1);
+    for (const Boundary& boundary : boundaries) {
+      const BoundaryType& type = *boundary.type;
+      layEdges(boundary, boundary.string, type.code, type.isInflow, edges);
+      if (type.place == Place::Link) {
+        layEdges(boundary, boundary.receiving, type.receivingCode, true, edges);
+      }
+      layRecord(boundary);
+    }
+  }
+
+  void layRecord(const Boundary& boundary) {
+    const auto record = static_cast<int>(result.records.size());
+    result.records.push_back({});
+    for (const Input& input : boundary.type->inputs) layInput(boundary, input, record);
+    for (const Modification& modification : boundary.type->modifications) {
+      result.modifications.push_back({modification, {boundary.string, boundary.receiving}, record});
+    }
+  }
+
   template <class... Parts>
   [[noreturn]] void refuse(const Boundary& boundary, const EdgeString& string,
                            const Parts&... parts) const {
-    refuseStudy(study.file, "<", boundary.path, "> of type <", boundary.type, ">: string <",
+    refuseStudy(study.file, "<", boundary.path, "> of type <", boundary.type->name, ">: string <",
                 string.name, "> ", parts...);
   }
 
@@ -187,11 +204,17 @@ class BoundaryLayer {
     return common::console::text("the edge between nodes ", low, " and ", high);
   }
 
-  void layEdges(const Boundary& boundary, const BoundaryType& type, int number, int code,
-                bool isInflow, int record) {
+  /// The record of the boundary must be the next one.
+  void layEdges(const Boundary& boundary, int number, int code, bool isInflow,
+                BoundaryEdges& edges) {
     EdgeString& string = strings[index(number)];
-    requirePlace(boundary, type, string);
-    if (type.place != Place::Inside) face(boundary, string, isInflow ? -1 : 1);
+    requirePlace(boundary, string);
+    const int sense = isInflow ? -1 : 1;
+    const bool isInside = boundary.type->place == Place::Inside;
+    if (!isInside && !isFaced[index(number)]) {
+      face(boundary, string, sense);
+      isFaced[index(number)] = true;
+    }
     for (std::size_t k = 0; k < string.edges.size(); ++k) {
       int& owner = ownerOf[index(string.edges[k])];
       if (owner >= 0) {
@@ -199,15 +222,14 @@ class BoundaryLayer {
                " in common with the boundary on string <", strings[index(owner)].name, ">");
       }
       owner = number;
-      result.edges.push_back(string.edges[k]);
-      result.types.push_back({code, string.signs[k]});
-      result.recordOf.push_back(record);
+      edges.edges.push_back(string.edges[k]);
+      edges.types.push_back({code, isInside ? string.signs[k] : sense});
+      edges.recordOf.push_back(static_cast<int>(result.records.size()));
     }
   }
 
-  void requirePlace(const Boundary& boundary, const BoundaryType& type,
-                    const EdgeString& string) const {
-    const bool mustBeInside = type.place == Place::Inside;
+  void requirePlace(const Boundary& boundary, const EdgeString& string) const {
+    const bool mustBeInside = boundary.type->place == Place::Inside;
     for (const int edge : string.edges) {
       if (topology.isBoundary(index(edge)) != mustBeInside) continue;
       if (mustBeInside) {
@@ -233,10 +255,11 @@ class BoundaryLayer {
   void layInput(const Boundary& boundary, const Input& input, int record) {
     const auto file = boundary.files.find(input.key);
     if (file == boundary.files.end()) {
-      result.records[index(record)][index(input.position)] = boundary.values.at(input.key);
+      result.records[index(record)][index(input.position)] =
+          boundary.values.at(input.key) * factorOf(input.scale);
       return;
     }
-    const int number = series.add(file->second);
+    const int number = series.add(file->second, factorOf(input.scale));
     for (const auto& [x, y] : series.at(number).points) {
       if (isWithin(y, input.bound)) continue;
       refuseStudy(study.file, "key <", boundary.path, "/", input.key, "_file>: ", input.key,
@@ -248,36 +271,45 @@ class BoundaryLayer {
                                      record, keyOf(boundary.lookup), input.position});
   }
 
+  double factorOf(Scale scale) const {
+    switch (scale) {
+      // clang-format off
+      case Scale::One:          return 1.0;
+      case Scale::MinusOne:     return -1.0;
+      case Scale::Uncalibrated: return 1.0 / study.morphology->bedload.factor;
+        // clang-format on
+    }
+    return 1.0;
+  }
+
   const Study& study;
   const Mesh& mesh;
   const Topology& topology;
   std::vector<EdgeString>& strings;
   SeriesList& series;
-  std::vector<int> ownerOf;  ///< per edge the string whose boundary has it, -1: none
+  std::vector<bool> isFaced;  ///< per string, whether a boundary has given it its direction
+  std::vector<int> ownerOf;   ///< per edge the string whose boundary of the list has it, -1: none
   EdgeBoundaries result;
 };
 
 }  // namespace
 
-void readBoundaries(const StudyGroup& hydraulics, Study& study) {
+std::vector<Boundary> readBoundaries(const StudyGroup& group,
+                                     const std::vector<BoundaryType>& types, const Study& study) {
+  std::vector<Boundary> boundaries;
   std::set<int> used;
-  for (const StudyGroup& group : hydraulics.groups("BOUNDARY")) {
-    const Boundary boundary = BoundaryReader(group, study).read();
+  for (const StudyGroup& item : group.groups("BOUNDARY")) {
+    const Boundary boundary = BoundaryReader(item, types, study).read();
     std::vector<int> strings{boundary.string};
-    if (boundaryType(boundary.type).place == Place::Link) strings.push_back(boundary.receiving);
+    if (boundary.type->place == Place::Link) strings.push_back(boundary.receiving);
     for (const int string : strings) {
       if (used.insert(string).second) continue;
-      group.refuse("uses the string <", study.strings[index(string)].name,
-                   "> a second time, a string has one boundary");
+      item.refuse("uses the string <", study.strings[index(string)].name,
+                  "> a second time, a string has one boundary");
     }
-    study.boundaries.push_back(boundary);
+    boundaries.push_back(boundary);
   }
-}
-
-std::vector<bool> EdgeBoundaries::taken(std::size_t edgeCount) const {
-  std::vector<bool> result(edgeCount, false);
-  for (const int edge : edges) result[index(edge)] = true;
-  return result;
+  return boundaries;
 }
 
 EdgeBoundaries layBoundaries(const Study& study, const Mesh& mesh, const Topology& topology,

@@ -96,10 +96,10 @@ const std::vector<BoundaryType>& boundaryTypes() {
   return TYPES;
 }
 
-const BoundaryType& boundaryType(const std::string& name) {
-  const auto found = std::find_if(TYPES.begin(), TYPES.end(),
+const BoundaryType& typeNamed(const std::string& name, const std::vector<BoundaryType>& types) {
+  const auto found = std::find_if(types.begin(), types.end(),
                                   [&name](const BoundaryType& type) { return type.name == name; });
-  if (found == TYPES.end()) throw std::out_of_range("boundary type " + name);
+  if (found == types.end()) throw std::out_of_range("boundary type " + name);
   return *found;
 }
 

@@ -1,5 +1,6 @@
-// The hydraulic boundaries under the names that a study gives them: which code each becomes in the
-// run file, which values and series it takes, and what is made of them in every step.
+// The boundaries of the flow under the names that a study gives them: which code each becomes in
+// the run file, which values and series it takes, and what is made of them in every step. Those of
+// the bed load are in bedBoundaryTable.h.
 //
 // Every boundary has a record of 7 values. Its inputs are written into this record, once or by the
 // lookup of a series in every step; its modifications then make of them what the flux needs, such
@@ -33,11 +34,19 @@ enum class Lookup {
 enum class Takes {
   Value,     ///< a number
   Flag,      ///< true or false, which become 1 and 0
+  Nothing,   ///< not from the study: always the fallback
   Series,    ///< a series, under the name of the input with _file behind it
   SeriesToo  ///< a number or a series
 };
 
 enum class Bound { Any, NotNegative, Positive };
+
+/// What the values of an input are multiplied by on their way into the record.
+enum class Scale {
+  One,
+  MinusOne,     ///< for what leaves where the flux counts what comes in
+  Uncalibrated  ///< 1 over the calibration factor of the bed load, which the flux applies
+};
 
 struct Input {
   std::string key;
@@ -45,6 +54,7 @@ struct Input {
   Takes takes;
   Bound bound;
   std::optional<double> fallback;  ///< the value if the study gives none; none: it must
+  Scale scale = Scale::One;
 };
 
 /// Type, write position and up to five read positions, as the run file has them.
@@ -66,8 +76,9 @@ struct BoundaryType {
 /// In the order of their codes.
 const std::vector<BoundaryType>& boundaryTypes();
 
+/// The type of a name in one of the tables.
 /// @throws std::out_of_range for an unknown name
-const BoundaryType& boundaryType(const std::string& name);
+const BoundaryType& typeNamed(const std::string& name, const std::vector<BoundaryType>& types);
 
 /// The name under which a study asks for a lookup.
 std::string nameOf(Lookup lookup);

@@ -1,6 +1,7 @@
 // The parameters of a model as the run file holds them.
 #pragma once
 
+#include <array>
 #include <variant>
 
 #include "model/catalogue/IDs.h"
@@ -8,9 +9,9 @@
 
 namespace setup {
 
-using ParameterValue = std::variant<int, double>;
+using ParameterValue = std::variant<int, double, std::array<int, 2>>;
 
-/// @throws BaseException for a parameter that no study can give so far.
+/// @throws BaseException for a parameter that this study does not give
 ParameterValue parameterValue(model::ParameterID id, const Study& study);
 
 }  // namespace setup

@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "common/console.h"
+#include "setup/bedReport.h"
 
 namespace console = common::console;
 
@@ -37,14 +38,14 @@ void reportSizes(const Geometry& geometry) {
                 " m, smallest cell size: ", smallest, " m");
 }
 
-void reportStrings(const Domain& domain) {
+void reportStrings(const Domain& domain, const Study& study) {
   for (const EdgeString& string : domain.strings) {
     console::info("string <", string.name, ">: ", string.edges.size(), " edges, ", string.length,
                   " m");
   }
-  const EdgeBoundaries& boundaries = domain.boundaries;
-  if (!boundaries.records.empty()) {
-    console::info("boundaries: ", boundaries.records.size(), ", on ", boundaries.edges.size(),
+  if (!study.boundaries.empty()) {
+    console::info("boundaries: ", study.boundaries.size(), ", on ",
+                  domain.boundaries.flow.edges.size(),
                   " edges; all other edges on the boundary are walls");
   }
 }
@@ -83,9 +84,10 @@ double waterVolume(const Domain& domain) {
 void printReport(const api::IModel& model, const Domain& domain, const Study& study) {
   reportMesh(domain);
   reportSizes(domain.geometry);
-  reportStrings(domain);
+  reportStrings(domain, study);
   console::info("initial water volume: ", waterVolume(domain), " m3");
   proposeTimeStep(domain, study.hydraulics);
+  printBedReport(domain, study);
   std::string aggregates;
   for (const model::AggregateID id : model.getAggregates()) {
     aggregates += (aggregates.empty() ? "" : ", ") + model.getAggregate(id)->getName();

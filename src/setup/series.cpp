@@ -85,11 +85,15 @@ Series readSeries(const std::string& file) {
   return series;
 }
 
-int SeriesList::add(const std::string& file) {
-  const auto found = std::find_if(list.begin(), list.end(),
-                                  [&file](const Series& series) { return series.file == file; });
+int SeriesList::add(const std::string& file, double factor) {
+  const auto found = std::find_if(list.begin(), list.end(), [&](const Series& series) {
+    return series.file == file && series.factor == factor;
+  });
   const auto position = static_cast<int>(found - list.begin());
-  if (found == list.end()) list.push_back(readSeries(file));
+  if (found == list.end()) {
+    list.push_back(readSeries(file));
+    list.back().factor = factor;
+  }
   return position;
 }
 

@@ -17,7 +17,8 @@ namespace setup {
 
 struct Series {
   std::string file;
-  std::vector<std::array<double, 2>> points;
+  std::vector<std::array<double, 2>> points;  ///< as they stand in the file
+  double factor = 1.0;                        ///< of the second column in the run file
 };
 
 /// The greatest number of points that a series can hold.
@@ -28,11 +29,12 @@ constexpr std::size_t MOST_SERIES_POINTS = 5999;
 ///         two numbers, a first column that descends, and more points than are possible.
 Series readSeries(const std::string& file);
 
-/// The series of a run; those of the same file are one.
+/// The series of a run; those of the same file and factor are one.
 class SeriesList {
  public:
+  /// @param factor of the second column in the run file
   /// @returns the position in the list
-  int add(const std::string& file);
+  int add(const std::string& file, double factor = 1.0);
 
   const std::vector<Series>& all() const { return list; }
   const Series& at(int position) const { return list.at(static_cast<std::size_t>(position)); }

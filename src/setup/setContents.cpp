@@ -12,11 +12,16 @@ const std::map<model::SetID, SetContent>& setContents() {
     {CellsAll, cellsAll()},
     {EdgesAll, edgesAll()},
     {EdgHydWL, edgHydWL()},
+    {EdgMorWL, edgMorWL()},
     {EdgesSWE, edgesSWE()},
+    {EdgesEXN, edgesEXN()},
     {EdgHydBC, edgHydBC()},
+    {EdgMorBC, edgMorBC()},
     {NodeStrg, nodeStrg()},
     {MatIDRgn, matIDRgn()},
+    {CellsFix, cellsFix()},
     {ClHydSrc, clHydSrc()},
+    {ClMorSrc, clMorSrc()},
     {EdgeData, edgeData()},
     {CellData, cellData()},
     {InSeries, inSeries()},
@@ -29,13 +34,27 @@ const std::map<model::SetID, SetContent>& setContents() {
   return contents;
 }
 
-std::vector<int> withoutBoundaries(const std::vector<int>& edges, const Domain& domain) {
-  const std::vector<bool> taken = domain.boundaries.taken(domain.topology.edgeCells.size());
+std::vector<int> without(const std::vector<int>& taken, const std::vector<int>& edges,
+                         const Domain& domain) {
+  std::vector<bool> isTaken(domain.topology.edgeCells.size(), false);
+  for (const int edge : taken) isTaken[index(edge)] = true;
   std::vector<int> left;
   for (const int edge : edges) {
-    if (!taken[index(edge)]) left.push_back(edge);
+    if (!isTaken[index(edge)]) left.push_back(edge);
   }
   return left;
+}
+
+std::vector<int> edgesThatStopBedload(const Domain& domain) {
+  constexpr int WEIR_OR_PUMP = 216;
+  constexpr int WALL = 220;
+  const BoundaryEdges& flow = domain.boundaries.flow;
+  std::vector<int> stopping;
+  for (std::size_t k = 0; k < flow.edges.size(); ++k) {
+    const int code = flow.types[k][0];
+    if (code == WEIR_OR_PUMP || code == WALL) stopping.push_back(flow.edges[k]);
+  }
+  return stopping;
 }
 
 }  // namespace setup

@@ -23,16 +23,18 @@ int positionOf(const Items& items, const std::string& name, const NameOf& nameOf
   return static_cast<int>(found - items.begin());
 }
 
-Source readSource(const StudyGroup& group, const Study& study) {
+Source readSource(const StudyGroup& group, const std::vector<SourceType>& types,
+                  const Study& study) {
   Source source;
   source.path = group.path();
   source.region = regionNamed(group["region"].get<std::string>(), study.regions).value();
-  source.type = positionOf(sourceTypes(), group["type"].get<std::string>(),
-                           [](const SourceType& type) { return type.name; });
+  const int number = positionOf(types, group["type"].get<std::string>(),
+                                [](const SourceType& type) { return type.name; });
+  source.type = &types[index(number)];
   std::string sink = "available";
   group.take("sink", sink);
   source.sink = positionOf(sinkNames(), sink, [](const std::string& name) { return name; });
-  const SourceType& type = sourceTypes()[index(source.type)];
+  const SourceType& type = *source.type;
   const std::string fileKey = type.key + "_file";
   if (!group.has(type.key.c_str()) && !group.has(fileKey.c_str())) {
     group.refuse("of type <", type.name, "> must hold either ", type.key, " or ", fileKey);
@@ -53,29 +55,32 @@ class SourceLayer {
 
   CellSources lay() {
     measureRegions();
-    std::vector<int> ownerOf(mesh.cells.size(), -1);
-    for (std::size_t k = 0; k < study.sources.size(); ++k) {
-      const Source& source = study.sources[k];
-      layRate(source);
-      for (const int cell : cellsOf({source.path, source.region, {}}, study, mesh, geometry)) {
-        int& owner = ownerOf[index(cell)];
-        if (owner >= 0) {
-          refuseStudy(study.file, "<", source.path, "> is in the region <", source.region.name,
-                      "> as is <", study.sources[index(owner)].path,
-                      ">, but a region has one source");
-        }
-        owner = static_cast<int>(k);
-        result.cells.push_back(cell);
-        result.recordOf.push_back(static_cast<int>(k));
-        result.sinkTypes.push_back(typeOf(source).sinkFamily + source.sink);
-      }
+    layList(study.sources, result.flow);
+    for (const Source& source : study.sources) {
+      result.strongestRate = std::max(result.strongestRate, strongestRateOf(source));
     }
+    if (study.morphology) layList(study.morphology->sources, result.bed);
     return std::move(result);
   }
 
  private:
-  static const SourceType& typeOf(const Source& source) {
-    return sourceTypes()[index(source.type)];
+  void layList(const std::vector<Source>& sources, SourceCells& cells) {
+    std::vector<int> ownerOf(mesh.cells.size(), -1);
+    for (std::size_t k = 0; k < sources.size(); ++k) {
+      const Source& source = sources[k];
+      const int record = layRate(source);
+      for (const int cell : cellsOf({source.path, source.region, {}}, study, mesh, geometry)) {
+        int& owner = ownerOf[index(cell)];
+        if (owner >= 0) {
+          refuseStudy(study.file, "<", source.path, "> is in the region <", source.region.name,
+                      "> as is <", sources[index(owner)].path, ">, but a region has one source");
+        }
+        owner = static_cast<int>(k);
+        cells.cells.push_back(cell);
+        cells.recordOf.push_back(record);
+        cells.sinkTypes.push_back(source.type->sinkFamily + source.sink);
+      }
+    }
   }
 
   void measureRegions() {
@@ -88,26 +93,30 @@ class SourceLayer {
     }
   }
 
-  void layRate(const Source& source) {
+  int regionOf(const Source& source) const {
+    return positionOf(study.regions, source.region.name,
+                      [](const Region& known) { return known.name; });
+  }
+
+  /// @returns the record
+  int layRate(const Source& source) {
     const auto record = static_cast<int>(result.records.size());
     result.records.push_back({source.value, 0.0});
+    if (!source.file.empty()) result.interpolations.push_back({series.add(source.file), record});
+    result.modifications.push_back({source.type->modification, regionOf(source), record});
+    return record;
+  }
+
+  /// At any time [m/s].
+  double strongestRateOf(const Source& source) const {
     double strongest = source.value;
     if (!source.file.empty()) {
-      const int number = series.add(source.file);
-      result.interpolations.push_back({number, record});
-      const auto& points = series.at(number).points;
+      const auto& points = series.at(series.add(source.file)).points;
       strongest = (*std::max_element(points.begin(), points.end(),
                                      [](const auto& a, const auto& b) { return a[1] < b[1]; }))[1];
     }
-    const int region = positionOf(study.regions, source.region.name,
-                                  [](const Region& known) { return known.name; });
-    const int modification = typeOf(source).modification;
-    result.modifications.push_back({modification, region, record});
-    const double divisor =
-        modification == SPREAD_OVER_REGION ? result.regionAreas[index(region)] : 3.6e6;
-    if (divisor > 0.0) {
-      result.strongestRate = std::max(result.strongestRate, strongest / divisor);
-    }
+    const bool isSpread = source.type->modification == SPREAD_OVER_REGION;
+    return strongest / (isSpread ? result.regionAreas[index(regionOf(source))] : 3.6e6);
   }
 
   const Study& study;
@@ -130,14 +139,41 @@ const std::vector<SourceType>& sourceTypes() {
   return types;
 }
 
+const std::vector<SourceType>& bedSourceTypes() {
+  // clang-format off
+  static const std::vector<SourceType> types = {
+    // name       key          modification          exact sink
+    {"discharge", "discharge", SPREAD_OVER_REGION,   30},
+    {"rise",      "rate",      MILLIMETRES_PER_HOUR, 30},
+  };
+  // clang-format on
+  return types;
+}
+
 const std::vector<std::string>& sinkNames() {
   static const std::vector<std::string> names = {"exact", "available", "infinity"};
   return names;
 }
 
-void readSources(const StudyGroup& hydraulics, Study& study) {
-  for (const StudyGroup& group : hydraulics.groups("SOURCE")) {
-    study.sources.push_back(readSource(group, study));
+std::vector<Source> readSources(const StudyGroup& group, const std::vector<SourceType>& types,
+                                const Study& study) {
+  std::vector<Source> sources;
+  for (const StudyGroup& item : group.groups("SOURCE")) {
+    sources.push_back(readSource(item, types, study));
+  }
+  return sources;
+}
+
+void requireBottom(const Study& study, const CellSources& sources, const FixedCells& fixed) {
+  for (std::size_t k = 0; k < sources.bed.cells.size(); ++k) {
+    const Source& source =
+        study.morphology->sources.at(index(sources.bed.recordOf[k]) - study.sources.size());
+    if (sinkNames()[index(source.sink)] != "infinity") continue;
+    const int position = fixed.positionOf(sources.bed.cells[k]);
+    if (fixed.elevations[index(position)] > BOTTOMLESS) continue;
+    refuseStudy(study.file, "<", source.path,
+                "> with the sink <infinity> needs a fixed bed in all ",
+                "cells of its region: it takes all that is above");
   }
 }
 

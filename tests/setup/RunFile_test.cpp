@@ -159,20 +159,13 @@ TEST_F(RunFile, replacesAnEarlierFile) {
   EXPECT_THAT(filesInFolder(), ElementsAre("run.h5"));
 }
 
-TEST_F(RunFile, refusesAModelThatNoStudyCanDescribe) {
-  EXPECT_THAT(faults::messageOf([this] {
-                write({hydraulics_aggr, morphology_aggr}, TRIANGLE);
-              }),
-              StartsWith("the setup cannot write the set <EdgMorWL>, in file: "));
-}
-
-TEST_F(RunFile, refusesAModelWithDataThatNoStudyCanGive) {
+TEST_F(RunFile, refusesAModelWithParametersThatTheStudyDoesNotGive) {
   const std::unique_ptr<api::IModel> model(
-      model::Factory::getModelFromKernels({model::KernelID::LocalBedSlope}, false));
+      model::Factory::getModelFromKernels({model::KernelID::MorFixBedCorrection}, false));
   model->create();
   EXPECT_THAT(faults::messageOf(
                   [&] { setup::writeRunFile(file, *model, domainOf(meshes::square()), study); }),
-              StartsWith("the setup cannot write the data <CellsAll/ThetaCrt>, in file: "));
+              StartsWith("the setup has no value for the parameter <FixBedAccuracy>, in file: "));
 }
 
 TEST_F(RunFile, refusesDataOfAnotherShape) {
@@ -183,13 +176,13 @@ TEST_F(RunFile, refusesDataOfAnotherShape) {
 }
 
 TEST_F(RunFile, aFailureLeavesNoFile) {
-  faults::messageOf([this] { write({hydraulics_aggr, morphology_aggr}, TRIANGLE); });
+  faults::messageOf([this] { write({hydraulics_aggr, hyd_friction_aggr}, meshes::square()); });
   EXPECT_THAT(filesInFolder(), ElementsAre());
 }
 
 TEST_F(RunFile, aFailureLeavesAnEarlierFileAsItWas) {
   support::writeFile(file, "old");
-  faults::messageOf([this] { write({hydraulics_aggr, morphology_aggr}, TRIANGLE); });
+  faults::messageOf([this] { write({hydraulics_aggr, hyd_friction_aggr}, meshes::square()); });
   EXPECT_THAT(filesInFolder(), ElementsAre("run.h5"));
   EXPECT_EQ(support::readFile(file), "old");
 }

@@ -24,21 +24,26 @@ class Folder {
 
   std::string file(const std::string& name) const { return dir.file(name); }
 
-  /// The study of the further groups of GEOMETRY and HYDRAULICS.
-  setup::Study read(const std::string& geometry, const std::string& hydraulics) const {
-    support::writeFile(study, R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {)" + mesh +
-                                  (geometry.empty() ? "" : ", ") + geometry +
-                                  R"(}, "HYDRAULICS": {)" + hydraulics + "}}}}}");
+  /// The study of the further groups of GEOMETRY and of the groups of HYDRAULICS and MORPHOLOGY.
+  setup::Study read(const std::string& geometry, const std::string& hydraulics,
+                    const std::string& morphology = "") const {
+    support::writeFile(
+        study, R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {)" + mesh +
+                   (geometry.empty() ? "" : ", ") + geometry + R"(}, "HYDRAULICS": {)" +
+                   hydraulics + "}" +
+                   (morphology.empty() ? "" : R"(, "MORPHOLOGY": {)" + morphology + "}") + "}}}}");
     return setup::readStudy(study);
   }
 
-  setup::Domain build(const std::string& geometry, const std::string& hydraulics) const {
-    return setup::buildDomain(read(geometry, hydraulics));
+  setup::Domain build(const std::string& geometry, const std::string& hydraulics,
+                      const std::string& morphology = "") const {
+    return setup::buildDomain(read(geometry, hydraulics, morphology));
   }
 
   /// Why the study is refused, behind "study file <...>: ".
-  std::string refusalOf(const std::string& geometry, const std::string& hydraulics) const {
-    const std::string message = faults::messageOf([&] { build(geometry, hydraulics); });
+  std::string refusalOf(const std::string& geometry, const std::string& hydraulics,
+                        const std::string& morphology = "") const {
+    const std::string message = faults::messageOf([&] { build(geometry, hydraulics, morphology); });
     const std::string start = "study file <" + study + ">: ";
     return message.starts_with(start) ? message.substr(start.size()) : message;
   }

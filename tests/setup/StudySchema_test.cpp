@@ -6,15 +6,17 @@
 #include <functional>
 #include <map>
 #include <set>
-#include <sstream>
 
-#include "jsv/StreamValidator.h"
 #include "model/catalogue/Aggregates.h"
 #include "setup/Study.h"
+#include "setup/bedBoundaryTable.h"
 #include "setup/studies.h"
+#include "setup/studyReport.h"
 #include "support/Process.h"
 
 using nlohmann::json;
+using studies::Report;
+using studies::validate;
 using ::testing::HasSubstr;
 
 namespace {
@@ -22,19 +24,7 @@ namespace {
 using Pointer = json::json_pointer;
 
 const std::string BOUNDARY = studies::HYDRAULICS + "/BOUNDARY";
-
-struct Report {
-  int verdict = 0;
-  std::string text;
-};
-
-Report validate(const json& document) {
-  std::istringstream documentStream(document.dump());
-  std::istringstream schemaStream(setup::studySchema());
-  std::ostringstream output;
-  const int verdict = jsv::StreamValidator(&output).validate(documentStream, schemaStream);
-  return {verdict, output.str()};
-}
+const std::string BEDLOAD = studies::MORPHOLOGY + "/BEDLOAD";
 
 /// Calls `visit` for the schema of each key; keys of groups in a list stand behind the list.
 void forEachKey(const json& schema, const std::string& path,
@@ -129,6 +119,11 @@ Page readPage() {
   return page;
 }
 
+/// The tables of boundaries by the place of their list in a study.
+std::map<std::string, const std::vector<setup::BoundaryType>*> tables() {
+  return {{BOUNDARY, &setup::boundaryTypes()}, {BEDLOAD + "/BOUNDARY", &setup::bedBoundaryTypes()}};
+}
+
 json withoutBackticks(const std::string& cell) {
   return json::parse(cell.starts_with('`') ? between(cell, "`", "`") : cell);
 }
@@ -204,14 +199,10 @@ TEST(StudySchema, aValueOfAnotherTypeIsReportedForEachKey) {
   }
 }
 
-TEST(StudySchema, holdsThePathsOfTheAggregatesThatAStudyCanSelect) {
-  using enum model::AggregateID;
+TEST(StudySchema, holdsThePathsOfAllAggregates) {
   const std::set<std::string> keys = keysOfTheSchema();
-  for (const auto id :
-       {hydraulics_aggr, hyd_boundary_aggr, hyd_friction_aggr, hyd_source_aggr, hyd_flood_aggr}) {
-    for (const std::string& path : model::Aggregate2CmdFilePaths.at(id)) {
-      EXPECT_EQ(keys.count("/" + path), 1U) << path;
-    }
+  for (const auto& [id, paths] : model::Aggregate2CmdFilePaths) {
+    for (const std::string& path : paths) EXPECT_EQ(keys.count("/" + path), 1U) << path;
   }
 }
 
@@ -223,6 +214,8 @@ TEST(StudySchema, tellsTheDefaultsOfTheProgram) {
   const setup::HydraulicParameters flow;
   const setup::RectangleMesh rectangle;
   const setup::ChannelMesh channel;
+  const setup::BedMaterial material;
+  const setup::FixedBed fixed;
   const std::string parameter = studies::HYDRAULICS + "/PARAMETER/";
   std::map<std::string, json> expected = {
       {parameter + "cfl", flow.cfl},
@@ -239,11 +232,22 @@ TEST(StudySchema, tellsTheDefaultsOfTheProgram) {
       {studies::GEOMETRY + "/CHANNEL/pattern", "alternating"},
       {studies::INITIAL + "/water_level", "dry"},
       {studies::HYDRAULICS + "/SOURCE/sink", setup::sinkNames().at(1)},
+      {studies::MORPHOLOGY + "/SOURCE/sink", setup::sinkNames().at(1)},
+      {studies::MORPHOLOGY + "/PARAMETER/start", setup::Morphology().start},
+      {studies::MORPHOLOGY + "/BEDMATERIAL/porosity", material.porosity},
+      {studies::MORPHOLOGY + "/BEDMATERIAL/density", material.density},
+      {studies::MORPHOLOGY + "/BEDMATERIAL/water_density", material.waterDensity},
+      {studies::MORPHOLOGY + "/BEDMATERIAL/FIXED_BED/accuracy", fixed.accuracy},
+      {studies::MORPHOLOGY + "/BEDMATERIAL/FIXED_BED/maximum_passes", fixed.maximumPasses},
+      {BEDLOAD + "/FORMULA/factor", setup::Bedload().factor},
   };
-  for (const setup::BoundaryType& type : setup::boundaryTypes()) {
-    for (const setup::Input& input : type.inputs) {
-      const bool isTold = input.takes != setup::Takes::Flag && input.key != "lower_level";
-      if (input.fallback && isTold) expected[BOUNDARY + "/" + input.key] = *input.fallback;
+  for (const auto& [path, types] : tables()) {
+    for (const setup::BoundaryType& type : *types) {
+      for (const setup::Input& input : type.inputs) {
+        const bool isTold = input.takes != setup::Takes::Flag &&
+                            input.takes != setup::Takes::Nothing && input.key != "lower_level";
+        if (input.fallback && isTold) expected[path + "/" + input.key] = *input.fallback;
+      }
     }
   }
   EXPECT_EQ(defaults, expected);
@@ -255,36 +259,55 @@ TEST(StudySchema, namesTheTypesOfTheProgram) {
     if (schema.contains("enum")) choices[path] = schema.at("enum").get<std::set<std::string>>();
   });
   std::map<std::string, std::set<std::string>> expected;
+  const std::string& hydraulics = studies::HYDRAULICS;
+  const std::string& morphology = studies::MORPHOLOGY;
   for (const auto& closure : setup::frictionClosures()) {
-    expected["/FRICTION/type"].insert(closure.name);
+    expected[hydraulics + "/FRICTION/type"].insert(closure.name);
   }
-  for (const auto& type : setup::boundaryTypes()) {
-    expected["/BOUNDARY/type"].insert(type.name);
-    for (const auto lookup : type.lookups) expected["/BOUNDARY/over"].insert(nameOf(lookup));
+  for (const auto& [path, types] : tables()) {
+    for (const auto& type : *types) {
+      expected[path + "/type"].insert(type.name);
+      for (const auto lookup : type.lookups) expected[path + "/over"].insert(nameOf(lookup));
+    }
   }
-  for (const auto& type : setup::sourceTypes()) expected["/SOURCE/type"].insert(type.name);
-  for (const auto& name : setup::sinkNames()) expected["/SOURCE/sink"].insert(name);
-  for (const auto& [key, names] : expected) {
-    EXPECT_EQ(choices.at(studies::HYDRAULICS + key), names) << key;
+  for (const auto& type : setup::sourceTypes()) {
+    expected[hydraulics + "/SOURCE/type"].insert(type.name);
   }
+  for (const auto& type : setup::bedSourceTypes()) {
+    expected[morphology + "/SOURCE/type"].insert(type.name);
+  }
+  for (const auto& name : setup::sinkNames()) {
+    expected[hydraulics + "/SOURCE/sink"].insert(name);
+    expected[morphology + "/SOURCE/sink"].insert(name);
+  }
+  for (const auto& formula : setup::bedloadFormulas()) {
+    expected[BEDLOAD + "/FORMULA/type"].insert(formula.name);
+  }
+  for (const auto& correction : setup::slopeCorrections()) {
+    expected[morphology + "/INCIPIENT_MOTION/type"].insert(correction.name);
+  }
+  for (const auto& [key, names] : expected) EXPECT_EQ(choices.at(key), names) << key;
 }
 
 TEST(StudySchema, boundsTheInputsOfBoundariesAsTheirTableDoes) {
   std::map<std::string, json> schemas;
   forEachKey(
       [&schemas](const std::string& path, const json& schema, bool) { schemas[path] = schema; });
-  for (const setup::BoundaryType& type : setup::boundaryTypes()) {
-    for (const setup::Input& input : type.inputs) {
-      const std::string key = BOUNDARY + "/" + input.key;
-      if (input.takes == setup::Takes::Series || input.takes == setup::Takes::SeriesToo) {
-        EXPECT_EQ(schemas.count(key + "_file"), 1U) << type.name << ": " << key;
-      }
-      if (input.takes == setup::Takes::Series) continue;
-      ASSERT_EQ(schemas.count(key), 1U) << type.name << ": " << key;
-      const json& schema = schemas.at(key);
-      EXPECT_EQ(schema.value("minimum", -1), input.bound == setup::Bound::Any ? -1 : 0) << key;
-      EXPECT_EQ(schema.value("exclusiveMinimum", false), input.bound == setup::Bound::Positive)
-          << key;
+  const auto check = [&schemas](const std::string& key, const setup::Input& input) {
+    if (input.takes == setup::Takes::Nothing) return;
+    if (input.takes == setup::Takes::Series || input.takes == setup::Takes::SeriesToo) {
+      EXPECT_EQ(schemas.count(key + "_file"), 1U) << key;
+    }
+    if (input.takes == setup::Takes::Series) return;
+    ASSERT_EQ(schemas.count(key), 1U) << key;
+    const json& schema = schemas.at(key);
+    EXPECT_EQ(schema.value("minimum", -1), input.bound == setup::Bound::Any ? -1 : 0) << key;
+    EXPECT_EQ(schema.value("exclusiveMinimum", false), input.bound == setup::Bound::Positive)
+        << key;
+  };
+  for (const auto& [path, types] : tables()) {
+    for (const setup::BoundaryType& type : *types) {
+      for (const setup::Input& input : type.inputs) check(path + "/" + input.key, input);
     }
   }
 }
@@ -306,143 +329,3 @@ TEST(StudySchema, thePageTellsWhatIsRequiredAndTheDefaults) {
     }
   });
 }
-
-/// A change of the study with the rectangle, or of the one with the channel if the place is in one.
-struct SchemaFault {
-  std::string name;
-  std::string place;
-  std::string value;   ///< empty: the key is taken away
-  std::string report;  ///< what is said; a place of its own stands before it if it is another one
-};
-
-class StudySchemaFaults : public ::testing::TestWithParam<SchemaFault> {};
-
-TEST_P(StudySchemaFaults, areReported) {
-  const auto& [name, place, value, report] = GetParam();
-  json study = place.find("CHANNEL") != std::string::npos ? studies::withChannel()
-                                                          : studies::withRectangle();
-  if (value.empty()) {
-    const Pointer pointer(place);
-    study.at(pointer.parent_pointer()).erase(pointer.back());
-  } else {
-    study[Pointer(place)] = json::parse(value);
-  }
-  const Report found = validate(study);
-  EXPECT_EQ(found.verdict, 2);
-  EXPECT_EQ(found.text, (report.starts_with('/') ? report : place + ": " + report) + "\n");
-}
-
-namespace {
-
-const std::string& G = studies::GEOMETRY;
-const std::string& H = studies::HYDRAULICS;
-const std::string& I = studies::INITIAL;
-const std::string MISSING = "This item is required but missing.";
-const std::string POSITIVE = "This value must be greater than 0.000000.";
-const std::string NOT_NEGATIVE = "This value must be greater than or equal to 0.000000.";
-const std::string ONE_AT_LEAST = "This value must be greater than or equal to 1.000000.";
-const std::string NO_REGION = "This value must match a 'name' in '" + G + "/REGIONDEF'.";
-const std::string NO_STRING = "This value must match a 'name' in '" + G + "/STRINGDEF'.";
-const std::string PATTERN =
-    "This value must be equal to one of the following: 'alternating', 'crossed', 'diagonal'.";
-
-}  // namespace
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(All, StudySchemaFaults, ::testing::Values(
-  SchemaFault{"noSetup",            "/SETUP",                         "",            MISSING},
-  SchemaFault{"noDomain",           "/SETUP/DOMAIN",                  "",            MISSING},
-  SchemaFault{"noPlane",            "/SETUP/DOMAIN/RHEOPLANE_2D",     "",            MISSING},
-  SchemaFault{"noGeometry",         G,                                "",            G + ": " + MISSING + "\n" +
-                                                                                     BOUNDARY + "/0/string: " + NO_STRING + "\n" +
-                                                                                     BOUNDARY + "/1/string: " + NO_STRING + "\n" +
-                                                                                     BOUNDARY + "/2/string: " + NO_STRING + "\n" +
-                                                                                     BOUNDARY + "/3/string: " + NO_STRING + "\n" +
-                                                                                     BOUNDARY + "/3/to: " + NO_STRING + "\n" +
-                                                                                     H + "/FRICTION/ZONES/0/region: " + NO_REGION + "\n" +
-                                                                                     I + "/ZONES/0/region: " + NO_REGION + "\n" +
-                                                                                     H + "/SOURCE/0/region: " + NO_REGION + "\n" +
-                                                                                     H + "/SOURCE/1/region: " + NO_REGION},
-  SchemaFault{"noHydraulics",       H,                                "",            MISSING},
-  SchemaFault{"noMesh",             G + "/RECTANGLE",                 "",            G + ": One of the following items must be provided: 'CHANNEL', 'MESH', 'RECTANGLE'."},
-  SchemaFault{"twoMeshes",          G + "/MESH",                      R"({"file": "m"})", G + ": Only one of the following two items is allowed: 'MESH', 'RECTANGLE'."},
-  SchemaFault{"noFile",             G + "/MESH",                      "{}",          G + ": Only one of the following two items is allowed: 'MESH', 'RECTANGLE'.\n" +
-                                                                                     G + "/MESH/file: " + MISSING},
-  SchemaFault{"noLength",           G + "/RECTANGLE/length",          "",            MISSING},
-  SchemaFault{"length",             G + "/RECTANGLE/length",          "0",           POSITIVE},
-  SchemaFault{"noWidth",            G + "/RECTANGLE/width",           "",            MISSING},
-  SchemaFault{"width",              G + "/RECTANGLE/width",           "-1",          POSITIVE},
-  SchemaFault{"noCells",            G + "/RECTANGLE/cells",           "",            MISSING},
-  SchemaFault{"noCell",             G + "/RECTANGLE/cells/1",         "0",           ONE_AT_LEAST},
-  SchemaFault{"tooManyCells",       G + "/RECTANGLE/cells/0",         "25000001",    "This value must be less than or equal to 25000000.000000."},
-  SchemaFault{"halfACell",          G + "/RECTANGLE/cells/0",         "2.5",         "This value must be an integer."},
-  SchemaFault{"origin",             G + "/RECTANGLE/origin/0",        "\"0\"",       "This value must be a number."},
-  SchemaFault{"pattern",            G + "/RECTANGLE/pattern",         "\"striped\"", PATTERN},
-  SchemaFault{"noChannelLength",    G + "/CHANNEL/length",            "",            MISSING},
-  SchemaFault{"channelLength",      G + "/CHANNEL/length",            "0",           POSITIVE},
-  SchemaFault{"noBedWidth",         G + "/CHANNEL/bed_width",         "",            MISSING},
-  SchemaFault{"bedWidth",           G + "/CHANNEL/bed_width",         "0",           POSITIVE},
-  SchemaFault{"sideSlope",          G + "/CHANNEL/side_slope",        "-1",          NOT_NEGATIVE},
-  SchemaFault{"bankHeight",         G + "/CHANNEL/bank_height",       "-1",          NOT_NEGATIVE},
-  SchemaFault{"noChannelCells",     G + "/CHANNEL/cells",             "",            MISSING},
-  SchemaFault{"noChannelCell",      G + "/CHANNEL/cells/2",           "0",           ONE_AT_LEAST},
-  SchemaFault{"channelPattern",     G + "/CHANNEL/pattern",           "\"striped\"", PATTERN},
-  SchemaFault{"noIndex",            G + "/REGIONDEF/0/index",         "",            MISSING},
-  SchemaFault{"hugeIndex",          G + "/REGIONDEF/0/index",         "2147483648",  "This value must be less than or equal to 2147483647.000000."},
-  SchemaFault{"lowIndex",           G + "/REGIONDEF/0/index",         "-2147483649", "This value must be greater than or equal to -2147483648.000000."},
-  SchemaFault{"halfAnIndex",        G + "/REGIONDEF/0/index",         "1.0",         "This value must be an integer."},
-  SchemaFault{"noRegion",           G + "/REGIONDEF/0",               "7",           G + "/BED/1/region: " + NO_REGION + "\n" +
-                                                                                     G + "/REGIONDEF/0: This value must be an object.\n" +
-                                                                                     I + "/ZONES/0/region: " + NO_REGION + "\n" +
-                                                                                     H + "/SOURCE/0/region: " + NO_REGION},
-  SchemaFault{"noStringName",       G + "/STRINGDEF/5/name",          "",            MISSING},
-  SchemaFault{"halfANode",          G + "/STRINGDEF/2/nodes/1",       "2.5",         "This value must be an integer."},
-  SchemaFault{"hugeNode",           G + "/STRINGDEF/2/nodes/1",       "2147483648",  "This value must be less than or equal to 2147483647.000000."},
-  SchemaFault{"from",               G + "/STRINGDEF/1/from/0",        "\"0\"",       "This value must be a number."},
-  SchemaFault{"bedRegion",          G + "/BED/0/region",              "\"none\"",    NO_REGION},
-  SchemaFault{"bedOfAnotherType",   G + "/BED/0/region",              "1",           G + "/BED/0/region: This value must be a string.\n" +
-                                                                                     G + "/BED/0/region: " + NO_REGION},
-  SchemaFault{"bedNothing",         G + "/BED/1/raise",               "",            G + "/BED/1: One of the following items must be provided: 'elevation', 'raise'."},
-  SchemaFault{"bedBoth",            G + "/BED/0/raise",               "1",           G + "/BED/0: Only one of the following two items is allowed: 'elevation', 'raise'."},
-  SchemaFault{"box",                G + "/BED/1/box/3",               "{}",          "This value must be a number."},
-  SchemaFault{"gradient",           G + "/BED/0/gradient/0",          "null",        "This value must be a number."},
-  SchemaFault{"at",                 G + "/BED/0/at/1",                "true",        "This value must be a number."},
-  SchemaFault{"lowCfl",             H + "/PARAMETER/cfl",             "0",           POSITIVE},
-  SchemaFault{"highCfl",            H + "/PARAMETER/cfl",             "1.5",         "This value must be less than or equal to 1.000000."},
-  SchemaFault{"timeStep",           H + "/PARAMETER/maximum_time_step", "0",         POSITIVE},
-  SchemaFault{"dryDepth",           H + "/PARAMETER/minimum_water_depth", "0",       POSITIVE},
-  SchemaFault{"gravity",            H + "/PARAMETER/gravity",         "-9.81",       POSITIVE},
-  SchemaFault{"depth",              I + "/water_depth",               "-1",          NOT_NEGATIVE},
-  SchemaFault{"velocity",           I + "/velocity",                  "[1, \"a\"]",  I + "/velocity/1: This value must be a number."},
-  SchemaFault{"zoneRegion",         I + "/ZONES/0/region",            "\"none\"",    NO_REGION},
-  SchemaFault{"zoneNothing",        I + "/ZONES/0/water_level",       "",            I + "/ZONES/0: One of the following items must be provided: 'water_depth', 'water_level'."},
-  SchemaFault{"zoneBoth",           I + "/ZONES/0/water_depth",       "1",           I + "/ZONES/0: Only one of the following two items is allowed: 'water_depth', 'water_level'."},
-  SchemaFault{"zoneDepth",          I + "/ZONES/1/water_depth",       "-0.5",        NOT_NEGATIVE},
-  SchemaFault{"zoneBox",            I + "/ZONES/1/box",               "4",           "This value must be an array."},
-  SchemaFault{"zoneVelocity",       I + "/ZONES/0/velocity/0",        "\"1\"",       "This value must be a number."},
-  SchemaFault{"noClosure",          H + "/FRICTION/type",             "",            MISSING},
-  SchemaFault{"closure",            H + "/FRICTION/type",             "\"chezy\"",   "This value must be equal to one of the following: 'manning', 'sand_roughness', 'sand_roughness_shallow', 'strickler'."},
-  SchemaFault{"noRoughness",        H + "/FRICTION/value",            "",            MISSING},
-  SchemaFault{"roughness",          H + "/FRICTION/value",            "0",           POSITIVE},
-  SchemaFault{"noZoneRoughness",    H + "/FRICTION/ZONES/0/value",    "",            MISSING},
-  SchemaFault{"zoneRoughness",      H + "/FRICTION/ZONES/0/value",    "-1",          POSITIVE},
-  SchemaFault{"frictionRegion",     H + "/FRICTION/ZONES/0/region",   "\"none\"",    NO_REGION},
-  SchemaFault{"noString",           BOUNDARY + "/0/string",           "",            MISSING},
-  SchemaFault{"string",             BOUNDARY + "/0/string",           "\"none\"",    NO_STRING},
-  SchemaFault{"to",                 BOUNDARY + "/3/to",               "\"none\"",    NO_STRING},
-  SchemaFault{"noBoundaryType",     BOUNDARY + "/0/type",             "",            MISSING},
-  SchemaFault{"over",               BOUNDARY + "/1/over",             "\"days\"",    "This value must be equal to one of the following: 'depth', 'discharge', 'level', 'receiving_level', 'time'."},
-  SchemaFault{"inflow",             BOUNDARY + "/0/discharge",        "-1",          NOT_NEGATIVE},
-  SchemaFault{"slope",              BOUNDARY + "/0/slope",            "0",           POSITIVE},
-  SchemaFault{"noSourceRegion",     H + "/SOURCE/0/region",           "",            MISSING},
-  SchemaFault{"sourceRegion",       H + "/SOURCE/0/region",           "\"none\"",    NO_REGION},
-  SchemaFault{"noSourceType",       H + "/SOURCE/0/type",             "",            MISSING},
-  SchemaFault{"sourceType",         H + "/SOURCE/0/type",             "\"snow\"",    "This value must be equal to one of the following: 'discharge', 'rain'."},
-  SchemaFault{"noRate",             H + "/SOURCE/0/intensity",        "",            H + "/SOURCE/0: One of the following items must be provided: 'discharge', 'discharge_file', 'intensity', 'intensity_file'."},
-  SchemaFault{"twoRates",           H + "/SOURCE/0/intensity_file",   "\"r\"",       H + "/SOURCE/0: Only one of the following two items is allowed: 'intensity', 'intensity_file'."},
-  SchemaFault{"sink",               H + "/SOURCE/0/sink",             "\"all\"",     "This value must be equal to one of the following: 'available', 'exact', 'infinity'."},
-  SchemaFault{"noTrack",            H + "/FLOOD/track",               "",            MISSING},
-  SchemaFault{"track",              H + "/FLOOD/track",               "\"some\"",    "This value must be equal to one of the following: 'all'."},
-  SchemaFault{"noObject",           "",                               "[]",          "/: This value must be an object."}
-), [](const ::testing::TestParamInfo<SchemaFault>& fault) { return fault.param.name; });
-// clang-format on

@@ -54,9 +54,9 @@ TEST_F(Boundaries, anInflowSpreadsItsDischargeOverTheLengthOfItsString) {
   const setup::Domain domain =
       build(R"({"string": "west", "type": "inflow", "discharge": 12, "slope": 0.01})");
   const setup::EdgeBoundaries& found = domain.boundaries;
-  EXPECT_EQ(found.edges, domain.strings[0].edges);
-  EXPECT_THAT(found.types, Each(ElementsAre(100, -1)));
-  EXPECT_THAT(found.recordOf, ElementsAre(0, 0));
+  EXPECT_EQ(found.flow.edges, domain.strings[0].edges);
+  EXPECT_THAT(found.flow.types, Each(ElementsAre(100, -1)));
+  EXPECT_THAT(found.flow.recordOf, ElementsAre(0, 0));
   EXPECT_THAT(found.records, ElementsAre(ElementsAre(12, 0.01, 0, 0, 0, 0, 0)));
   EXPECT_THAT(found.interpolations, IsEmpty());
   ASSERT_THAT(found.modifications, SizeIs(1));
@@ -71,20 +71,20 @@ TEST_F(Boundaries, stringsAreTurnedSoThatTheSenseOfTheirBoundaryIsPositive) {
         FRICTION +
             R"("BOUNDARY": [{"string": "w", "type": "inflow", "discharge": 1, "slope": 1}])");
     EXPECT_THAT(domain.strings[0].signs, Each(-1));
-    EXPECT_THAT(domain.boundaries.types, Each(ElementsAre(100, -1)));
+    EXPECT_THAT(domain.boundaries.flow.types, Each(ElementsAre(100, -1)));
     const setup::Domain outflow =
         folder.build(R"("STRINGDEF": [{"name": "w", "nodes": )" + std::string(order) + "}]",
                      R"("BOUNDARY": [{"string": "w", "type": "free_outflow"}])");
     EXPECT_THAT(outflow.strings[0].signs, Each(1));
-    EXPECT_THAT(outflow.boundaries.types, Each(ElementsAre(112, 1)));
+    EXPECT_THAT(outflow.boundaries.flow.types, Each(ElementsAre(112, 1)));
   }
 }
 
 TEST_F(Boundaries, innerStringsKeepTheirDirectionAndEdgesBothCells) {
   const setup::Domain domain = build(R"({"string": "middle", "type": "inner_wall"})");
   for (std::size_t k = 0; k < 2; ++k) {
-    EXPECT_THAT(domain.boundaries.types[k], ElementsAre(220, domain.strings[2].signs[k]));
-    const auto [left, right] = domain.topology.edgeCells[index(domain.boundaries.edges[k])];
+    EXPECT_THAT(domain.boundaries.flow.types[k], ElementsAre(220, domain.strings[2].signs[k]));
+    const auto [left, right] = domain.topology.edgeCells[index(domain.boundaries.flow.edges[k])];
     EXPECT_NE(left, right);
   }
 }
@@ -127,9 +127,9 @@ TEST_F(Boundaries, linkedStringsShareOneRecord) {
   const setup::Domain domain =
       build(R"({"string": "east", "to": "west", "type": "linked_weir", "crest": 1.5})");
   const setup::EdgeBoundaries& found = domain.boundaries;
-  EXPECT_THAT(found.types, ElementsAre(ElementsAre(323, 1), ElementsAre(323, 1),
-                                       ElementsAre(322, -1), ElementsAre(322, -1)));
-  EXPECT_THAT(found.recordOf, Each(0));
+  EXPECT_THAT(found.flow.types, ElementsAre(ElementsAre(323, 1), ElementsAre(323, 1),
+                                            ElementsAre(322, -1), ElementsAre(322, -1)));
+  EXPECT_THAT(found.flow.recordOf, Each(0));
   EXPECT_THAT(found.records, ElementsAre(ElementsAre(1.5, 0.611, 0.08, 0, 0, 0, 0)));
   ASSERT_THAT(found.modifications, SizeIs(2));
   EXPECT_THAT(found.modifications[0].info, ElementsAre(3, 3, 0, 1, 2, 0, 0));
@@ -151,7 +151,7 @@ TEST_P(BoundaryRows, haveTheCodeAndTheRecord) {
   const Row& row = GetParam();
   support::writeFile(folder.file("s.txt"), "0 1\n");
   const setup::Domain domain = build(row.boundary);
-  EXPECT_EQ(domain.boundaries.types.front()[0], row.code);
+  EXPECT_EQ(domain.boundaries.flow.types.front()[0], row.code);
   EXPECT_THAT(domain.boundaries.records.at(0), ElementsAreArray(row.record));
 }
 
@@ -249,7 +249,7 @@ TEST_F(Boundaries, refuseNormalDepthsWithoutFriction) {
   EXPECT_EQ(folder.refusalOf(STRINGS, R"("BOUNDARY": [{"string": "east", "type": "normal_depth",
                                           "slope": 0.01}])"),
             "<" + BOUNDARY +
-                "/0> of type <normal_depth> needs bed friction for its normal depth: the study "
+                "/0> of type <normal_depth> needs bed friction: the study "
                 "must hold HYDRAULICS/FRICTION");
 }
 

@@ -59,9 +59,9 @@ TEST(BoundaryTable, namesStandOnceAndAreFound) {
   std::set<std::string> names;
   for (const BoundaryType& type : boundaryTypes()) {
     EXPECT_TRUE(names.insert(type.name).second) << type.name;
-    EXPECT_EQ(&setup::boundaryType(type.name), &type);
+    EXPECT_EQ(&setup::typeNamed(type.name, boundaryTypes()), &type);
   }
-  EXPECT_THROW(setup::boundaryType("none"), std::out_of_range);
+  EXPECT_THROW(setup::typeNamed("none", boundaryTypes()), std::out_of_range);
 }
 
 TEST(BoundaryTable, everyPositionIsWrittenOnceAndBeforeItIsRead) {

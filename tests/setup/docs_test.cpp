@@ -5,8 +5,10 @@
 #include <nlohmann/json.hpp>
 
 #include "common/BaseException.h"
+#include "common/console.h"
 #include "setup/Reader2dm.h"
 #include "setup/Study.h"
+#include "setup/bedBoundaryTable.h"
 #include "setup/boundaryTable.h"
 #include "setup/friction.h"
 #include "setup/series.h"
@@ -34,20 +36,24 @@ const std::string& text() {
 std::size_t readsOf(int type) {
   if (type == 3) return 3;
   if (type == 8) return 5;
-  return type == 9 || type == 16 ? 0 : 1;
+  return type == 9 || type > 12 ? 0 : 1;
+}
+
+std::string nameOf(const setup::Input& input) {
+  using setup::Takes;
+  if (input.takes == Takes::Nothing) return common::console::text(*input.fallback);
+  return "`" + input.key + (input.takes == Takes::Series ? "_file`" : "`") +
+         (input.takes == Takes::SeriesToo ? "+" : "");
 }
 
 /// The columns behind what a type does: keys, lookups, modifications.
 std::string technicalColumnsOf(const setup::BoundaryType& type) {
-  using setup::Takes;
   std::string keys;
   std::string lookups;
   std::string modifications;
   for (const setup::Input& input : type.inputs) {
-    const std::string name = input.key + (input.takes == Takes::Series ? "_file" : "");
-    keys += (keys.empty() ? "`" : ", `") + name + "`" +
-            (input.takes == Takes::SeriesToo ? "+" : "") + " (" + std::to_string(input.position) +
-            ")";
+    keys +=
+        (keys.empty() ? "" : ", ") + nameOf(input) + " (" + std::to_string(input.position) + ")";
   }
   for (const setup::Lookup lookup : type.lookups) {
     lookups += (lookups.empty() ? "" : ", ") + nameOf(lookup);
@@ -67,8 +73,11 @@ std::string technicalColumnsOf(const setup::BoundaryType& type) {
 
 }  // namespace
 
-TEST(DocsOfSetup, theTableOfBoundariesIsThatOfTheProgram) {
-  for (const setup::BoundaryType& type : setup::boundaryTypes()) {
+class TablesOfBoundaries
+    : public ::testing::TestWithParam<const std::vector<setup::BoundaryType>*> {};
+
+TEST_P(TablesOfBoundaries, areThoseOfTheProgram) {
+  for (const setup::BoundaryType& type : *GetParam()) {
     const std::string codes =
         std::to_string(type.code) +
         (type.receivingCode == 0 ? "" : ", " + std::to_string(type.receivingCode));
@@ -78,6 +87,46 @@ TEST(DocsOfSetup, theTableOfBoundariesIsThatOfTheProgram) {
     EXPECT_TRUE(row.ends_with(technicalColumnsOf(type))) << row << "\n" << technicalColumnsOf(type);
     EXPECT_EQ(row.find("needs `FRICTION`") != std::string::npos, type.needsFriction) << row;
   }
+}
+
+INSTANTIATE_TEST_SUITE_P(DocsOfSetup, TablesOfBoundaries,
+                         ::testing::Values(&setup::boundaryTypes(), &setup::bedBoundaryTypes()));
+
+namespace {
+
+std::string textOf(const setup::Coefficient& coefficient) {
+  if (!coefficient.value) return "required";
+  return common::console::text(*coefficient.value, coefficient.isTaken ? "+" : "");
+}
+
+}  // namespace
+
+TEST(DocsOfSetup, theFormulasAreThoseOfTheProgram) {
+  for (const setup::BedloadFormula& formula : setup::bedloadFormulas()) {
+    std::string row = "\n| `" + formula.name + "` | ";
+    if (formula.form == setup::BedloadForm::PowerLaw) {
+      row += "4 | | | |";
+    } else {
+      const std::string A = formula.takesChezy ? "from `chezy`" : textOf(formula.coefficient);
+      row += common::console::text(static_cast<int>(formula.form), " | ", A, " | ",
+                                   textOf(formula.exponent), " | ", textOf(formula.critical), " |");
+    }
+    EXPECT_THAT(text(), ::testing::HasSubstr(row));
+  }
+}
+
+TEST(DocsOfSetup, theMovingBedIsUnderstood) {
+  const support::TempDir dir;
+  support::writeFile(dir.file("study.json"),
+                     R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {
+                         "MESH": {"file": "m.2dm"}, "REGIONDEF": [{"index": 1, "name": "gravel"},
+                         {"index": 2, "name": "ramp"}, {"index": 3, "name": "harbour"}],
+                         "STRINGDEF": [{"name": "inlet"}, {"name": "outlet"}]},
+                         "HYDRAULICS": {"FRICTION": {"type": "manning", "value": 0.03}}, )" +
+                         snippet("\"MORPHOLOGY\"") + "}}}}");
+  const setup::Study study = setup::readStudy(dir.file("study.json"));
+  EXPECT_EQ(study.morphology.value().fixedBed.value().zones.size(), 2U);
+  EXPECT_EQ(study.morphology->boundaries.size(), 2U);
 }
 
 TEST(DocsOfSetup, theClosuresAreThoseOfTheProgram) {

@@ -2,7 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <numeric>
 
 #include "support/H5Compare.h"
 #include "support/Process.h"
@@ -57,6 +59,51 @@ class Examples : public ::testing::Test {
       sum += areas[cell] * (flow[3 * cell] - bed[cell]);
     }
     return sum;
+  }
+
+  /// x of the centroid of each cell [m].
+  std::vector<double> places() const {
+    const std::vector<double> corners = support::readNumbers(results(), "CellsAll/Topology");
+    const std::vector<double> nodes = support::readNumbers(results(), "NodesAll/Coordnts");
+    std::vector<double> x(corners.size() / 3, 0.0);
+    for (std::size_t k = 0; k < corners.size(); ++k) {
+      x[k / 3] += nodes.at(3 * static_cast<std::size_t>(corners[k])) / 3.0;
+    }
+    return x;
+  }
+
+  std::vector<double> bed(int record) const { return numbers("CellsAll/BottomEl", record); }
+
+  /// All bed, with its pores, in a record, over the elevation 0 [m3].
+  double bedVolume(int record) const {
+    const std::vector<double> areas = support::readNumbers(dir.file("run.h5"), "CellsAll/GeomArea");
+    const std::vector<double> beds = bed(record);
+    return std::inner_product(beds.begin(), beds.end(), areas.begin(), 0.0);
+  }
+
+  /// The cell farthest upstream with its bed below an elevation [m].
+  double firstBelow(double elevation, int record) const {
+    const std::vector<double> x = places();
+    const std::vector<double> beds = bed(record);
+    double first = 1e9;
+    for (std::size_t cell = 0; cell < x.size(); ++cell) {
+      if (beds[cell] < elevation) first = std::min(first, x[cell]);
+    }
+    return first;
+  }
+
+  /// Mean bed of the cells between two places [m].
+  double meanBed(double from, double to, int record) const {
+    const std::vector<double> x = places();
+    const std::vector<double> beds = bed(record);
+    double sum = 0.0;
+    int count = 0;
+    for (std::size_t cell = 0; cell < x.size(); ++cell) {
+      if (x[cell] < from || x[cell] > to) continue;
+      sum += beds[cell];
+      ++count;
+    }
+    return sum / count;
   }
 
   std::string results() const { return dir.file("results_results.h5"); }
@@ -120,4 +167,34 @@ TEST_F(Examples, theHillslopeIsToldOfATimeStepThatIsTooLong) {
   EXPECT_THAT(report, HasSubstr(" -> no cell is wet at the start: until one is, a step is "
                                 "cfl * maximum_time_step = 50 s, in which the strongest source "
                                 "adds 0.000833333 m of water; a maximum_time_step of about 6 s "));
+}
+
+TEST_F(Examples, theTrenchFillsFromUpstreamAtTheSpeedOfItsBalance) {
+  constexpr double HALFWAY = -0.0423;
+  run("trench");
+  EXPECT_EQ(bed(1), bed(0));
+  EXPECT_THAT(state(21, 0, 8), DoubleNear(1.09e-5, 2e-7));
+  EXPECT_THAT(firstBelow(HALFWAY, 21) - firstBelow(HALFWAY, 1), DoubleNear(1.3, 0.2));
+  const std::vector<double> beds = bed(21);
+  EXPECT_THAT(*std::min_element(beds.begin(), beds.end()), DoubleNear(-0.086, 0.001));
+  double balance = 0.0;
+  for (int k = 2; k <= 21; ++k) {
+    balance += 120.0 * (state(k, 0, 8) - state(k, 1, 8)) / 0.6;
+  }
+  EXPECT_THAT(bedVolume(21) - bedVolume(1), DoubleNear(balance, 3e-5));
+}
+
+TEST_F(Examples, theDamBreakDigsAtTheGateAndDropsSandUnderItsFront) {
+  run("dam_break_mobile");
+  EXPECT_THAT(bedVolume(5), DoubleNear(0.0, 1e-15));
+  EXPECT_THAT(meanBed(0.1, 0.3, 4), DoubleNear(-0.0036, 0.0005));
+  EXPECT_THAT(meanBed(2.0, 2.2, 4), DoubleNear(0.0027, 0.0005));
+  const std::vector<double> x = places();
+  const std::vector<double> beds = bed(4);
+  const std::vector<double> flow = numbers("CellsAll/HydState", 4);
+  double front = 0.0;
+  for (std::size_t cell = 0; cell < x.size(); ++cell) {
+    if (flow[3 * cell] - beds[cell] > 0.001) front = std::max(front, x[cell]);
+  }
+  EXPECT_THAT(front, DoubleNear(2.3, 0.1));
 }

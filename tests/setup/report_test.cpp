@@ -61,9 +61,10 @@ TEST(Report, tellsWhatHadToBeChanged) {
 TEST(Report, tellsOfStringsAndBoundaries) {
   setup::Domain domain = square();
   domain.strings = {{"inlet", {0, 1}, {-1, -1}, {0, 0}, 4.0}};
-  domain.boundaries.edges = {0, 1};
-  domain.boundaries.records = {{}};
-  EXPECT_THAT(reportOn(domain),
+  domain.boundaries.flow.edges = {0, 1};
+  setup::Study study;
+  study.boundaries.resize(1);
+  EXPECT_THAT(reportOn(domain, study),
               HasSubstr(" -> string <inlet>: 2 edges, 4 m\n"
                         " -> boundaries: 1, on 2 edges; all other edges on the boundary are "
                         "walls\n"));

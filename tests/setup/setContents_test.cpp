@@ -1,6 +1,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <memory>
+
+#include "model/Factory.h"
+#include "model/Model.h"
 #include "model/catalogue/Data.h"
 #include "model/catalogue/Maps.h"
 #include "model/catalogue/Relations.h"
@@ -28,6 +32,8 @@ class SetContents : public ::testing::Test {
     domain.bed.assign(domain.mesh.cells.size(), 0.5);
     domain.flow.assign(domain.mesh.cells.size(), {1.0, 2.0, 3.0});
     domain.friction.assign(domain.mesh.cells.size(), 0.03);
+    domain.grainSizes.assign(domain.mesh.cells.size(), 0.002);
+    domain.criticalValues.assign(domain.mesh.cells.size(), 0.047);
   }
 
   int size(model::SetID id) const { return setup::setContents().at(id).size(domain); }
@@ -99,6 +105,25 @@ TEST_F(SetContents, gradientWeightsArePairsPerNeighbour) {
   EXPECT_THAT(data<double>(GeomWght),
               ElementsAre(0.0, 0.0, 0.0, 0.0, DoubleEq(-0.75), DoubleEq(0.75), DoubleEq(0.75),
                           DoubleEq(-0.75), 0.0, 0.0, 0.0, 0.0));
+}
+
+TEST_F(SetContents, coverTheFullModel) {
+  const std::unique_ptr<api::IModel> model(
+      model::Factory::getModelFromAggregates(model::Model::getFullModel(), true));
+  model->create();
+  for (const model::SetID id : model->getSets()) {
+    EXPECT_EQ(setup::setContents().count(id), 1U) << model->getSet(id)->getName();
+  }
+  for (const model::MapID id : model->getMaps()) {
+    const api::IMap& map = *model->getMap(id);
+    EXPECT_EQ(setup::setContents().at(map.getSet()->getID()).maps.count(id), 1U) << map.getH5Path();
+  }
+  for (const model::DataID id : model->getDats()) {
+    const api::IData& data = *model->getData(id);
+    EXPECT_EQ(setup::setContents().at(data.getSet()->getID()).data.count(id),
+              data.isSimulationOnly() ? 0U : 1U)
+        << data.getH5Path();
+  }
 }
 
 TEST_F(SetContentsOfRandomMesh, itemsHaveTheShapesOfTheCatalogue) {

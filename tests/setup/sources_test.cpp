@@ -54,7 +54,7 @@ TEST_F(Sources, rainIsGivenInMillimetresPerHour) {
   EXPECT_EQ(found.modifications[0].type, 7);
   EXPECT_EQ(found.modifications[0].region, 1);
   EXPECT_EQ(found.modifications[0].record, 0);
-  EXPECT_THAT(found.cells, SizeIs(1));
+  EXPECT_THAT(found.flow.cells, SizeIs(1));
   EXPECT_DOUBLE_EQ(found.strongestRate, 1e-5);
 }
 
@@ -63,8 +63,8 @@ TEST_F(Sources, aDischargeIsSpreadOverItsRegion) {
   const setup::Domain domain = build(R"({"region": "field", "type": "rain", "intensity": 36},
       {"region": "town", "type": "discharge", "discharge_file": "q.txt"})");
   const setup::CellSources& found = domain.sources;
-  EXPECT_THAT(found.recordOf, ElementsAre(0, 1));
-  EXPECT_EQ(domain.mesh.cells[static_cast<std::size_t>(found.cells[1])].material, 2);
+  EXPECT_THAT(found.flow.recordOf, ElementsAre(0, 1));
+  EXPECT_EQ(domain.mesh.cells[static_cast<std::size_t>(found.flow.cells[1])].material, 2);
   EXPECT_EQ(found.modifications[1].type, 6);
   EXPECT_EQ(found.modifications[1].region, 0);
   EXPECT_EQ(found.modifications[1].record, 1);
@@ -82,7 +82,7 @@ TEST_F(Sources, thatOnlyTakeWaterAwayHaveNoStrongestRate) {
 TEST_F(Sources, sinkTypesHaveTheirCodes) {
   const auto codeOf = [this](const std::string& kind, const std::string& sink) {
     const auto found = build(R"({"region": "town", "type": )" + kind + sink + "}").sources;
-    return found.sinkTypes.at(0);
+    return found.flow.sinkTypes.at(0);
   };
   const std::string rain = R"("rain", "intensity": -1)";
   const std::string pump = R"("discharge", "discharge": -1)";
@@ -112,6 +112,71 @@ TEST_F(Sources, refuseRatesOfAnotherKind) {
             "<" + SOURCE + "/0> of type <rain> must hold either intensity or intensity_file");
   EXPECT_EQ(refusalOf(R"({"region": "town", "type": "discharge", "intensity_file": "q.txt"})"),
             "<" + SOURCE + "/0> of type <discharge> must hold either discharge or discharge_file");
+}
+
+namespace {
+
+class SourcesOfBed : public Sources {
+ protected:
+  /// @param material keys beside the grain size
+  setup::Domain buildBed(const std::string& sources, const std::string& material = "") const {
+    return folder.build(regions, FLOW, bed(sources, material));
+  }
+
+  static std::string bed(const std::string& sources, const std::string& material = "") {
+    return R"("BEDMATERIAL": {"grain_size": 0.01)" + material + R"(}, "BEDLOAD": {"FORMULA": {
+        "type": "grass_1981", "coefficient": 1}}, "SOURCE": [)" +
+           sources + "]";
+  }
+
+  const std::string FLOW = R"("SOURCE": [{"region": "field", "type": "rain", "intensity": 36}])";
+  const std::string BED_SOURCE = studies::MORPHOLOGY + "/SOURCE";
+};
+
+}  // namespace
+
+TEST_F(SourcesOfBed, areMadeLikeThoseOfWaterAndFollowThem) {
+  const setup::Domain domain = buildBed(R"({"region": "town", "type": "discharge", "discharge": -2},
+                  {"region": "field", "type": "rise", "rate": 7.2})");
+  const setup::CellSources& found = domain.sources;
+  EXPECT_THAT(found.flow.recordOf, ElementsAre(0));
+  EXPECT_THAT(found.bed.recordOf, ElementsAre(1, 2));
+  EXPECT_THAT(found.records,
+              ElementsAre(ElementsAre(36, 0), ElementsAre(-2, 0), ElementsAre(7.2, 0)));
+  ASSERT_THAT(found.modifications, SizeIs(3));
+  EXPECT_EQ(found.modifications[1].type, 6);
+  EXPECT_EQ(found.modifications[1].region, 0);
+  EXPECT_EQ(found.modifications[2].type, 7);
+  EXPECT_DOUBLE_EQ(found.strongestRate, 1e-5);
+}
+
+TEST_F(SourcesOfBed, sinkTypesHaveTheirCodes) {
+  const auto codeOf = [this](const std::string& sink) {
+    return buildBed(R"({"region": "town", "type": "rise", "rate": -1)" + sink + "}",
+                    R"(, "FIXED_BED": {"ZONES": [{"region": "town", "below_bed": 1}]})")
+        .sources.bed.sinkTypes.at(0);
+  };
+  EXPECT_EQ(codeOf(R"(, "sink": "exact")"), 30);
+  EXPECT_EQ(codeOf(""), 31);
+  EXPECT_EQ(codeOf(R"(, "sink": "infinity")"), 32);
+}
+
+TEST_F(SourcesOfBed, refuseASinkThatTakesAllWhereThereIsNoBottom) {
+  EXPECT_EQ(folder.refusalOf(regions, FLOW,
+                             bed(R"({"region": "field", "type": "rise", "rate": 1},
+                         {"region": "town", "type": "rise", "rate": -1, "sink": "infinity"})",
+                                 R"(, "FIXED_BED": {"ZONES": [{"region": "field",
+                                     "below_bed": 1}]})")),
+            "<" + BED_SOURCE +
+                "/1> with the sink <infinity> needs a fixed bed in all cells of its "
+                "region: it takes all that is above");
+}
+
+TEST_F(SourcesOfBed, refuseARegionWithTwo) {
+  EXPECT_EQ(folder.refusalOf(regions, FLOW, bed(R"({"region": "town", "type": "rise", "rate": 1},
+                                    {"region": "town", "type": "rise", "rate": 2})")),
+            "<" + BED_SOURCE + "/1> is in the region <town> as is <" + BED_SOURCE +
+                "/0>, but a region has one source");
 }
 
 TEST_F(Sources, runFileOfATinyMeshIsAsWrittenByHand) {

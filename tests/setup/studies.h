@@ -11,6 +11,7 @@ inline const std::string PLANE = "/SETUP/DOMAIN/RHEOPLANE_2D";
 inline const std::string GEOMETRY = PLANE + "/GEOMETRY";
 inline const std::string HYDRAULICS = PLANE + "/HYDRAULICS";
 inline const std::string INITIAL = HYDRAULICS + "/INITIAL";
+inline const std::string MORPHOLOGY = PLANE + "/MORPHOLOGY";
 
 /// A study of the two groups.
 inline std::string document(const std::string& geometry, const std::string& hydraulics) {
@@ -18,9 +19,29 @@ inline std::string document(const std::string& geometry, const std::string& hydr
          R"(, "HYDRAULICS": )" + hydraulics + "}}}}";
 }
 
+/// A moving bed with all groups and lists.
+inline nlohmann::json movingBed() {
+  return nlohmann::json::parse(R"({
+      "PARAMETER": {"start": 60},
+      "BEDMATERIAL": {"porosity": 0.3, "density": 2600, "water_density": 998, "grain_size": 0.01,
+                      "ZONES": [{"region": "sill", "box": [0, 0, 1, 2], "grain_size": 0.02}],
+                      "FIXED_BED": {"accuracy": 1e-5, "maximum_passes": 20, "ZONES": [
+                          {"region": "sill", "elevation": 1},
+                          {"box": [0, 0, 1, 2], "below_bed": 0.5}]}},
+      "BEDLOAD": {"FORMULA": {"type": "mpm", "coefficient": 8, "exponent": 1.5,
+                              "critical_shields": 0.05, "factor": 0.8},
+                  "DIRECTION": {"IKEDA": {"factor": 0.5}, "CURVATURE": {"factor": 10}},
+                  "BOUNDARY": [{"string": "inlet", "type": "inflow", "discharge_file": "qs.txt",
+                                "over": "discharge"},
+                               {"string": "outlet", "type": "highest_bed", "elevation": 1}]},
+      "INCIPIENT_MOTION": {"type": "chen_2010", "angle_of_repose": 35},
+      "SOURCE": [{"region": "plain", "type": "rise", "rate": 5, "sink": "exact"},
+                 {"region": "sill", "type": "discharge", "discharge_file": "q.txt"}]})");
+}
+
 /// A study with all groups and lists; `mesh` is the first key of its geometry.
 inline nlohmann::json withMesh(const std::string& mesh) {
-  return nlohmann::json::parse(document("{" + mesh + R"(,
+  nlohmann::json study = nlohmann::json::parse(document("{" + mesh + R"(,
       "REGIONDEF": [{"index": 1, "name": "plain"}, {"index": -2, "name": "sill"}],
       "STRINGDEF": [{"name": "inlet", "mesh_string": "1", "reverse": true},
                     {"name": "outlet", "from": [0, 0], "to": [0, 9]},
@@ -28,7 +49,7 @@ inline nlohmann::json withMesh(const std::string& mesh) {
                     {"name": "sluice"}, {"name": "intake"}],
       "BED": [{"region": "sill", "elevation": 2, "gradient": [0.1, 0.2], "at": [5, 6]},
               {"region": "plain", "box": [0, 0, 1, 2], "raise": -1}]})",
-                                        R"({
+                                                        R"({
       "PARAMETER": {"cfl": 1, "maximum_time_step": 5, "minimum_water_depth": 0.01,
                     "gravity": 9.8, "safe_mode": false},
       "INITIAL": {"water_level": "dry",
@@ -47,6 +68,8 @@ inline nlohmann::json withMesh(const std::string& mesh) {
       "SOURCE": [{"region": "plain", "type": "rain", "intensity": 5, "sink": "exact"},
                  {"region": "sill", "type": "discharge", "discharge_file": "q.txt"}],
       "FLOOD": {"track": "all"}})"));
+  study[nlohmann::json::json_pointer(MORPHOLOGY)] = movingBed();
+  return study;
 }
 
 inline nlohmann::json withFile() {
@@ -58,7 +81,8 @@ inline nlohmann::json withRectangle() {
       "elevation": 8, "slope": 0.01, "pattern": "crossed"})");
 }
 
-/// Its water has a depth and not a level, and its boundaries and sources are of other types.
+/// Its water has a depth and not a level, and its boundaries, sources and formula are of other
+/// types.
 inline nlohmann::json withChannel() {
   nlohmann::json study = withMesh(R"("CHANNEL": {"origin": [1, 2], "length": 30, "bed_width": 4,
       "side_slope": 1.5, "bank_height": 2, "cells": [6, 7, 3], "elevation": 8, "slope": 0.01,
@@ -72,6 +96,17 @@ inline nlohmann::json withChannel() {
        "discharge_above": 2, "upper_level": 4}])");
   study.at(nlohmann::json::json_pointer(HYDRAULICS))["SOURCE"] = nlohmann::json::parse(R"([
       {"region": "plain", "type": "rain", "intensity_file": "r.txt"},
+      {"region": "sill", "type": "discharge", "discharge": -1, "sink": "infinity"}])");
+  nlohmann::json& bed = study.at(nlohmann::json::json_pointer(MORPHOLOGY));
+  bed["BEDLOAD"]["FORMULA"] = {
+      {"type", "grass_1981"}, {"coefficient", 0.001}, {"critical_velocity", 0.4}, {"chezy", 12}};
+  bed["BEDLOAD"]["BOUNDARY"] = nlohmann::json::parse(R"([
+      {"string": "inlet", "type": "inflow", "discharge": 0.01},
+      {"string": "lake", "type": "capacity_inflow", "share": 0.5},
+      {"string": "outlet", "type": "capacity_outflow", "share_file": "s.txt"},
+      {"string": "weir", "type": "lowest_bed", "elevation_file": "z.txt"}])");
+  bed["SOURCE"] = nlohmann::json::parse(R"([
+      {"region": "plain", "type": "rise", "rate_file": "r.txt"},
       {"region": "sill", "type": "discharge", "discharge": -1, "sink": "infinity"}])");
   nlohmann::json& initial = study.at(nlohmann::json::json_pointer(INITIAL));
   initial.erase("water_level");

@@ -31,6 +31,14 @@ std::vector<double> friction(const Domain& domain) {
   return domain.friction;
 }
 
+std::vector<double> grainSizes(const Domain& domain) {
+  return domain.grainSizes;
+}
+
+std::vector<double> criticalValues(const Domain& domain) {
+  return domain.criticalValues;
+}
+
 std::vector<double> areas(const Domain& domain) {
   return domain.geometry.areas;
 }
@@ -76,6 +84,8 @@ SetContent cellsAll() {
             {HydState,          &flow},
             {BottomEl,          &bed},
             {Friction,          &friction},
+            {MSedSize,          &grainSizes},
+            {ThetaCrt,          &criticalValues},
             {CellsAll_GeomArea, &areas},
             {CellsAll_EdgeSign, &edgeSigns},
             {Topology,          &corners},

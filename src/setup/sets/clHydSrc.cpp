@@ -5,19 +5,19 @@ namespace setup {
 namespace {
 
 int size(const Domain& domain) {
-  return static_cast<int>(domain.sources.cells.size());
+  return static_cast<int>(domain.sources.flow.cells.size());
 }
 
 std::vector<int> cells(const Domain& domain) {
-  return domain.sources.cells;
+  return domain.sources.flow.cells;
 }
 
 std::vector<int> records(const Domain& domain) {
-  return domain.sources.recordOf;
+  return domain.sources.flow.recordOf;
 }
 
 std::vector<int> sinkTypes(const Domain& domain) {
-  return domain.sources.sinkTypes;
+  return domain.sources.flow.sinkTypes;
 }
 
 }  // namespace

@@ -6,11 +6,11 @@ namespace setup {
 namespace {
 
 int size(const Domain& domain) {
-  return static_cast<int>(domain.boundaries.edges.size());
+  return static_cast<int>(domain.boundaries.flow.edges.size());
 }
 
 std::vector<int> edges(const Domain& domain) {
-  return domain.boundaries.edges;
+  return domain.boundaries.flow.edges;
 }
 
 std::vector<int> cells(const Domain& domain) {
@@ -20,11 +20,11 @@ std::vector<int> cells(const Domain& domain) {
 }
 
 std::vector<int> records(const Domain& domain) {
-  return domain.boundaries.recordOf;
+  return domain.boundaries.flow.recordOf;
 }
 
 std::vector<int> types(const Domain& domain) {
-  return flat(domain.boundaries.types);
+  return flat(domain.boundaries.flow.types);
 }
 
 }  // namespace

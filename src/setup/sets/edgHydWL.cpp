@@ -7,7 +7,7 @@ namespace {
 
 /// The edges that the boundaries of the study leave.
 std::vector<int> edges(const Domain& domain) {
-  return withoutBoundaries(domain.topology.boundaryEdges(), domain);
+  return without(domain.boundaries.flow.edges, domain.topology.boundaryEdges(), domain);
 }
 
 int size(const Domain& domain) {

@@ -7,7 +7,7 @@ namespace {
 
 /// The edges that the boundaries of the study leave.
 std::vector<int> edges(const Domain& domain) {
-  return withoutBoundaries(domain.topology.innerEdges(), domain);
+  return without(domain.boundaries.flow.edges, domain.topology.innerEdges(), domain);
 }
 
 int size(const Domain& domain) {

@@ -16,7 +16,7 @@ std::vector<double> values(const Domain& domain) {
   std::vector<double> rows;
   for (const Series& series : domain.series.all()) {
     const std::size_t end = rows.size() + 2 * POINTS;
-    for (const auto& [x, y] : series.points) rows.insert(rows.end(), {x, y});
+    for (const auto& [x, y] : series.points) rows.insert(rows.end(), {x, y * series.factor});
     rows.resize(end, MISSING_VALUE);
   }
   return rows;

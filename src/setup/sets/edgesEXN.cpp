@@ -1,0 +1,29 @@
+#include "setup/position.h"
+#include "setup/sets/sets.h"
+
+namespace setup {
+
+namespace {
+
+std::vector<int> edges(const Domain& domain) {
+  return without(edgesThatStopBedload(domain), domain.topology.innerEdges(), domain);
+}
+
+int size(const Domain& domain) {
+  return static_cast<int>(edges(domain).size());
+}
+
+std::vector<int> cells(const Domain& domain) {
+  std::vector<std::array<int, 2>> result;
+  for (const int edge : edges(domain)) result.push_back(domain.topology.edgeCells[index(edge)]);
+  return flat(result);
+}
+
+}  // namespace
+
+SetContent edgesEXN() {
+  using enum model::MapID;
+  return {&size, {{EdgesEXN_EdgesAll, &edges}, {EdgesEXN_CellsAll, &cells}}, {}};
+}
+
+}  // namespace setup
