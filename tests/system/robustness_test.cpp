@@ -66,24 +66,21 @@ class Robustness : public support::Simulation {
   /// the HDF5 library has in hand while it writes cannot be made safe against a kill.
   void holdBetweenRecords() {
     for (;;) {
-      send(SIGSTOP);
+      ::kill(process, SIGSTOP);
       int status = 0;
       ::waitpid(process, &status, WUNTRACED);
       if (!WIFSTOPPED(status)) throw std::runtime_error("the run has ended by itself");
       const std::string told = support::readFile(dir.file("stdout.txt"));
       const std::size_t step = told.rfind(" -> time: ");
       if (step != std::string::npos && told.find(" -> ", step + 1) == std::string::npos) return;
-      send(SIGCONT);
+      ::kill(process, SIGCONT);
       std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
   }
-  /// A run that has ended by itself has no number any more: -1 would mean all processes there are.
-  void send(int signal) const {
+  Outcome stop(int signal) {
+    // A run that has ended has no number any more, and -1 would mean all processes there are.
     if (process <= 0) throw std::runtime_error("the run has ended by itself");
     ::kill(process, signal);
-  }
-  Outcome stop(int signal) {
-    send(signal);
     const pid_t stopped = process;
     process = -1;
     return support::finish(dir.path(), stopped);
@@ -332,7 +329,7 @@ TEST_F(Robustness, aRecordCanBeAskedForAtAnyTime) {
     ASSERT_TRUE(isRunning());
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  send(SIGUSR1);
+  ::kill(process, SIGUSR1);
   awaitRecords(2);
   EXPECT_TRUE(isRunning());
   EXPECT_EQ(stop(SIGTERM).status, 128 + SIGTERM);
