@@ -77,13 +77,9 @@ class Input {
 void writeAll(const Journal& journal, const Descriptor& target) {
   Output output(target);
   output.append(Header{MAGIC, journal.end, journal.pages.size()});
-  std::vector<char> entry;
   for (const auto& [offset, page] : journal.pages) {
-    const PageHeader header{offset, page.bytes.size(), page.before};
-    entry.resize(sizeof(header));
-    std::memcpy(entry.data(), &header, sizeof(header));
-    entry.insert(entry.end(), page.bytes.begin(), page.bytes.end());
-    output.append(entry.data(), entry.size());
+    output.append(PageHeader{offset, page.bytes.size(), page.before});
+    output.append(page.bytes.data(), page.bytes.size());
   }
   output.append(output.hashOfAll());
 }
@@ -94,7 +90,7 @@ std::uint64_t hash(const char* bytes, std::size_t count, std::uint64_t seed) {
   // FNV-1a by words of eight bytes, with the upper bits mixed in; each step can be undone, so that
   // no change of a single word is missed.
   constexpr std::uint64_t PRIME = 0x100000001b3;
-  std::uint64_t sum = seed ^ 0xcbf29ce484222325 ^ count;
+  std::uint64_t sum = ((seed ^ 0xcbf29ce484222325) * PRIME) ^ count;
   for (std::size_t place = 0; place < count; place += sizeof(std::uint64_t)) {
     std::uint64_t word = 0;
     std::memcpy(&word, bytes + place, std::min(sizeof(word), count - place));

@@ -45,9 +45,9 @@ JournaledFile::JournaledFile(const std::string& name, int flags)
   if ((flags & O_TRUNC) != 0) {
     ::unlink(journal.c_str());
   } else {
-    change.end = file.size();
     recover();
   }
+  if (change.pages.empty()) change.end = file.size();
   committedEnd = change.end;
 }
 
@@ -62,7 +62,6 @@ void JournaledFile::recover() {
   try {
     left->apply(Descriptor(file.name(), O_RDWR));
     ::unlink(journal.c_str());
-    change.end = left->end;
   } catch (const std::system_error&) {
     if (writable) throw;
     change = std::move(*left);

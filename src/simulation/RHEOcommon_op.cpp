@@ -221,8 +221,10 @@ void RHEOcommon::initializeReRunData(const std::string& output, const double& ti
     reader->deleteResults(data->getH5Path(), position);
   }
   console::info("Re-run properly set at ", time, " [s]");
-  reader.reset();
+  // The writer has the file before the reader lets it go: records become invalid together with the
+  // first one that replaces them, not when this run fails or is killed before.
   resultFile.reset(dataio::Factory::createH5Writer(name, "rw"));
+  reader.reset();
 }
 
 void RHEOcommon::initializeResultsFile(const std::string& output) {
