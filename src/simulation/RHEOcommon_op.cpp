@@ -498,7 +498,8 @@ void RHEOcommon::reserveRecord(const std::vector<model::DataID>& data) {
       "records before it are kept");
 }
 
-// Each record is handed to the operating system: a run that is killed later keeps it.
+// The data of a record come into the file together, with the flush: a run that is killed leaves
+// whole records.
 void RHEOcommon::writeRegularOutput(const double& time) {
   if (logLevel > 1) console::info("writing output at t = ", time, " ...");
   reserveRecord(outputData);

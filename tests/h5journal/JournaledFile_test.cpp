@@ -163,6 +163,42 @@ TEST_F(JournaledFileTest, StaysAsItWasWhereTheJournalFindsNoRoom) {
   expectSame(onDisk(), std::string(before.size(), 'x'));
 }
 
+TEST_F(JournaledFileTest, HoldsOneOfTheTwoStatesOnADiskThatFails) {
+  bool hasFailed = true;
+  for (int n = 0; hasFailed; ++n) {
+    SCOPED_TRACE(n);
+    support::writeFile(name, before);
+    std::filesystem::remove(journal);
+    {
+      JournaledFile file(name, O_RDWR);
+      write(file, 0, after);
+      const systemCalls::Failure failure(n);
+      try {
+        file.commit();
+      } catch (const std::system_error&) {
+      }
+      hasFailed = failure.hasOccurred();
+      // What follows must not take the journal from a file that needs it.
+      try {
+        file.commit();
+      } catch (const std::system_error&) {
+      }
+    }
+    const std::string left = contents(JournaledFile(name, O_RDONLY));
+    EXPECT_TRUE(left == after || left.substr(0, before.size()) == before);
+    EXPECT_TRUE(hasFailed || left == after);
+  }
+}
+
+TEST_F(JournaledFileTest, NeedsNoRoomInItsName) {
+  const std::string longName = dir.file(std::string(255, 'n'));
+  support::writeFile(longName, before);
+  JournaledFile file(longName, O_RDWR);
+  write(file, 0, "1234");
+  file.commit();
+  expectSame(support::readFile(longName), "1234" + before.substr(4));
+}
+
 TEST_F(JournaledFileTest, IsChangedWithoutAJournalWhereTheFolderTakesNone) {
   JournaledFile file(name, O_RDWR);
   write(file, 0, "1234");

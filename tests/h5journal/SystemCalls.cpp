@@ -11,15 +11,26 @@
 
 namespace {
 
-int callsLeft = -1;  // negative: no limit
+constexpr int UNLIMITED = -1;
+
+int callsLeft = UNLIMITED;
+bool isDeadly = false;
+bool hasFailed = false;
 std::string refused;
 
-bool isLastCall() {
-  return callsLeft >= 0 && callsLeft-- == 0;
+bool isBeyondLimit() {
+  if (callsLeft > 0) {
+    --callsLeft;
+    return false;
+  }
+  return callsLeft == 0;
 }
 
-void die() {
-  ::kill(::getpid(), SIGKILL);
+int dieOrFail() {
+  if (isDeadly) ::kill(::getpid(), SIGKILL);
+  hasFailed = true;
+  errno = EIO;
+  return -1;
 }
 
 }  // namespace
@@ -42,23 +53,23 @@ int __wrap_open(const char* name, int flags, mode_t mode) {
 }
 
 ssize_t __wrap_pwrite(int file, const void* bytes, std::size_t count, off_t offset) {
-  if (isLastCall()) {
+  if (isBeyondLimit()) {
     const off_t stop = offset + static_cast<off_t>(count);
     const off_t whole = stop - stop % 4096;
     if (whole > offset)
       __real_pwrite(file, bytes, static_cast<std::size_t>(whole - offset), offset);
-    die();
+    return dieOrFail();
   }
   return __real_pwrite(file, bytes, count, offset);
 }
 
 int __wrap_ftruncate(int file, off_t size) {
-  if (isLastCall()) die();
+  if (isBeyondLimit()) return dieOrFail();
   return __real_ftruncate(file, size);
 }
 
 int __wrap_unlink(const char* name) {
-  if (isLastCall()) die();
+  if (isBeyondLimit()) return dieOrFail();
   return __real_unlink(name);
 }
 
@@ -70,6 +81,7 @@ End killedInCall(int n, const std::function<void()>& work) {
   const pid_t child = ::fork();
   if (child == 0) {
     callsLeft = n;
+    isDeadly = true;
     try {
       work();
     } catch (const std::exception&) {
@@ -81,6 +93,19 @@ End killedInCall(int n, const std::function<void()>& work) {
   ::waitpid(child, &status, 0);
   if (WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL) return End::InCall;
   return WIFEXITED(status) && WEXITSTATUS(status) == 0 ? End::AfterWork : End::Failed;
+}
+
+Failure::Failure(int n) {
+  callsLeft = n;
+  hasFailed = false;
+}
+
+Failure::~Failure() {
+  callsLeft = UNLIMITED;
+}
+
+bool Failure::hasOccurred() const {
+  return hasFailed;
 }
 
 Refusal::Refusal(const std::string& nameEnd) {
