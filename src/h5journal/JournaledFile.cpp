@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 namespace h5journal {
 
@@ -84,14 +85,13 @@ void JournaledFile::read(std::uint64_t offset, char* bytes, std::size_t count) c
 }
 
 Page& JournaledFile::changedPage(std::uint64_t offset) {
-  const auto [entry, isNew] = change.pages.try_emplace(offset);
-  Page& page = entry->second;
-  if (isNew) {
-    page.bytes.resize(std::min<std::uint64_t>(PAGE_SIZE, committedEnd - offset));
-    file.readAt(offset, page.bytes.data(), page.bytes.size());
-    page.before = hash(page.bytes.data(), page.bytes.size());
-  }
-  return page;
+  const auto known = change.pages.find(offset);
+  if (known != change.pages.end()) return known->second;
+  Page page;
+  page.bytes.resize(std::min<std::uint64_t>(PAGE_SIZE, committedEnd - offset));
+  file.readAt(offset, page.bytes.data(), page.bytes.size());
+  page.before = hash(page.bytes.data(), page.bytes.size());
+  return change.pages.emplace(offset, std::move(page)).first->second;
 }
 
 void JournaledFile::write(std::uint64_t offset, const char* bytes, std::size_t count) {
@@ -132,7 +132,7 @@ void JournaledFile::commit() {
   dropUnchangedPages();
   if (file.size() < change.end) file.resize(change.end);
   const std::optional<Descriptor> written = writeJournal();
-  // X isTorn = written.has_value();
+  isTorn = written.has_value();
   change.apply(file);
   isTorn = false;
   if (written) ::unlink(journal.c_str());
