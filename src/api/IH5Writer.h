@@ -30,7 +30,8 @@ class IH5Writer : public virtual IH5Base {
   /// the program: a run that is killed leaves all of it or nothing, one that is killed afterwards
   /// all.
   virtual void flush() = 0;
-  /// Makes sure, before anything is written, that the file can grow by so many bytes.
+  /// Makes sure, before anything is written, that the file can grow by so many bytes, and its
+  /// journal too.
   /// @return false if it cannot, as on a full disk
   virtual bool reserve(std::size_t bytes) = 0;
 };

@@ -20,7 +20,7 @@ class Descriptor {
   Descriptor(Descriptor&& other) noexcept
       : fileName(std::move(other.fileName)),
         number(std::exchange(other.number, -1)),
-        place(other.place) {}
+        place(std::move(other.place)) {}
   Descriptor& operator=(Descriptor&&) = delete;
   Descriptor(const Descriptor&) = delete;
   Descriptor& operator=(const Descriptor&) = delete;

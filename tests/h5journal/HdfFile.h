@@ -83,7 +83,7 @@ class Test : public ::testing::Test {
   Test() {
     H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
     // Files are looked at while they are open.
-    setenv("HDF5_USE_FILE_LOCKING", "FALSE", 1);
+    ::setenv("HDF5_USE_FILE_LOCKING", "FALSE", 1);
     make(name);
   }
 
