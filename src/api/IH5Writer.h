@@ -26,10 +26,12 @@ class IH5Writer : public virtual IH5Base {
                                 const double* const* data) = 0;
   virtual void writeStringVec(const std::string& path, const int& length,
                               const std::vector<std::string>& values) = 0;
-  /// Hands everything written so far to the operating system: a run that is killed afterwards
-  /// leaves a file that opens and holds it.
+  /// Brings everything written since the last flush into the file, as a whole, by whatever part of
+  /// the program: a run that is killed leaves all of it or nothing, one that is killed afterwards
+  /// all.
   virtual void flush() = 0;
-  /// Makes sure, before anything is written, that the file can grow by so many bytes.
+  /// Makes sure, before anything is written, that the file can grow by so many bytes, and its
+  /// journal too.
   /// @return false if it cannot, as on a full disk
   virtual bool reserve(std::size_t bytes) = 0;
 };

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -39,6 +40,14 @@ bool reserveFileSpace(const std::string& file, std::size_t bytes) {
   }
   ::close(descriptor);
   return fits;
+}
+
+bool isSpaceBeside(const std::string& file, std::size_t bytes) {
+  struct statvfs status {};
+  if (::statvfs(file.c_str(), &status) != 0) return true;
+  // The last blocks of a disk are for the administrator alone.
+  const auto blocks = ::geteuid() == 0 ? status.f_bfree : status.f_bavail;
+  return bytes / status.f_frsize < blocks;
 }
 
 }  // namespace dataio

@@ -105,7 +105,8 @@ void H5Writer::flush() {
 }
 
 bool H5Writer::reserve(std::size_t bytes) {
-  return reserveFileSpace(getFilename(), bytes);
+  // The journal holds what is overwritten, which is the whole record at most.
+  return reserveFileSpace(getFilename(), bytes) && isSpaceBeside(getFilename(), bytes);
 }
 
 }  // namespace dataio

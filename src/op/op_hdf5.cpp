@@ -9,6 +9,7 @@
 #include <memory>
 #include <string_view>
 
+#include "h5journal/driver.h"
 #include "op/op_arg.h"
 #include "op/op_hdf5_dataset.h"
 #include "op/op_seq.h"
@@ -32,7 +33,7 @@ struct Place {
 hid_t open_file(char const* file, char const* call) {
   if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
   H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, H5P_DEFAULT);
+  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
   if (id < 0) {
     op_fail(2,
             "Could not obtain read access to file '%s': it is no HDF5 file, incomplete or locked\n",

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <string>
 
+#include "h5journal/driver.h"
 #include "op/op_arg.h"
 #include "op/op_hdf5.h"
 #include "op/op_hdf5_dataset.h"
@@ -195,7 +196,7 @@ hid_t open_if_there(Target const& target) {
     std::printf("File %s exists .... checking for dataset and path %s in file\n", target.file,
                 target.path);
   }
-  hid_t const file = H5Fopen(target.file, H5F_ACC_RDWR, H5P_DEFAULT);
+  hid_t const file = H5Fopen(target.file, H5F_ACC_RDWR, h5journal::accessList());
   if (file < 0) op_fail(2, "Could not obtain write access to file '%s'\n", target.file);
   return file;
 }
@@ -207,6 +208,7 @@ bool holds_object(hid_t file, char const* path) {
 }
 
 // What the library still keeps would be lost without a word when the file is closed on a full disk.
+// Within the record of an application it reaches the file with the whole record.
 void flush(hid_t file, Target const& target) {
   require(H5Fflush(file, H5F_SCOPE_LOCAL) >= 0, target);
 }
@@ -235,7 +237,8 @@ void op_fetch_data_hdf5(op_dat dat, char const* file, char const* path) {
     return;
   }
   if (OP_diags > 3) std::printf("File %s does not exist .... creating file\n", file);
-  H5Handle const created(H5Fcreate(file, H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT), H5Fclose);
+  H5Handle const created(H5Fcreate(file, H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
+                         H5Fclose);
   require(static_cast<bool>(created), target);
   create_dataset(created.get(), target);
   flush(created.get(), target);

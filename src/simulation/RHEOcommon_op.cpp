@@ -221,8 +221,10 @@ void RHEOcommon::initializeReRunData(const std::string& output, const double& ti
     reader->deleteResults(data->getH5Path(), position);
   }
   console::info("Re-run properly set at ", time, " [s]");
-  reader.reset();
+  // The writer has the file before the reader lets it go: records become invalid together with the
+  // first one that replaces them, not when this run fails or is killed before.
   resultFile.reset(dataio::Factory::createH5Writer(name, "rw"));
+  reader.reset();
 }
 
 void RHEOcommon::initializeResultsFile(const std::string& output) {
@@ -496,7 +498,8 @@ void RHEOcommon::reserveRecord(const std::vector<model::DataID>& data) {
       "records before it are kept");
 }
 
-// Each record is handed to the operating system: a run that is killed later keeps it.
+// The data of a record come into the file together, with the flush: a run that is killed leaves
+// whole records.
 void RHEOcommon::writeRegularOutput(const double& time) {
   if (logLevel > 1) console::info("writing output at t = ", time, " ...");
   reserveRecord(outputData);

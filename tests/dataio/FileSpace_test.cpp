@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -48,6 +49,16 @@ TEST_F(FileSpace, isNotThereForMoreThanTheDiskHolds) {
 
 TEST_F(FileSpace, ofAFileThatCannotBeOpenedIsLeftToTheWriter) {
   EXPECT_TRUE(dataio::reserveFileSpace(dir.file("missing"), 1));
+}
+
+TEST_F(FileSpace, besideAFileIsThatOfItsDisk) {
+  EXPECT_TRUE(dataio::isSpaceBeside(name, 1));
+  EXPECT_FALSE(dataio::isSpaceBeside(name, std::filesystem::space(dir.path()).capacity));
+  EXPECT_FALSE(dataio::isSpaceBeside(name, SIZE_MAX));
+}
+
+TEST_F(FileSpace, besideAMissingFileIsLeftToTheWriter) {
+  EXPECT_TRUE(dataio::isSpaceBeside(dir.file("missing"), SIZE_MAX));
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "dataio/H5Writer.h"
 #include "dataio/failures.h"
 #include "dataio/h5/group.h"
+#include "support/FileSizeLimit.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -172,7 +173,7 @@ TEST(H5BaseDeathTest, FailureToFlushAtTheEndIsReported) {
         auto file = std::make_unique<H5Writer>(name);
         // Standard error goes to a file here, too: the limit has to leave room for it.
         file->writeDoubleVecVec("big", DoubleRows(1000, std::vector<double>(100)));
-        const failures::FileSizeLimit limit(400000);
+        const support::FileSizeLimit limit(400000);
         file->writeDoubleVecVec("pending", DoubleRows(10, std::vector<double>(10)));
         file.reset();
         std::_Exit(0);

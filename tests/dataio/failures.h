@@ -4,13 +4,10 @@
 #include <gtest/gtest.h>
 #include <hdf5.h>
 
-#include <csignal>
 #include <exception>
 #include <string>
 
 #include "common/BaseException.h"
-
-#include <sys/resource.h>
 
 namespace failures {
 
@@ -57,25 +54,5 @@ inline std::string hdf5Words(hid_t major, hid_t minor) {
   };
   return " (" + text(major) + ") " + text(minor);
 }
-
-/// Lets every write to a file fail that goes beyond `bytes`, as on a full disk.
-class FileSizeLimit {
- public:
-  explicit FileSizeLimit(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    rlimit limited = before;
-    limited.rlim_cur = bytes;
-    ::setrlimit(RLIMIT_FSIZE, &limited);
-  }
-  ~FileSizeLimit() { ::setrlimit(RLIMIT_FSIZE, &before); }
-  FileSizeLimit(const FileSizeLimit&) = delete;
-  FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-  FileSizeLimit(FileSizeLimit&&) = delete;
-  FileSizeLimit& operator=(FileSizeLimit&&) = delete;
-
- private:
-  rlimit before{};
-};
 
 }  // namespace failures

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "h5journal/driver.h"
 #include "op/op_hdf5.h"
 #include "op/op_hdf5_dataset.h"
 #include "op/op_seq.h"
@@ -133,7 +134,8 @@ TEST_F(OpFetchDataHdf5, AddsToAFileThatIsThere) {
 }
 
 TEST_F(OpFetchDataHdf5, AddsToAFileThatIsOpenForWriting) {
-  H5Handle const open(H5Fcreate(file_.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT), H5Fclose);
+  H5Handle const open(H5Fcreate(file_.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
+                      H5Fclose);
   write(flow_);
   EXPECT_GT(H5Oexists_by_name(open.get(), Path, H5P_DEFAULT), 0);
 }

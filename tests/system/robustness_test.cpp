@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <filesystem>
 #include <random>
 #include <sstream>
 #include <stdexcept>
@@ -18,6 +19,7 @@
 #include <thread>
 #include <vector>
 
+#include "h5journal/Journal.h"
 #include "system/Simulation.h"
 
 namespace {
@@ -62,20 +64,15 @@ class Robustness : public support::Simulation {
     process = -1;
     return false;
   }
-  /// Holds the run at a moment between two records: a step is the last that it has told of. What
-  /// the HDF5 library has in hand while it writes cannot be made safe against a kill.
-  void holdBetweenRecords() {
-    for (;;) {
-      ::kill(process, SIGSTOP);
-      int status = 0;
-      ::waitpid(process, &status, WUNTRACED);
-      if (!WIFSTOPPED(status)) throw std::runtime_error("the run has ended by itself");
-      const std::string told = support::readFile(dir.file("stdout.txt"));
-      const std::size_t step = told.rfind(" -> time: ");
-      if (step != std::string::npos && told.find(" -> ", step + 1) == std::string::npos) return;
-      ::kill(process, SIGCONT);
-      std::this_thread::sleep_for(std::chrono::microseconds(100));
-    }
+  /// A run that starts and ends at the time of a record.
+  Outcome continueFrom(std::size_t number) {
+    std::ostringstream time;
+    time.precision(17);
+    double reached = 0.0;
+    for (std::size_t i = 0; i < number; ++i) reached += 0.1;
+    time << "\"start\": " << reached << ", \"end\": " << reached << ", \"out\": 0.1";
+    setCommand(time.str(), R"("water_surface")");
+    return simulate();
   }
   Outcome stop(int signal) {
     // A run that has ended has no number any more, and -1 would mean all processes there are.
@@ -108,34 +105,105 @@ class Robustness : public support::Simulation {
 
 class Kill : public Robustness, public ::testing::WithParamInterface<int> {};
 
-// The delays are no multiple of anything, so that the kills fall on different moments of a pass.
-TEST_P(Kill, leavesAFileThatHoldsAllRecordsThatWereReportedAsWritten) {
+// The delays are no multiple of anything, so that the kills fall on different moments of a pass,
+// and of a record.
+TEST_P(Kill, leavesAllRecordsThatWereReportedAsWritten) {
   startEndless();
   awaitRecords(static_cast<std::size_t>(3 + 5 * GetParam()));
   std::this_thread::sleep_for(std::chrono::microseconds(313 * GetParam()));
-  holdBetweenRecords();
   EXPECT_EQ(stop(SIGKILL).status, 128 + SIGKILL);
-  expectRecords(announced());
+  // The last one that was announced may have been under way.
+  const std::size_t written = announced() - 1;
+  EXPECT_EQ(continueFrom(written - 1).status, 0);
+  expectRecords(written);
 }
 
-INSTANTIATE_TEST_SUITE_P(Moments, Kill, ::testing::Range(0, 8));
+INSTANTIATE_TEST_SUITE_P(Moments, Kill, ::testing::Range(0, 12));
 
-TEST_F(Robustness, aKilledRunCanBeContinuedFromItsLastRecord) {
-  startEndless();
-  awaitRecords(3);
-  holdBetweenRecords();
-  stop(SIGKILL);
-  const std::string last = record(announced() - 1);
-  const double reached = support::readTime(resultFile, last);
-  std::ostringstream time;
-  time.precision(17);
-  time << reached;
-  setCommand("\"start\": " + time.str() + ", \"end\": " + time.str() + ", \"out\": 0.1",
-             R"("water_surface")");
+class Torn : public Robustness {
+ protected:
+  /// Leaves the results of a whole run as a process does that is killed where it brings the change
+  /// of the first page into the file.
+  void leaveTorn() {
+    useSample("time_out_tenth");
+    ASSERT_EQ(simulate().status, 0);
+    whole = support::readFile(resultFile);
+    const std::string page = whole.substr(0, h5journal::PAGE_SIZE);
+    const std::string before(page.size(), '\0');
+    h5journal::Journal change;
+    change.pages[0] = {{page.begin(), page.end()}, h5journal::hash(before.data(), before.size())};
+    change.end = whole.size();
+    change.write(journal);
+    support::writeFile(resultFile, before + whole.substr(before.size()));
+  }
+
+  std::string whole;
+  const std::string journal = resultFile + ".journal";
+};
+
+TEST_F(Torn, resultsAreCompletedByTheRunThatContinues) {
+  leaveTorn();
+  EXPECT_EQ(continueFrom(5).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(journal));
+  expectRecords(6);
+}
+
+TEST_F(Torn, resultsAreCompletedByARunThatOnlyReads) {
+  leaveTorn();
+  EXPECT_EQ(program({"-f", "command.json", "-r", "results_results.h5", "-a", "study.json"}).status,
+            0);
+  EXPECT_FALSE(std::filesystem::exists(journal));
+  EXPECT_TRUE(support::readFile(resultFile) == whole);
+}
+
+TEST_F(Torn, resultsOfAnotherRunAreLeftAlone) {
+  leaveTorn();
+  support::writeFile(resultFile, support::readFile(dir.file("expected_results.h5")));
+  EXPECT_EQ(continueFrom(5).status, 0);
+  EXPECT_FALSE(std::filesystem::exists(journal));
+  expectRecords(6);
+}
+
+// -- failures within a record, and before the first
+// ------------------------------------------------
+
+class FailedReRun : public Robustness {
+ protected:
+  FailedReRun() {
+    useSample("mor_grass");
+    setCommand(R"("start": 0, "end": 0.4, "out": 0.1)");
+    EXPECT_EQ(simulate().status, 0);
+  }
+  void removeAttribute(const std::string& dataset, const char* name) const {
+    const hid_t file = H5Fopen(resultFile.c_str(), H5F_ACC_RDWR, H5P_DEFAULT);
+    H5Adelete_by_name(file, dataset.c_str(), name, H5P_DEFAULT);
+    H5Fclose(file);
+  }
+  double time(const std::string& data, int number) const {
+    return support::readTime(resultFile,
+                             "RESULTS/CellsAll/" + data + "/000000" + std::to_string(number));
+  }
+};
+
+TEST_F(FailedReRun, keepsTheRecordsThatItWasToReplaceUntilTheFirstNewOne) {
+  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 0);
+  setCommand(R"("start": 0.1, "end": 0.4, "out": 0.1)");
+  EXPECT_EQ(simulate().status, 1);
+  for (int i = 0; i < 5; ++i) EXPECT_NEAR(time("HydState", i), 0.1 * i, 1e-12);
+}
+
+// The state of the water is written before that of the bed.
+TEST_F(FailedReRun, keepsWholeRecordsOnly) {
+  removeAttribute("RESULTS/CellsAll/BottomEl/0000003", "size");
+  setCommand(R"("start": 0.1, "end": 0.4, "out": 0.1)");
   const Outcome run = simulate();
-  EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_THAT(run.out, HasSubstr(" -> Re-run properly set at "));
-  EXPECT_EQ(support::readTime(resultFile, last), reached);
+  EXPECT_EQ(run.status, 2);
+  EXPECT_THAT(run.out, HasSubstr("Writing '/RESULTS/CellsAll/HydState/0000003'"));
+  for (const char* data : {"HydState", "BottomEl"}) {
+    EXPECT_NEAR(time(data, 2), 0.2, 1e-12);
+    EXPECT_EQ(time(data, 3), -1.0);
+    EXPECT_EQ(time(data, 4), -1.0);
+  }
 }
 
 // -- viewers --------------------------------------------------------------------------------------

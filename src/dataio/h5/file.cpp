@@ -2,6 +2,7 @@
 
 #include "dataio/h5/error.h"
 #include "dataio/h5/group.h"
+#include "h5journal/driver.h"
 
 namespace dataio::h5 {
 
@@ -9,23 +10,26 @@ namespace {
 
 Handle open(const std::string& name, unsigned access) {
   if ((access & (File::TRUNCATE | File::CREATE)) != 0) {
-    return checked(H5Fcreate(name.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT),
+    return checked(H5Fcreate(name.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
                    "Unable to create file " + name);
   }
   const unsigned mode = (access & File::READ_WRITE) != 0 ? H5F_ACC_RDWR : H5F_ACC_RDONLY;
-  return checked(H5Fopen(name.c_str(), mode, H5P_DEFAULT), "Unable to open file " + name);
+  return checked(H5Fopen(name.c_str(), mode, h5journal::accessList()),
+                 "Unable to open file " + name);
 }
 
 }  // namespace
 
-File::File(const std::string& name, unsigned access) : filename(name), file(open(name, access)) {}
+File::File(const std::string& name, unsigned access) : filename(name), file(open(name, access)) {
+  if (access != READ_ONLY) together.emplace(file.id());
+}
 
 bool File::exist(const std::string& path) const {
   return existLink(file, path);
 }
 
 void File::flush() const {
-  check(H5Fflush(file.id(), H5F_SCOPE_GLOBAL), "Unable to flush file " + filename);
+  if (together) check(together->commit(), "Unable to flush file " + filename);
 }
 
 }  // namespace dataio::h5

@@ -1,12 +1,15 @@
-// An open HDF5 file.
+// An open HDF5 file. What is written to it, by whatever part of the program, comes into the file as
+// a whole, at each flush and when it is closed: a process that is killed leaves what was flushed.
 //
 //   h5::File const file("run.h5", h5::File::READ_ONLY);
 //   bool const hasCells = file.exist("CellsAll");
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "dataio/h5/handle.h"
+#include "h5journal/Hold.h"
 
 namespace dataio::h5 {
 
@@ -29,13 +32,15 @@ class File {
   /// @throws Error if what stands before the last element does not exist.
   bool exist(const std::string& path) const;
 
-  /// Hands everything written so far to the operating system.
-  /// @throws Error on failure, as on a full disk.
+  /// Hands everything written so far to the operating system, unless the file is open for writing
+  /// elsewhere in the program: what is written there goes with it.
+  /// @throws Error on failure, as on a full disk; the file is as it was after the last flush.
   void flush() const;
 
  private:
   std::string filename;
   Handle file;
+  std::optional<h5journal::Hold> together;  ///< only if open for writing
 };
 
 }  // namespace dataio::h5

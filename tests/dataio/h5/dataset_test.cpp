@@ -6,6 +6,7 @@
 #include "dataio/h5/error.h"
 #include "dataio/h5/file.h"
 #include "dataio/h5/group.h"
+#include "support/FileSizeLimit.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -190,7 +191,7 @@ TEST_F(DataSetTest, WriteFailsIfTheDiskIsFull) {
   const Doubles values(100000, 1.0);
   std::string text;
   {
-    const failures::FileSizeLimit limit(4096);
+    const support::FileSizeLimit limit(4096);
     text = textOf<Error>([&] { dataset.writeVector(values); });
   }
   EXPECT_EQ(text, "Error during HDF5 Write: " + hdf5Words(H5E_IO, H5E_WRITEERROR));

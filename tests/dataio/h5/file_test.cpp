@@ -8,6 +8,7 @@
 #include "dataio/failures.h"
 #include "dataio/h5/dataset.h"
 #include "dataio/h5/error.h"
+#include "support/FileSizeLimit.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -71,7 +72,7 @@ TEST_F(FileTest, FlushFailsIfTheDiskIsFull) {
   const DataSet pending = DataSet::create<double>(file.handle(), "pending", {10});
   std::string text;
   {
-    const failures::FileSizeLimit limit(400000);
+    const support::FileSizeLimit limit(400000);
     pending.writeVector(std::vector<double>(10));
     text = textOf<Error>([&] { file.flush(); });
   }

@@ -41,7 +41,8 @@ std::string require(const std::string& folder, const std::string& program,
                     const std::vector<std::string>& arguments) {
   const support::Outcome outcome = support::runIn(folder, program, arguments);
   if (outcome.status == 0) return outcome.out;
-  throw std::runtime_error(program + " failed:\n" + outcome.out + outcome.err);
+  throw std::runtime_error(program + " failed with status " + std::to_string(outcome.status) +
+                           ":\n" + outcome.out + outcome.err);
 }
 
 std::vector<std::array<Point, 3>> readCells(const std::string& runFile) {
