@@ -9,8 +9,8 @@
 //   op_rt_exit();
 //
 // Sequential loops need no plan. A plan is built once for each distinct loop and lives until
-// op_rt_exit, which has to come before op_exit. A pointer to a plan is valid until the next one is
-// built.
+// op_rt_exit, which belongs before op_exit: plans refer to sets and maps. A pointer to a plan is
+// valid until the next one is built.
 #pragma once
 
 #include <cstdint>
@@ -72,8 +72,9 @@ struct op_plan {
 };
 
 /// The plan of a loop: an earlier one if one was built for the same name, set, part size, maps,
-/// columns and accesses, over dats of the same shape (neither the staging nor the dats themselves
-/// are compared), else a new one. Ends the process with status -1 for arguments that make no loop.
+/// columns and accesses, over dats of the same shape, else a new one. Neither the staging nor the
+/// dats themselves are compared, nor which optional arguments are in use: loops that differ in these
+/// need names of their own. Ends the process with status -1 for arguments that make no loop.
 /// @param part_size elements of a block; 0 for as many as suit 24 KB of shared memory
 /// @param inds for each argument the number of its indirect dat, from 0 to ninds - 1; negative if
 ///        the argument is direct or global

@@ -33,6 +33,10 @@ void countedWait(int /*nargs*/, op_arg* /*args*/) {
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
+[[gnu::noinline]] void* operator new(std::size_t size, std::nothrow_t const& /*tag*/) noexcept {
+  ++allocations;
+  return std::malloc(size);
+}
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
   std::free(memory);
 }
