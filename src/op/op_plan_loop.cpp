@@ -99,7 +99,7 @@ int executed_elements(op_plan_loop const& loop) {
 // one that is stands for them.
 void number_staged(op_plan_loop& loop) {
   loop.inds_staged.assign(static_cast<std::size_t>(loop.nargs), -1);
-  std::vector<int> numbers(static_cast<std::size_t>(loop.ninds), -1);
+  std::vector<int> numbers(static_cast<std::size_t>(std::max(loop.ninds, 0)), -1);
   for (int m = 0; m < loop.nargs; ++m) {
     if (!is_staged(loop, m)) continue;
     int& number = numbers[static_cast<std::size_t>(loop.inds[m])];

@@ -45,6 +45,7 @@ void* op_plan_memory(std::size_t count, std::size_t size);
 
 template <class T>
 T* op_plan_array(std::size_t count) {
+  // NOLINTNEXTLINE(bugprone-sizeof-expression): some arrays hold pointers
   return static_cast<T*>(op_plan_memory(count, sizeof(T)));
 }
 template <class T>
