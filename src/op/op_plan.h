@@ -73,8 +73,9 @@ struct op_plan {
 
 /// The plan of a loop: an earlier one if one was built for the same name, set, part size, maps,
 /// columns and accesses, over dats of the same shape, else a new one. Neither the staging nor the
-/// dats themselves are compared, nor which optional arguments are in use: loops that differ in these
-/// need names of their own. Ends the process with status -1 for arguments that make no loop.
+/// dats themselves are compared, nor which optional arguments are in use: loops that differ in one
+/// of these need names of their own. Ends the process with status -1 for arguments that make no
+/// loop.
 /// @param part_size elements of a block; 0 for as many as suit 24 KB of shared memory
 /// @param inds for each argument the number of its indirect dat, from 0 to ninds - 1; negative if
 ///        the argument is direct or global
