@@ -6,6 +6,9 @@ namespace bench {
 /// The memory bandwidth of one core: the ceiling for all loops that do little with much data.
 void registerTriad();
 
+/// Building an execution plan for a loop over edges, on meshes of 10^5 and 10^6 edges.
+void registerPlans();
+
 /// Each loop of the numerics by itself, over meshes of 10^4, 10^5 and 10^6 cells.
 void registerKernels();
 

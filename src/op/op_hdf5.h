@@ -14,6 +14,10 @@
 /// Set whose size is the one value of the dataset `name`; the set takes the dataset's name.
 op_set op_decl_set_hdf5(char const* file, char const* name);
 
+/// Set whose size is the number of rows of a dataset; null, after a message, if `dataset` is
+/// something else in the file.
+op_set op_decl_set_hdf5_infer_size(char const* file, char const* name, char const* dataset);
+
 /// Map from a dataset of from->size by `dim` ints; null, after a message, if there is no dataset
 /// `name`. All entries are checked against the target set, with one exception: the rows of a
 /// nodestring are padded with anything, so that its maps are left to op_check_map_columns.
@@ -28,3 +32,18 @@ op_dat op_decl_dat_hdf5(op_set set, int dim, char const* type, char const* file,
 /// of the same shape and type and is updated in place. On return the file is up to date.
 void op_fetch_data_hdf5(op_dat dat, char const* file, char const* path);
 void op_fetch_data_hdf5_file_path(op_dat dat, char const* file, char const* path);
+
+/// The same with the dat's name as path.
+void op_fetch_data_hdf5_file(op_dat dat, char const* file);
+
+/// Writes all dats into one file, each under its name; see op_fetch_data_hdf5.
+void op_dump_to_hdf5(char const* file);
+
+/// Writes `dim` values to the dataset `name`, with the attributes "dim" and "type". An existing
+/// dataset has to be of the same shape and type and is updated in place.
+/// @param type type string of the values; "long" are those of C
+void op_write_const_hdf5(char const* name, int dim, char const* type, char const* data,
+                         char const* file);
+
+/// Reads `dim` values of a dataset into `buffer`, converted to `type` if the file has another one.
+void op_get_const_hdf5(char const* name, int dim, char const* type, char* buffer, char const* file);

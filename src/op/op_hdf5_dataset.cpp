@@ -3,8 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <climits>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <string_view>
 
+#include "op/op_type.h"
 #include "op/op_util.h"
 
 namespace {
@@ -22,25 +26,29 @@ std::size_t value_bytes(std::string_view type) {
   return type == "double" || type == "long long" ? 8 : 4;
 }
 
-template <std::size_t N>
-bool is_one_of(std::array<std::string_view, N> const& names, std::string_view type) {
-  return std::find(names.begin(), names.end(), type) != names.end();
+bool attach(hid_t dataset, char const* name, hid_t type, hid_t space, void const* value) {
+  H5Handle const attribute(H5Acreate2(dataset, name, type, space, H5P_DEFAULT, H5P_DEFAULT),
+                           H5Aclose);
+  return attribute && H5Awrite(attribute.get(), type, value) >= 0;
 }
 
 }  // namespace
 
 op_hdf5_value_type op_hdf5_type_of(char const* type) {
-  using namespace std::string_view_literals;
-  constexpr std::array DOUBLES{"double"sv, "double:soa"sv, "double precision"sv, "real(8)"sv};
-  constexpr std::array FLOATS{"float"sv, "float:soa"sv, "real(4)"sv, "real"sv};
-  constexpr std::array INTS{"int"sv, "int:soa"sv, "int(4)"sv, "integer"sv, "integer(4)"sv};
-  constexpr std::array LONGS{"long"sv, "long:soa"sv};
-  constexpr std::array LONG_LONGS{"long long"sv, "long long:soa"sv};
-  if (is_one_of(DOUBLES, type)) return {H5T_NATIVE_DOUBLE, 8};
-  if (is_one_of(FLOATS, type)) return {H5T_NATIVE_FLOAT, 4};
-  if (is_one_of(INTS, type)) return {H5T_NATIVE_INT, 4};
-  if (is_one_of(LONGS, type)) return {H5T_NATIVE_LONG, 4};
-  if (is_one_of(LONG_LONGS, type)) return {H5T_NATIVE_LLONG, 8};
+  switch (op_type_of(type)) {
+    case op_type::Double:
+      return {H5T_NATIVE_DOUBLE, 8};
+    case op_type::Float:
+      return {H5T_NATIVE_FLOAT, 4};
+    case op_type::Int:
+      return {H5T_NATIVE_INT, 4};
+    case op_type::Long:
+      return {H5T_NATIVE_LONG, 4};
+    case op_type::LongLong:
+      return {H5T_NATIVE_LLONG, 8};
+    case op_type::Unknown:
+      break;
+  }
   return {H5I_INVALID_HID, 0};
 }
 
@@ -82,6 +90,40 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record) {
   record->dim = static_cast<int>(extents[1]);
   record->elem_bytes = value_bytes(record->type) * static_cast<std::size_t>(extents[1]);
   return 0;
+}
+
+hid_t op_hdf5_open_source(char const* file, char const* call) {
+  if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
+  H5Silence const silence;
+  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, H5P_DEFAULT);
+  if (id < 0) op_fail(2, "Could not obtain read access to file '%s'\n", file);
+  return id;
+}
+
+bool op_hdf5_attach(hid_t dataset, char const* name, int value) {
+  hsize_t const one = 1;
+  H5Handle const single(H5Screate_simple(1, &one, nullptr), H5Sclose);
+  return attach(dataset, name, H5T_NATIVE_INT, single.get(), &value);
+}
+
+bool op_hdf5_attach(hid_t dataset, char const* name, char const* text) {
+  H5Handle const scalar(H5Screate(H5S_SCALAR), H5Sclose);
+  H5Handle const type(H5Tcopy(H5T_C_S1), H5Tclose);
+  H5Tset_size(type.get(), std::strlen(text));
+  return attach(dataset, name, type.get(), scalar.get(), text);
+}
+
+bool op_hdf5_holds(hid_t file, char const* path) {
+  // Missing groups on the way are an error for the library.
+  H5Silence const silence;
+  return H5Oexists_by_name(file, path, H5P_DEFAULT) > 0;
+}
+
+void op_hdf5_fail_write(char const* path, char const* file) {
+  std::printf("Could not write dataset '%s' to file '%s'\n", path, file);
+  std::fflush(nullptr);
+  // The library's clean-up at exit can crash after a failed write.
+  std::_Exit(2);
 }
 
 bool create_path(char const* path, hid_t file) {

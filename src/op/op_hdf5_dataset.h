@@ -10,6 +10,8 @@
 #include <cstddef>
 #include <string>
 
+#include "op/op_lib_core.h"
+
 /// An HDF5 identifier that is closed with its scope.
 class H5Handle {
  public:
@@ -75,6 +77,25 @@ char const* op_hdf5_type_to_string(hid_t type);
 /// type, or if the dataset has more than two extents or an extent above the range of int.
 /// @return 0, or -1 if `record` is null or HDF5 fails
 int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record);
+
+/// Opens a file to read from it. Ends the process with status 2 if that is not possible.
+/// @param call the function that needs the file, for the message
+hid_t op_hdf5_open_source(char const* file, char const* call);
+
+/// Attaches an attribute of one number, or a text of fixed length, to a dataset.
+/// @return false if HDF5 fails
+bool op_hdf5_attach(hid_t dataset, char const* name, int value);
+bool op_hdf5_attach(hid_t dataset, char const* name, char const* text);
+
+/// Writes a dat as op_fetch_data_hdf5 does, without an announcement.
+void op_hdf5_write_dat(op_dat dat, char const* file, char const* path);
+
+/// True if `path` leads to something in the file.
+bool op_hdf5_holds(hid_t file, char const* path);
+
+/// Ends the process with status 2 and a message that the dataset could not be written, without the
+/// clean-up of the HDF5 library, which would try to write again.
+[[noreturn]] void op_hdf5_fail_write(char const* path, char const* file);
 
 /// Creates all groups that are missing on the way to the last component of `path`.
 /// @return false if a group could not be made

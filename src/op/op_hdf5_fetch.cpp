@@ -3,7 +3,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
@@ -22,12 +21,8 @@ struct Target {
   char const* path;
 };
 
-// After a failed write the library's own clean-up at exit would try again and can crash; the
-// process has to end without it to keep its exit status.
 [[noreturn]] void fail_write(Target const& target) {
-  std::printf("Could not write dataset '%s' to file '%s'\n", target.path, target.file);
-  std::fflush(nullptr);
-  std::_Exit(2);
+  op_hdf5_fail_write(target.path, target.file);
 }
 
 // A full disk shows in any of the calls that write.
@@ -157,23 +152,11 @@ void update_dataset(hid_t file, Target const& target) {
   write_values(dataset.get(), space.get(), target);
 }
 
-void write_attribute(hid_t dataset, char const* name, hid_t type, hid_t space, void const* value,
-                     Target const& target) {
-  H5Handle const attribute(H5Acreate2(dataset, name, type, space, H5P_DEFAULT, H5P_DEFAULT),
-                           H5Aclose);
-  require(attribute && H5Awrite(attribute.get(), type, value) >= 0, target);
-}
-
 void write_attributes(hid_t dataset, Target const& target) {
-  hsize_t const one = 1;
-  H5Handle const single(H5Screate_simple(1, &one, nullptr), H5Sclose);
-  H5Handle const scalar(H5Screate(H5S_SCALAR), H5Sclose);
-  H5Handle const text(H5Tcopy(H5T_C_S1), H5Tclose);
-  char const* const type = target.dat->type;
-  H5Tset_size(text.get(), std::strlen(type));
-  write_attribute(dataset, "size", H5T_NATIVE_INT, single.get(), &target.dat->size, target);
-  write_attribute(dataset, "dim", H5T_NATIVE_INT, single.get(), &target.dat->dim, target);
-  write_attribute(dataset, "type", text.get(), scalar.get(), type, target);
+  op_dat const dat = target.dat;
+  require(op_hdf5_attach(dataset, "size", dat->size), target);
+  require(op_hdf5_attach(dataset, "dim", dat->dim), target);
+  require(op_hdf5_attach(dataset, "type", dat->type), target);
 }
 
 void create_dataset(hid_t file, Target const& target) {
@@ -201,12 +184,6 @@ hid_t open_if_there(Target const& target) {
   return file;
 }
 
-bool holds_object(hid_t file, char const* path) {
-  // Missing groups on the way are an error for the library.
-  H5Silence const silence;
-  return H5Oexists_by_name(file, path, H5P_DEFAULT) > 0;
-}
-
 // What the library still keeps would be lost without a word when the file is closed on a full disk.
 // Within the record of an application it reaches the file with the whole record.
 void flush(hid_t file, Target const& target) {
@@ -218,9 +195,13 @@ void flush(hid_t file, Target const& target) {
 void op_fetch_data_hdf5(op_dat dat, char const* file, char const* path) {
   std::printf("Writing '%s' to file '%s'\n", path, file);
   if (dat == nullptr) op_fail(2, "There is no dat to write to '%s' in file '%s'\n", path, file);
+  op_hdf5_write_dat(dat, file, path);
+}
+
+void op_hdf5_write_dat(op_dat dat, char const* file, char const* path) {
   Target const target{dat, file, path};
   H5Handle const existing(open_if_there(target), H5Fclose);
-  if (existing && holds_object(existing.get(), path)) {
+  if (existing && op_hdf5_holds(existing.get(), path)) {
     if (OP_diags > 3) {
       std::printf("dataset '%s' exists in the file ... updating data\n", path);
     }

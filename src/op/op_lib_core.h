@@ -97,7 +97,7 @@ struct op_dat_queue {
   op_dat_entry** last;  ///< the link that ends the queue
 };
 
-struct op_plan;  // execution plan of a parallel loop
+struct op_plan;  // execution plan of a parallel loop, see op_plan.h
 
 extern int OP_diags;  ///< diagnostic level, 0 is silent
 extern int OP_part_size, OP_block_size, OP_cache_line_size;

@@ -21,11 +21,14 @@ constexpr char const* TABLE_HEAD =
 
 constexpr int SPARE_SLOTS = 10;  // records made beyond the one that is asked for
 
-// Largest time of a record. A loop that was timed as a whole hands its time to its one thread.
-double kernel_time(op_kernel& kernel) {
+// A loop that was timed as a whole hands its time to its one thread.
+void complete_times(op_kernel& kernel) {
   if (kernel.ntimes == 1 && kernel.times[0] == 0.0 && kernel.time != 0.0) {
     kernel.times[0] = kernel.time;
   }
+}
+
+double longest_time(op_kernel const& kernel) {
   return *std::max_element(kernel.times, kernel.times + kernel.ntimes);
 }
 
@@ -34,7 +37,8 @@ double floored(double bandwidth) {
 }
 
 void print_timing(op_kernel& kernel) {
-  double const nanoseconds = kernel_time(kernel) * 1e9;
+  complete_times(kernel);
+  double const nanoseconds = longest_time(kernel) * 1e9;
   double m1 = 0.0;
   double m2 = 0.0;
   double p1 = 0.0;
@@ -54,6 +58,44 @@ void print_timing(op_kernel& kernel) {
   std::printf(" %6d;  %8.4f;  %8.4f(%8.4f);  %8.4f(%8.4f); %8.4f; %8.4f;   %s \n", kernel.count,
               kernel.plan_time, p1, p_deviation, m1, m_deviation, floored(kernel.transfer / d),
               floored(kernel.transfer2 / d), kernel.name);
+}
+
+void write_timing(std::FILE* file, op_kernel const& kernel) {
+  double const time = longest_time(kernel);
+  double const used = kernel.transfer / (time * 1e9);
+  if (kernel.transfer2 < 1e-8F) {
+    std::fprintf(file, " %6d  %8.4f %8.4f            %s \n", kernel.count, time, used, kernel.name);
+    return;
+  }
+  std::fprintf(file, " %6d  %8.4f %8.4f %8.4f   %s \n", kernel.count, time, used,
+               kernel.transfer2 / (time * 1e9), kernel.name);
+}
+
+void write_timings(std::FILE* file) {
+  std::fprintf(file, "\n  count     time     GB/s     GB/s   kernel name ");
+  std::fprintf(file, "\n ----------------------------------------------- \n");
+  float total = 0.0F;
+  for (int i = 0; i < OP_kern_max; ++i) {
+    if (OP_kernels[i].count <= 0) continue;
+    write_timing(file, OP_kernels[i]);
+    total += static_cast<float>(longest_time(OP_kernels[i]));
+  }
+  std::fprintf(file, "Total kernel time = %f\n", total);
+}
+
+void write_values(std::FILE* file, op_kernel const& kernel) {
+  for (int j = 0; j < kernel.ntimes; ++j) {
+    if (kernel.times[j] == 0.0) continue;
+    std::fprintf(file, "%d,%d,%d,%d,%d,%f,%f,%f,%f,%f,%s\n", 0, j, 1, kernel.ntimes, kernel.count,
+                 kernel.times[j], kernel.plan_time, kernel.mpi_time, kernel.transfer / 1e9F,
+                 kernel.transfer2 / 1e9F, kernel.name);
+  }
+}
+
+// Some errors show when the last lines leave the buffer. @return false if something is lost
+bool close_written(std::FILE* file) {
+  bool const isWritten = std::ferror(file) == 0;
+  return std::fclose(file) == 0 && isWritten;
 }
 
 void print_sets() {
@@ -148,6 +190,30 @@ void op_timing_output_core() {
   for (int i = 0; i < OP_kern_max; ++i) {
     if (OP_kernels[i].count > 0 && op_is_root() != 0) print_timing(OP_kernels[i]);
   }
+}
+
+void op_timing_output_2_file(char const* path) {
+  std::FILE* const file = std::fopen(path, "w+");
+  if (file == nullptr) op_fail(1, "Bad output file");
+  if (OP_kern_max >= 1) write_timings(file);
+  if (!close_written(file)) op_fail(1, "Bad output file");
+}
+
+void op_timings_to_csv(char const* path) {
+  std::FILE* const file = std::fopen(path, "w");
+  if (file == nullptr) {
+    std::printf("ERROR: Failed to open file for writing: '%s'\n", path);
+    return;
+  }
+  std::fprintf(file,
+               "rank,thread,nranks,nthreads,count,total time,plan time,mpi time,GB used,GB "
+               "total,kernel name\n");
+  for (int i = 0; i < OP_kern_max; ++i) {
+    if (OP_kernels[i].count <= 0) continue;
+    complete_times(OP_kernels[i]);
+    write_values(file, OP_kernels[i]);
+  }
+  if (!close_written(file)) std::printf("ERROR: Failed to write file: '%s'\n", path);
 }
 
 void op_diagnostic_output() {

@@ -31,5 +31,14 @@ void op_compute_moment_across_times(double const* values, int count, bool ignore
 void op_timing_output();
 void op_timing_output_core();
 
+/// Writes a shorter table, without plans and communication, to a file. It lists the times per
+/// thread: those of a loop that was timed as a whole are 0 until op_timing_output has run. Ends the
+/// process with status 1 if the file cannot be written.
+void op_timing_output_2_file(char const* path);
+
+/// Writes one line of comma-separated values for each loop and thread that took time. A file that
+/// cannot be written is reported on standard output, and the call returns.
+void op_timings_to_csv(char const* path);
+
 /// Prints all sets, maps and dats, if the diagnostic level is at least 2.
 void op_diagnostic_output();

@@ -1,4 +1,6 @@
 // The frame with a toy loop per kind of row.
+//
+// The linker leads calls of op_mpi_wait_all here, which counts them.
 #include "op/op_frame.h"
 
 #include <gtest/gtest.h>
@@ -16,13 +18,24 @@ namespace {
 // Counts what a loop allocates: the frame and the backend must not allocate per element.
 std::size_t allocations = 0;  // NOLINT: seen by the replaced operator new
 
+int waits = 0;  // NOLINT: seen by the replaced op_mpi_wait_all
+
 }  // namespace
+
+void countedWait(int nargs, op_arg* args) asm("__wrap__Z15op_mpi_wait_alliP6op_arg");
+void countedWait(int /*nargs*/, op_arg* /*args*/) {
+  ++waits;
+}
 
 // Out of line: the compiler would see malloc paired with delete otherwise.
 [[gnu::noinline]] void* operator new(std::size_t size) {
   ++allocations;
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
+}
+[[gnu::noinline]] void* operator new(std::size_t size, std::nothrow_t const& /*tag*/) noexcept {
+  ++allocations;
+  return std::malloc(size);
 }
 [[gnu::noinline]] void operator delete(void* memory) noexcept {
   std::free(memory);
@@ -108,6 +121,15 @@ class Frame : public ::testing::Test {
   Frame(Frame&&) = delete;
   Frame& operator=(Frame&&) = delete;
 
+  void runJump(op_set set) {
+    static double factor = 10;
+    op::par_loop<JumpLoop, jumpBody>(
+        "jump", set,
+        {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
+         op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
+         op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
+  }
+
   static op_dat dat(op_set set, int dim, double* data, char const* name) {
     return op_decl_dat_char(set, dim, "double", sizeof(double), reinterpret_cast<char*>(data),
                             name);
@@ -144,12 +166,7 @@ TEST_F(Frame, directRowsWalkTheSet) {
 }
 
 TEST_F(Frame, columnsOfAMapReachBothCells) {
-  double factor = 10;
-  op::par_loop<JumpLoop, jumpBody>(
-      "jump", edges,
-      {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
-       op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
-       op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
+  runJump(edges);
   EXPECT_EQ(jumps, (std::array<double, 3>{10, 20, -70}));
 }
 
@@ -200,6 +217,32 @@ TEST_F(Frame, anEmptySetRunsNoBodyButIsAccountedFor) {
   EXPECT_EQ(OP_kernels[0].transfer, 0.0F);
 }
 
+TEST_F(Frame, anIndirectLoopOverAnEmptySetWaitsOnceAndIsAccountedFor) {
+  waits = 0;
+  runJump(none);
+  EXPECT_EQ(waits, 1);
+  EXPECT_EQ(jumps, (std::array<double, 3>{1, 100, 10000}));
+  EXPECT_EQ(OP_kernels[1].count, 1);
+  EXPECT_STREQ(OP_kernels[1].name, "jump");
+}
+
+TEST_F(Frame, anIndirectLoopWaitsOnceWhereverItsCoreEnds) {
+  for (int const core : {0, 1, 3}) {
+    edges->core_size = core;
+    waits = 0;
+    runJump(edges);
+    EXPECT_EQ(waits, 1) << core;
+    EXPECT_EQ(jumps, (std::array<double, 3>{10, 20, -70}));
+  }
+}
+
+TEST_F(Frame, aDirectLoopNeverWaits) {
+  waits = 0;
+  runCopy(cells);
+  runCopy(none);
+  EXPECT_EQ(waits, 0);
+}
+
 TEST_F(Frame, countRisesPerCallAndTheNameIsThatOfTheCaller) {
   runCopy(cells);
   runCopy(cells);
@@ -214,12 +257,7 @@ TEST_F(Frame, aDirectLoopCountsWrittenDataTwice) {
 }
 
 TEST_F(Frame, anIndirectLoopCountsADatumPerMapOnceAndEachMap) {
-  double factor = 1;
-  op::par_loop<JumpLoop, jumpBody>(
-      "jump", edges,
-      {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
-       op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
-       op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
+  runJump(edges);
   EXPECT_EQ(OP_kernels[1].transfer, 3.0F * 8 + 3.0F * 8 + 3.0F * 2 * 4);
 }
 
@@ -253,14 +291,7 @@ TEST_F(Frame, directLoopsShowALineWithoutEndAboveLevelTwo) {
 }
 
 TEST_F(Frame, indirectLoopsShowALineOfTheirOwnAboveLevelTwo) {
-  double factor = 1;
-  const auto run = [&] {
-    op::par_loop<JumpLoop, jumpBody>(
-        "jump", edges,
-        {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
-         op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
-         op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
-  };
+  const auto run = [this] { runJump(edges); };
   EXPECT_EQ(outputOfCopyAtLevel(2, run), "");
   EXPECT_EQ(outputOfCopyAtLevel(3, run), " kernel routine with indirection: toy_jump\n");
 }

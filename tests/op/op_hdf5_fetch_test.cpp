@@ -1,8 +1,6 @@
 #include <gtest/gtest.h>
 #include <hdf5.h>
-#include <sys/resource.h>
 
-#include <csignal>
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
@@ -18,6 +16,7 @@
 namespace {
 
 using op_test::FileWriter;
+using op_test::limitFiles;
 using op_test::literally;
 using op_test::outputOf;
 using op_test::outputToStderr;
@@ -311,17 +310,6 @@ TEST_F(OpFetchDataHdf5, ReportsAFileThatCannotBeCreated) {
   file_ = path("nowhere") + "/results.h5";
   expectExit(flow_,
              "Could not write dataset '" + std::string(Path) + "' to file '" + file_ + "'\n");
-}
-
-// A limit on the size of files stands for a full disk: the same calls fail. It holds for the
-// captured output too, which has room for the message but not for the library's own report.
-void limitFiles(rlim_t bytes) {
-  H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-  std::signal(SIGXFSZ, SIG_IGN);
-  rlimit limit{};
-  getrlimit(RLIMIT_FSIZE, &limit);
-  limit.rlim_cur = bytes;
-  setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 TEST_F(OpFetchDataHdf5, ReportsAFullDiskAtEverySize) {

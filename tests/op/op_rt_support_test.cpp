@@ -4,6 +4,9 @@
 
 #include <array>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -127,6 +130,103 @@ TEST_F(OpTiming, FloorsTheBandwidthAtZero) {
             std::string(TableHead) +
                 "      1;    0.0000;    2.0000(  0.0000);    0.0000(  0.0000);    0.0000;         ;"
                 "   loop \n");
+}
+
+class OpTimingFile : public op_test::FileTest {
+ protected:
+  static op_kernel& loop(int slot, int threads = 1) {
+    op_timing_realloc_manytime(slot, threads);
+    OP_kernels[slot].name = "loop";
+    OP_kernels[slot].count = 12;
+    OP_kernels[slot].transfer = 3e9F;
+    return OP_kernels[slot];
+  }
+  std::string report() const {
+    op_timing_output_2_file(path("report").c_str());
+    return contents();
+  }
+  std::string values() const {
+    op_timings_to_csv(path("report").c_str());
+    return contents();
+  }
+  std::string contents() const {
+    std::ifstream file(path("report"));
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+};
+
+char const* const ReportHead =
+    "\n  count     time     GB/s     GB/s   kernel name "
+    "\n ----------------------------------------------- \n";
+
+char const* const ValuesHead =
+    "rank,thread,nranks,nthreads,count,total time,plan time,mpi time,GB used,GB total,kernel "
+    "name\n";
+
+TEST_F(OpTimingFile, ReportIsEmptyWithoutLoops) {
+  EXPECT_EQ(report(), "");
+  EXPECT_TRUE(std::filesystem::exists(path("report")));
+}
+
+TEST_F(OpTimingFile, ReportListsTheLongestTimeOfEachLoop) {
+  loop(1, 2).times[1] = 2.0;
+  loop(3, 2).times[0] = 0.5;
+  OP_kernels[3].transfer2 = 5e9F;
+  EXPECT_EQ(report(), std::string(ReportHead) +
+                          "     12    2.0000   1.5000            loop \n"
+                          "     12    0.5000   6.0000  10.0000   loop \n"
+                          "Total kernel time = 2.500000\n");
+}
+
+TEST_F(OpTimingFile, ReportTakesTheTimesAsTheyAre) {
+  loop(0).time = 2.0;
+  EXPECT_EQ(report(), std::string(ReportHead) +
+                          "     12    0.0000      inf            loop \n"
+                          "Total kernel time = 0.000000\n");
+  outputOf(op_timing_output);
+  EXPECT_EQ(report(), std::string(ReportHead) +
+                          "     12    2.0000   1.5000            loop \n"
+                          "Total kernel time = 2.000000\n");
+}
+
+TEST_F(OpTimingFile, ReportEndsTheProcessIfItCannotBeWritten) {
+  loop(0);
+  std::string const nowhere = path("nowhere") + "/report";
+  for (std::string const& file : {nowhere, std::string("/dev/full")}) {
+    EXPECT_EXIT((op_test::outputToStderr(), op_timing_output_2_file(file.c_str())),
+                testing::ExitedWithCode(1), "^Bad output file$");
+  }
+}
+
+TEST_F(OpTimingFile, ValuesHaveALineForEachThread) {
+  op_kernel& kernel = loop(0, 3);
+  kernel.times[0] = 1.0;
+  kernel.times[2] = 2.0;
+  kernel.plan_time = 0.5F;
+  kernel.mpi_time = 0.25;
+  kernel.transfer2 = 5e9F;
+  EXPECT_EQ(values(), std::string(ValuesHead) +
+                          "0,0,1,3,12,1.000000,0.500000,0.250000,3.000000,5.000000,loop\n"
+                          "0,2,1,3,12,2.000000,0.500000,0.250000,3.000000,5.000000,loop\n");
+}
+
+TEST_F(OpTimingFile, ValuesTakeTheTimeOfTheWholeLoop) {
+  loop(0).time = 2.0;
+  EXPECT_EQ(values(), std::string(ValuesHead) +
+                          "0,0,1,1,12,2.000000,0.000000,0.000000,3.000000,0.000000,loop\n");
+}
+
+TEST_F(OpTimingFile, ValuesLeaveOutLoopsWithoutTime) {
+  loop(2);
+  EXPECT_EQ(values(), ValuesHead);
+}
+
+TEST_F(OpTimingFile, ValuesThatCannotBeWrittenAreReported) {
+  std::string const nowhere = path("nowhere") + "/report";
+  EXPECT_EQ(outputOf([&] { op_timings_to_csv(nowhere.c_str()); }),
+            "ERROR: Failed to open file for writing: '" + nowhere + "'\n");
+  EXPECT_EQ(outputOf([] { op_timings_to_csv("/dev/full"); }),
+            "ERROR: Failed to write file: '/dev/full'\n");
 }
 
 TEST(OpComputeMoment, IsTheValueAndItsSquare) {

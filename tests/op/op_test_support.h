@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 #include <hdf5.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
 #include <filesystem>
 #include <string>
@@ -40,6 +42,17 @@ inline std::string literally(std::string const& text) {
     pattern += c;
   }
   return pattern;
+}
+
+/// A limit on the size of files stands for a full disk: the same calls fail. It holds for captured
+/// output too, which has room for a message but not for the HDF5 library's own report.
+inline void limitFiles(rlim_t bytes) {
+  H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+  std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  getrlimit(RLIMIT_FSIZE, &limit);
+  limit.rlim_cur = bytes;
+  setrlimit(RLIMIT_FSIZE, &limit);
 }
 
 /// Brings the settings of the runtime back to what they are at the start of a process.

@@ -1,0 +1,151 @@
+#include "op/op_plan_blocks.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstddef>
+#include <cstdint>
+#include <vector>
+
+#include "op/op_util.h"
+
+namespace {
+
+// First element behind the block that begins at `begin`.
+int block_end(op_plan_loop const& loop, int begin) {
+  auto const reaches = [&](int border) { return begin < border && border - begin <= loop.bsize; };
+  if (reaches(loop.set->core_size)) return std::min(loop.set->core_size, loop.exec_length);
+  if (loop.reduct && reaches(loop.set->size)) return loop.set->size;
+  return reaches(loop.exec_length) ? loop.exec_length : begin + loop.bsize;
+}
+
+std::vector<int> block_ends(op_plan_loop const& loop) {
+  std::vector<int> ends;
+  if (loop.staging == OP_ONE_BLOCK) return {loop.exec_length};
+  for (int begin = 0; begin < loop.exec_length; begin = ends.back()) {
+    ends.push_back(block_end(loop, begin));
+  }
+  return ends;
+}
+
+// Arguments of each staged indirection that are in use.
+std::vector<std::vector<int>> members_of(op_plan_loop const& loop) {
+  std::vector<std::vector<int>> members(loop.leaders.size());
+  for (int m = 0; m < loop.nargs; ++m) {
+    int const s = loop.inds_staged[static_cast<std::size_t>(m)];
+    if (s >= 0 && loop.in_use(m)) members[static_cast<std::size_t>(s)].push_back(m);
+  }
+  return members;
+}
+
+int target(op_arg const& arg, int element) {
+  return arg.map->map[static_cast<std::ptrdiff_t>(element) * arg.map->dim + arg.idx];
+}
+
+// Storage for the worst case: every argument of every element reaches an element of its own.
+void reserve_lists(op_plan_loop const& loop, op_plan& plan) {
+  auto const elements = static_cast<std::size_t>(loop.exec_length);
+  std::vector<std::size_t> arguments(loop.leaders.size(), 0);
+  std::size_t staged = 0;
+  for (int const s : loop.inds_staged) {
+    if (s < 0) continue;
+    ++arguments[static_cast<std::size_t>(s)];
+    ++staged;
+  }
+  plan.ind_map = op_plan_array<int>(elements * staged);
+  plan.ind_maps = op_plan_array<int*>(loop.leaders.size());
+  int* list = plan.ind_map;
+  for (std::size_t s = 0; s < loop.leaders.size(); ++s) {
+    if (elements * arguments[s] > INT_MAX) {
+      op_fail(-1, " op_plan error -- loop %s: %zu indirect accesses are more than %d\n", loop.name,
+              elements * arguments[s], INT_MAX);
+    }
+    plan.ind_maps[s] = list;
+    list += elements * arguments[s];
+  }
+
+  plan.loc_map = op_plan_array<std::int16_t>(elements * staged);
+  plan.loc_maps = op_plan_array<std::int16_t*>(loop.nargs);
+  std::int16_t* places = plan.loc_map;
+  for (std::size_t m = 0; m < loop.inds_staged.size(); ++m) {
+    if (loop.inds_staged[m] < 0) continue;
+    plan.loc_maps[m] = places;
+    places += elements;
+  }
+  std::size_t const lists = loop.leaders.size() * static_cast<std::size_t>(plan.nblocks);
+  plan.ind_offs = op_plan_array<int>(lists);
+  plan.ind_sizes = op_plan_array<int>(lists);
+  plan.nindirect = op_plan_array<int>(std::max(loop.ninds, 0));
+}
+
+[[noreturn]] void fail_length(op_plan_loop const& loop, op_arg const& arg, int b, int length) {
+  op_fail(-1,
+          " op_plan error -- loop %s: block %d of %d elements reaches %d elements of set %s, at "
+          "most %d are possible; a smaller part_size makes smaller blocks\n",
+          loop.name, b, loop.bsize, length, arg.map->to->name, INT16_MAX);
+}
+
+// One list of one block. `places` has room for the position of every element of the target set.
+void list_targets(op_plan_loop const& loop, op_plan& plan, int b, std::size_t s,
+                  std::vector<int> const& members, std::vector<int>& places) {
+  std::size_t const entry = s + static_cast<std::size_t>(b) * loop.leaders.size();
+  std::size_t const previous = entry - loop.leaders.size();
+  plan.ind_offs[entry] = b == 0 ? 0 : plan.ind_offs[previous] + plan.ind_sizes[previous];
+  if (members.empty()) return;
+
+  int const begin = plan.offset[b];
+  int const end = begin + plan.nelems[b];
+  int* const list = plan.ind_maps[s] + plan.ind_offs[entry];
+  int length = 0;
+  for (int const m : members) {
+    for (int e = begin; e < end; ++e) list[length++] = target(loop.args[m], e);
+  }
+  quickSort(list, 0, length - 1);
+  length = removeDups(list, length);
+  if (length > INT16_MAX) fail_length(loop, loop.args[members.front()], b, length);
+  plan.ind_sizes[entry] = length;
+  plan.nindirect[s] += length;
+
+  for (int i = 0; i < length; ++i) places[static_cast<std::size_t>(list[i])] = i;
+  for (int const m : members) {
+    for (int e = begin; e < end; ++e) {
+      auto const element = static_cast<std::size_t>(target(loop.args[m], e));
+      plan.loc_maps[m][e] = static_cast<std::int16_t>(places[element]);
+    }
+  }
+}
+
+std::size_t largest_target_set(op_plan_loop const& loop,
+                               std::vector<std::vector<int>> const& members) {
+  int size = 0;
+  for (auto const& arguments : members) {
+    if (arguments.empty()) continue;
+    size = std::max(size, op_plan_whole_size(loop.args[arguments.front()].map->to));
+  }
+  return static_cast<std::size_t>(size);
+}
+
+}  // namespace
+
+void op_plan_cut_blocks(op_plan_loop const& loop, op_plan& plan) {
+  std::vector<int> const ends = block_ends(loop);
+  plan.nblocks = static_cast<int>(ends.size());
+  plan.offset = op_plan_array<int>(ends.size());
+  plan.nelems = op_plan_array<int>(ends.size());
+  int begin = 0;
+  for (std::size_t b = 0; b < ends.size(); ++b) {
+    plan.offset[b] = begin;
+    plan.nelems[b] = ends[b] - begin;
+    begin = ends[b];
+  }
+}
+
+void op_plan_list_targets(op_plan_loop const& loop, op_plan& plan) {
+  reserve_lists(loop, plan);
+  std::vector<std::vector<int>> const members = members_of(loop);
+  std::vector<int> places(largest_target_set(loop, members));
+  for (int b = 0; b < plan.nblocks; ++b) {
+    for (std::size_t s = 0; s < members.size(); ++s) {
+      list_targets(loop, plan, b, s, members[s], places);
+    }
+  }
+}

@@ -1,0 +1,10 @@
+// The type strings of dats and what they stand for. Each family has names for C, for storage by
+// component (":soa", which has no effect here) and for Fortran.
+//
+// Include this inside the runtime only; whether two strings stand for the same type is told by
+// op_type_equivalence of op_arg.h.
+#pragma once
+
+enum class op_type { Double, Float, Int, Long, LongLong, Unknown };
+
+op_type op_type_of(char const* name);

@@ -1,0 +1,31 @@
+#include "op/op_type.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+TEST(OpTypeOf, KnowsTheNamesOfEachFamily) {
+  for (char const* const name : {"double", "double:soa", "double precision", "real(8)"}) {
+    EXPECT_EQ(op_type_of(name), op_type::Double) << name;
+  }
+  for (char const* const name : {"float", "float:soa", "real(4)", "real"}) {
+    EXPECT_EQ(op_type_of(name), op_type::Float) << name;
+  }
+  for (char const* const name : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
+    EXPECT_EQ(op_type_of(name), op_type::Int) << name;
+  }
+  for (char const* const name : {"long", "long:soa"}) {
+    EXPECT_EQ(op_type_of(name), op_type::Long) << name;
+  }
+  for (char const* const name : {"long long", "long long:soa"}) {
+    EXPECT_EQ(op_type_of(name), op_type::LongLong) << name;
+  }
+}
+
+TEST(OpTypeOf, KnowsNoOtherNames) {
+  for (char const* const name : {"bool", "", "Double", "double:", "long double", "real(16)"}) {
+    EXPECT_EQ(op_type_of(name), op_type::Unknown) << name;
+  }
+}
+
+}  // namespace
