@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "h5journal/driver.h"
 #include "op/op_type.h"
 #include "op/op_util.h"
 
@@ -95,7 +96,7 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record) {
 hid_t op_hdf5_open_source(char const* file, char const* call) {
   if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
   H5Silence const silence;
-  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, H5P_DEFAULT);
+  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
   if (id < 0) op_fail(2, "Could not obtain read access to file '%s'\n", file);
   return id;
 }
