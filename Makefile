@@ -6,13 +6,13 @@
 JOBS ?= $(shell nproc)
 
 demo:
-	scripts/install build
+	scripts/install build plot
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target setup simulation
 	scripts/demo build/release/bin build/demo
 
 test:
-	scripts/install build
+	scripts/install build plot
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS)
 	ctest --preset release --parallel $(JOBS)
