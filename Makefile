@@ -1,4 +1,4 @@
-# make demo     installs what is missing, builds, runs a study end to end
+# make demo     installs what is missing, builds, runs a study from mesh to picture
 # make test     builds and runs all tests
 # make bench    times the kernels and a whole dam break run
 .PHONY: demo test bench
