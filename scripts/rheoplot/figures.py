@@ -131,12 +131,13 @@ def _plain():
 
 
 def time_text(seconds):
-    """A time as users speak of it: "t = 5,400 s (1 h 30 min)"."""
+    """A time as users speak of it: "t = 5,400 s (1 h 30 min)", from an hour on without seconds."""
     text = f"t = {seconds:,.10g} s"
     if seconds < 120.0:
         return text
-    minutes = int(seconds / 60.0 + 0.5)
-    parts = ((minutes // 1440, "d"), (minutes // 60 % 24, "h"), (minutes % 60, "min"))
+    whole = round(seconds) if seconds < 3600.0 else 60 * round(seconds / 60.0)
+    parts = ((whole // 86400, "d"), (whole // 3600 % 24, "h"), (whole // 60 % 60, "min"),
+             (whole % 60, "s"))
     return f"{text} ({' '.join(f'{number} {unit}' for number, unit in parts if number)})"
 
 

@@ -6,6 +6,7 @@
 """
 import json
 import os
+from contextlib import contextmanager
 from functools import cached_property
 
 import h5py
@@ -74,10 +75,8 @@ class Results:
         self.path = path
         if not os.path.exists(path):
             raise Fault(f"there is no file {path}")
-        try:
+        with _reading(f"{path} cannot be read as an HDF5 file"):
             self.file = h5py.File(path, "r")
-        except OSError as error:
-            raise Fault(f"{path} cannot be read as an HDF5 file: {_reason(error)}") from error
         missing = [item for item in NEEDED if item not in self.file]
         if missing:
             self.file.close()
@@ -150,8 +149,9 @@ class Results:
     def array(self, path, position):
         """The data of a record, or those that hold for all records, shape (elements, values)."""
         changing = f"RESULTS/{path}/{position:07d}"
-        stored = self.file[changing if changing in self.file else path]
-        return np.reshape(stored, (len(stored), -1))
+        with _reading(f"record {position} of {path} in {self.path} cannot be read"):
+            stored = self.file[changing if changing in self.file else path]
+            return np.reshape(stored, (len(stored), -1))
 
     def records(self, paths):
         """The valid records that hold all the data named, in the order of their times."""
@@ -170,9 +170,12 @@ class Results:
         return Record(self, 0, None) if self.changes(FLOOD) else None
 
     def _times(self, path):
-        """From position to time [s]; a record without a time has not been finished."""
-        return {int(name): float(np.ravel(record.attrs["t"])[0])
-                for name, record in self.file["RESULTS/" + path].items() if "t" in record.attrs}
+        """From position to time [s]. A record that has no time is just being written; at that
+        moment a name can also be there before what it names."""
+        with _reading(f"the records of {path} in {self.path} cannot be read"):
+            return {int(name): float(np.ravel(record.attrs["t"])[0])
+                    for name, record in self.file["RESULTS/" + path].items()
+                    if record is not None and "t" in record.attrs}
 
 
 def at_time(records, wanted):
@@ -197,7 +200,12 @@ def listed(records):
     return ", ".join(times)
 
 
-def _reason(error):
-    """What HDF5 tells between brackets: "truncated file: eof = 96, ..."."""
-    text = str(error)
-    return text[text.find("(") + 1:text.rfind(")")] if "(" in text else text
+@contextmanager
+def _reading(failure):
+    """Turns what h5py raises within into a Fault with the reason that HDF5 gives in brackets."""
+    try:
+        yield
+    except (OSError, KeyError, RuntimeError) as error:
+        text = str(error)
+        reason = text[text.find("(") + 1:text.rfind(")")] if "(" in text else text
+        raise Fault(f"{failure}: {reason}; if a run is writing it right now, try again") from error

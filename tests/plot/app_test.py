@@ -63,7 +63,8 @@ class AppTest(unittest.TestCase):
     def test_a_file_that_is_not_hdf5_is_told(self):
         path = FOLDER / "text.h5"
         path.write_text("water")
-        self.refused("text.h5 cannot be read as an HDF5 file: file signature not found", "map", path)
+        self.refused("text.h5 cannot be read as an HDF5 file: file signature not found", "map",
+                     path)
 
     def test_a_truncated_file_is_told(self):
         path = FOLDER / "short.h5"
@@ -96,7 +97,8 @@ class AppTest(unittest.TestCase):
                 record.attrs["t"] = [-1.0]
             del file["RESULTS/CellsAll/FloodVar"]
         path = changed(basin(), invalidate)
-        self.refused("has no valid record with CellsAll/HydState and CellsAll/BottomEl", "map", path)
+        self.refused("has no valid record with CellsAll/HydState and CellsAll/BottomEl", "map",
+                     path)
         self.refused("has no valid record of CellsAll/HydState", "flood", path)
 
     def test_a_journal_beside_the_results_is_told(self):
@@ -118,7 +120,8 @@ class AppTest(unittest.TestCase):
         self.assertIn("Is a directory", err)
 
     def test_wrong_options_end_with_status_1(self):
-        for options in (["--range", "2", "1"], ["--stretch", "0"], ["--time", "noon"], ["--tim", "1"]):
+        for options in (["--range", "2", "1"], ["--stretch", "0"], ["--time", "noon"],
+                        ["--tim", "1"]):
             self.refused("plot", "map", basin(), *options)
         self.assertEqual(plot("animate", basin(), "-o", picture("a.gif"), "--every", "0")[0], 1)
         self.assertEqual(plot()[0], 1)

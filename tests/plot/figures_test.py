@@ -54,6 +54,7 @@ class FiguresTest(unittest.TestCase):
         self.assertEqual(time_text(0.7999999999999999), "t = 0.8 s")
         self.assertEqual(time_text(5400.0), "t = 5,400 s (1 h 30 min)")
         self.assertEqual(time_text(172800.0), "t = 172,800 s (2 d)")
+        self.assertEqual(time_text(263.4), "t = 263.4 s (4 min 23 s)")
         self.assertEqual(time_text(7199.0), "t = 7,199 s (2 h)")
 
 

@@ -50,8 +50,8 @@ class MapsTest(unittest.TestCase):
         _, [panel] = map_panels(self.results.nodes)
         output = OUTPUTS["water_depth"]
         covered = np.arange(144) < 10
-        drawn = Map(panel, self.results, output, scale_of(output, [masked(output, self.records[4])]),
-                    covered=covered)
+        scale = scale_of(output, [masked(output, self.records[4])])
+        drawn = Map(panel, self.results, output, scale, covered=covered)
         drawn.show(self.records[4], "")
         self.assertTrue(drawn.field.get_array().mask[:10].all())
         self.assertIn(10, [len(one.get_paths()) for one in panel.axes.collections])

@@ -86,6 +86,18 @@ class ResultsTest(unittest.TestCase):
         self.assertEqual(results.tracked().array(FLOOD).shape, (144, 4))
         self.assertIsNone(opened(self, sample("mor_mpm")).tracked())
 
+    def test_a_name_without_a_record_is_passed_over(self):
+        def write(file):
+            file["RESULTS/CellsAll/HydState/0000005"] = h5py.SoftLink("/nowhere")
+        results = opened(self, changed(basin(), write))
+        self.assertEqual(times(results, (STATE, BED)), [0.0, 1.0, 2.0, 3.0, 4.0])
+
+    def test_a_record_that_cannot_be_read_is_named(self):
+        results = opened(self, basin())
+        with self.assertRaisesRegex(Fault, "record 7 of CellsAll/HydState in .* cannot be read: "
+                                    "object 'HydState' doesn't exist; if a run is writing it"):
+            results.array(STATE, 7)
+
     def test_what_is_missing_is_named(self):
         path = changed(basin(), lambda file: file.__delitem__("CellsAll/Topology"))
         with self.assertRaisesRegex(Fault, "no results file: it has no CellsAll/Topology"):
