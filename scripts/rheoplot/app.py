@@ -112,6 +112,8 @@ def _output(results, name):
         return OUTPUTS[name]
     if name == "delta_z" and "bottom_elevation" in names:
         reason = "the bed does not move in this study, there is no delta_z"
+    elif name in ("ns_hyd_discharge", "ns_mor_discharge"):
+        reason = f"{name} is drawn by plot hydrographs"
     elif name in OUTPUTS:
         missing = next(path for path in OUTPUTS[name].data if not results.has(path))
         reason = f"{name} needs {missing}, which is not in {results.path}"
@@ -132,10 +134,10 @@ def draw_map(results, options):
     if not is_tracked(output):
         wanted = "last" if options.time is None else options.time
         record = at_time(_records(results, output), wanted)
-    elif options.time is None:
+    elif options.time is None and not options.arrows:
         record = results.tracked()
     else:
-        raise Fault(f"{output.name} is of the whole run: leave --time out")
+        raise Fault(f"{output.name} is of the whole run: leave --time and --arrows out")
     maps.still(results, output, record, options)
     return maps.title_of(results, output, record).replace("\n", ", ")
 

@@ -47,11 +47,18 @@ class AppTest(unittest.TestCase):
                      "map", basin(), "--output", "depth")
         self.refused("flow_curvature needs CellsAll/FlowCurv, which is not in", "map", basin(),
                      "--output", "flow_curvature")
+        self.refused("ns_hyd_discharge is drawn by plot hydrographs", "map", basin(), "--output",
+                     "ns_hyd_discharge")
         self.refused("the bed does not move in this study", "map", basin(), "--output", "delta_z")
 
     def test_tracked_values_have_no_time(self):
-        self.refused("flood_tracking.max_depth is of the whole run: leave --time out", "map",
-                     basin(), "--output", "flood_tracking.max_depth", "--time", "2")
+        for option in (["--time", "2"], ["--arrows"]):
+            self.refused("flood_tracking.max_depth is of the whole run: leave --time and --arrows "
+                         "out", "map", basin(), "--output", "flood_tracking.max_depth", *option)
+        status, _, err = plot("animate", basin(), "--output", "flood_tracking.max_depth", "-o",
+                              picture("no.gif"))
+        self.assertEqual(status, 1)
+        self.assertIn("does not change with time: draw it with plot map", err)
 
     def test_a_file_that_is_not_there_is_told(self):
         self.refused("plot: there is no file nothing.h5", "map", "nothing.h5")
