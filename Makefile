@@ -1,4 +1,4 @@
-# make demo     installs what is missing, builds, runs a study end to end
+# make demo     installs what is missing, builds, runs a study from mesh to picture
 # make test     builds and runs all tests
 # make bench    times the kernels and a whole dam break run
 .PHONY: demo test bench
@@ -6,13 +6,13 @@
 JOBS ?= $(shell nproc)
 
 demo:
-	scripts/install build
+	scripts/install build plot
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS) --target setup simulation
 	scripts/demo build/release/bin build/demo
 
 test:
-	scripts/install build
+	scripts/install build plot
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS)
 	ctest --preset release --parallel $(JOBS)
