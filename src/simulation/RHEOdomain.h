@@ -47,9 +47,11 @@ class RHEOdomain : public RHEOcommon {
   void kernel_HYDRAULICS_Source();
   void kernel_MORPHOLOGY_Source();
 
- private:
+ protected:
+  /// For classes that watch the kernels of a run: they may wrap the callables in `kernels`.
   RHEOdomain(const std::string& commandFile, const std::string& runFile);
 
+ private:
   int flag(loops::Flag which) const;
 
   /// Builds the arguments of loop L from the model's data and maps and calls its frame.

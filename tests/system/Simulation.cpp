@@ -145,6 +145,24 @@ void Simulation::useSample(const std::string& name) {
   std::filesystem::create_symlink(SIMULATION_EXE, dir.file("simulation"));
 }
 
+void Simulation::useExample(const std::string& name) {
+  std::filesystem::copy(std::string(EXAMPLES_FOLDER) + "/" + name, dir.path(),
+                        std::filesystem::copy_options::recursive);
+  std::filesystem::create_symlink(SIMULATION_EXE, dir.file("simulation"));
+}
+
+void Simulation::changeStudy(const std::string& text, const std::string& by) {
+  std::string study = readFile(dir.file("study.json"));
+  const std::size_t position = study.find(text);
+  if (position == std::string::npos) throw std::runtime_error("the study has no " + text);
+  writeFile(dir.file("study.json"), study.replace(position, text.size(), by));
+}
+
+void Simulation::makeRunFile() {
+  const Outcome setup = runIn(dir.path(), SETUP_EXE, {"-f", "study.json"});
+  if (setup.status != 0) throw std::runtime_error(setup.out + setup.err);
+}
+
 void Simulation::setCommand(const std::string& time, const std::string& outputs,
                             const std::string& timeStep) {
   writeFile(commandFile, R"({"SIMULATION": {"TIME": {)" + time + "}" +

@@ -55,6 +55,13 @@ class Simulation : public ::testing::Test {
   /// that no path of the machine shows in its output.
   void useSample(const std::string& name);
 
+  /// The same for an example, which has no run file yet.
+  void useExample(const std::string& name);
+  /// Replaces a text of the study in the working folder, which must hold it.
+  void changeStudy(const std::string& text, const std::string& by);
+  /// Makes the run file of the study in the working folder.
+  void makeRunFile();
+
   /// Writes a command file. The first argument is the content of TIME, as
   /// R"("start": 0, "end": 1, "out": 0.5)".
   void setCommand(const std::string& time, const std::string& outputs = "",

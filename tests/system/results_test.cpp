@@ -186,6 +186,22 @@ TEST_F(ReRun, writesTheStateItStartsFromAgain) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, -1.0, -1.0));
 }
 
+TEST_F(ReRun, isRefusedWhereMoreThanOneOldRecordIsLeft) {
+  setCommand(R"("start": 0.5, "end": 0.5, "out": 0)");
+  ASSERT_EQ(simulate().status, 0);  // 0, 0.5, -1, -1
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr(" -> not all needed results are found for t=-1, in file: "));
+}
+
+TEST_F(ReRun, goesOnWhereOneOldRecordIsLeft) {
+  setCommand(R"("start": 1, "end": 1, "out": 0)");
+  ASSERT_EQ(simulate().status, 0);  // 0, 0.5, 1, -1
+  setCommand(R"("start": 1, "end": 2, "out": 0.5)");
+  ASSERT_EQ(simulate().status, 0);
+  EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, 1.0, 1.5, 2.0));
+}
+
 TEST_F(ReRun, isAnnouncedAtEveryLevel) {
   setCommand(R"("start": 1.5, "end": 2, "out": 0.5)");
   const Outcome run = simulate();

@@ -7,9 +7,11 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <csignal>
+#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -64,27 +66,32 @@ class Robustness : public support::Simulation {
   /// the HDF5 library has in hand while it writes cannot be made safe against a kill.
   void holdBetweenRecords() {
     for (;;) {
-      ::kill(process, SIGSTOP);
+      send(SIGSTOP);
       int status = 0;
       ::waitpid(process, &status, WUNTRACED);
       if (!WIFSTOPPED(status)) throw std::runtime_error("the run has ended by itself");
       const std::string told = support::readFile(dir.file("stdout.txt"));
       const std::size_t step = told.rfind(" -> time: ");
       if (step != std::string::npos && told.find(" -> ", step + 1) == std::string::npos) return;
-      ::kill(process, SIGCONT);
+      send(SIGCONT);
       std::this_thread::sleep_for(std::chrono::microseconds(100));
     }
   }
-  Outcome stop(int signal) {
+  /// A run that has ended by itself has no number any more: -1 would mean all processes there are.
+  void send(int signal) const {
+    if (process <= 0) throw std::runtime_error("the run has ended by itself");
     ::kill(process, signal);
+  }
+  Outcome stop(int signal) {
+    send(signal);
     const pid_t stopped = process;
     process = -1;
     return support::finish(dir.path(), stopped);
   }
 
-  static std::string record(std::size_t number) {
+  static std::string record(std::size_t number, const std::string& datum = "HydState") {
     std::string digits = std::to_string(number);
-    return "RESULTS/CellsAll/HydState/" + std::string(7 - digits.size(), '0') + digits;
+    return "RESULTS/CellsAll/" + datum + "/" + std::string(7 - digits.size(), '0') + digits;
   }
   /// Expects whole records 0 to `count` - 1.
   void expectRecords(std::size_t count) {
@@ -247,6 +254,18 @@ TEST_F(FullDisk, endsTheRunWhereItIsFullFromTheStart) {
   EXPECT_EQ(support::readFile(runFile), before);
 }
 
+TEST_F(FullDisk, doesNotCostAReRunTheRecordsThatItStartsFrom) {
+  useSample("one_cell");
+  setCommand(R"("start": 0, "end": 1, "out": 0.5)");
+  ASSERT_EQ(simulate().status, 0);
+  setCommand(R"("start": 0.5, "end": 1, "out": 0.5)");
+  const Outcome run = simulateBehind("trap '' XFSZ; ulimit -f 8");
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, EndsWith(NO_ROOM));
+  EXPECT_EQ(support::readTime(resultFile, record(1)), 0.5);
+  EXPECT_EQ(support::readTime(resultFile, record(2)), 1.0);
+}
+
 // -- earlier results ------------------------------------------------------------------------------
 
 class EarlierResults : public Robustness {
@@ -313,13 +332,107 @@ TEST_F(Robustness, aRecordCanBeAskedForAtAnyTime) {
     ASSERT_TRUE(isRunning());
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  ::kill(process, SIGUSR1);
+  send(SIGUSR1);
   awaitRecords(2);
   EXPECT_TRUE(isRunning());
   EXPECT_EQ(stop(SIGTERM).status, 128 + SIGTERM);
   const double first = support::readTime(resultFile, record(1));
   EXPECT_GT(first, 0.0);
   EXPECT_GT(support::readTime(resultFile, record(2)), first);
+}
+
+// -- kills at any moment --------------------------------------------------------------------------
+
+/// A run over a moving bed, with two datasets a record, that is killed again and again and
+/// continued from the last record that it has reported as written.
+class KilledAgainAndAgain : public Robustness {
+ protected:
+  using Clock = std::chrono::steady_clock;
+
+  KilledAgainAndAgain() { useSample("mor_grass"); }
+
+  void startFromLastRecord() {
+    command(kept.empty() ? 0 : kept.size() - 1, 1e9);
+    support::writeFile(dir.file("stdout.txt"), "");  // what the run before has told
+    process = startSimulation({"-l", "3"});
+  }
+  void command(std::size_t first, double end) {
+    std::ostringstream time;
+    time << "\"start\": " << OUT * static_cast<double>(first) << ", \"end\": " << end
+         << ", \"out\": " << OUT;
+    setCommand(time.str(), R"("water_surface")");
+  }
+
+  /// Waits for a number of records and then for a part of what the next one may take, or for a part
+  /// of the time that a run takes until its first record; all as the runs before have shown.
+  void await(std::size_t records, double part) {
+    Clock::time_point last = Clock::now();
+    for (std::size_t number = 1; number <= records; ++number) {
+      while (announced() < number) {
+        if (!isRunning()) throw std::runtime_error(support::readFile(dir.file("stderr.txt")));
+        std::this_thread::sleep_for(std::chrono::microseconds(200));
+      }
+      const Clock::time_point now = Clock::now();
+      (number == 1 ? untilFirst : untilNext) = now - last;
+      last = now;
+    }
+    std::this_thread::sleep_for(part * (records == 0 ? untilFirst : untilNext));
+  }
+
+  /// The number of records that the run has reported as written: it has gone on behind them.
+  std::size_t written() const {
+    const std::string told = support::readFile(dir.file("stdout.txt"));
+    const std::size_t record = told.rfind(" -> writing output at t = ");
+    if (record == std::string::npos) return 0;
+    const bool gone = told.find(" -> time: ", record) != std::string::npos;
+    return announced() - (gone ? 0 : 1);
+  }
+
+  /// Expects all records that ever were reported, with the values that they had at first.
+  void expectAll(std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+      SCOPED_TRACE(record(i));
+      const std::string bed = record(i, "BottomEl");
+      std::vector<double> values = support::readNumbers(resultFile, record(i));
+      for (const double z : support::readNumbers(resultFile, bed)) values.push_back(z);
+      EXPECT_EQ(support::readTime(resultFile, record(i)), OUT * static_cast<double>(i));
+      EXPECT_EQ(support::readTime(resultFile, bed), OUT * static_cast<double>(i));
+      if (i == kept.size()) kept.push_back(values);
+      EXPECT_EQ(values, kept[i]);
+    }
+  }
+
+  static constexpr double OUT = 0.5;      ///< time between two records [s], several steps
+  std::vector<std::vector<double>> kept;  ///< state and bed of the records that were reported
+  Clock::duration untilFirst{};
+  Clock::duration untilNext{};
+};
+
+TEST_F(KilledAgainAndAgain, losesNothingThatItHasReportedAsWritten) {
+  std::mt19937 random(20);
+  for (int kill = 0; kill < 20; ++kill) {
+    const std::size_t records = kill == 0 ? 3 : random() % 5;
+    const double part = static_cast<double>(random()) / 4294967296.0;
+    SCOPED_TRACE(::testing::Message() << "kill " << kill << ", behind " << records
+                                      << " records and " << part << " of a record");
+    const std::size_t first = kept.empty() ? 0 : kept.size() - 1;
+    startFromLastRecord();
+    await(records, part);
+    const Outcome run = stop(SIGKILL);
+    ASSERT_EQ(run.status, 128 + SIGKILL) << run.err;
+    expectAll(std::max(kept.size(), first + written()));
+    ASSERT_FALSE(HasFailure());
+  }
+  // What is continued in the end is the run that nobody has killed.
+  const double end = OUT * static_cast<double>(kept.size() + 1);
+  command(kept.size() - 1, end);
+  ASSERT_EQ(simulate().status, 0);
+  command(0, end);
+  ASSERT_EQ(program({"-f", "command.json", "-r", "run.h5", "-o", "reference.h5"}).status, 0);
+  for (const std::string& difference :
+       support::differences(dir.file("reference_results.h5"), resultFile)) {
+    EXPECT_THAT(difference, StartsWith(".config/simulation"));
+  }
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 
 #include "support/H5Compare.h"
 #include "support/Process.h"
+#include "system/verification/CompensatedSum.h"
 
 namespace verification {
 
@@ -17,15 +18,21 @@ std::string studyText(const Case& study) {
   std::ostringstream text;
   text << R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {)" << study.geometry
        << R"(}, "HYDRAULICS": {"PARAMETER": {"cfl": 0.5, "gravity": )" << GRAVITY
-       << R"(, "minimum_water_depth": )" << study.minimumDepth << R"(}, "INITIAL": {)"
-       << study.initial << "}}}}}}";
+       << R"(, "minimum_water_depth": )" << study.minimumDepth << R"(, "maximum_time_step": )"
+       << study.longestStep << R"(}, "INITIAL": {)" << study.initial << "}"
+       << (study.processes.empty() ? "" : ", ") << study.processes << "}}}}}";
   return text.str();
+}
+
+bool hasBoundaries(const Case& study) {
+  return study.processes.find("BOUNDARY") != std::string::npos;
 }
 
 std::string commandText(const Case& study) {
   std::ostringstream text;
   text << R"({"SIMULATION": {"TIME": {"start": 0.0, "end": )" << study.end << R"(, "out": )"
-       << study.out << R"(}, "OUTPUT": ["water_surface", "flow_velocity", "bottom_elevation"]}})";
+       << study.out << R"(}, "OUTPUT": ["water_surface", "flow_velocity", "bottom_elevation")"
+       << (hasBoundaries(study) ? R"(, "ns_hyd_discharge")" : "") << "]}}";
   return text.str();
 }
 
@@ -50,10 +57,21 @@ std::vector<std::array<Point, 3>> readCells(const std::string& runFile) {
   return cells;
 }
 
-std::vector<Record> readRecords(const std::string& resultsFile) {
+constexpr const char* STATES = "RESULTS/CellsAll/HydState/";
+constexpr const char* STRINGS = "RESULTS/NodeStrg/StateVar/";
+
+/// The second of the ten values that a string has.
+std::vector<double> readDischarges(const std::string& resultsFile, const std::string& path) {
+  const std::vector<double> states = support::readNumbers(resultsFile, path);
+  std::vector<double> discharges;
+  for (std::size_t k = 1; k < states.size(); k += 10) discharges.push_back(states.at(k));
+  return discharges;
+}
+
+std::vector<Record> readRecords(const std::string& resultsFile, bool withStrings) {
   std::vector<Record> records;
   for (const std::string& path : support::datasetPaths(resultsFile)) {
-    if (path.rfind("RESULTS/CellsAll/HydState/", 0) != 0) continue;
+    if (path.rfind(STATES, 0) != 0) continue;
     const std::vector<double> state = support::readNumbers(resultsFile, path);
     // The greatest and the least of values pass over a NaN in silence.
     if (!std::all_of(state.begin(), state.end(),
@@ -67,25 +85,14 @@ std::vector<Record> readRecords(const std::string& resultsFile) {
       record.dischargeX.push_back(state.at(k + 1));
       record.dischargeY.push_back(state.at(k + 2));
     }
+    if (withStrings) {
+      const std::string number = path.substr(std::string(STATES).size());
+      record.throughStrings = readDischarges(resultsFile, STRINGS + number);
+    }
     records.push_back(std::move(record));
   }
   return records;
 }
-
-/// A sum whose error does not grow with the number of its terms (Neumaier 1974).
-class CompensatedSum {
- public:
-  void add(double term) {
-    const double next = sum + term;
-    lost += std::abs(sum) >= std::abs(term) ? (sum - next) + term : (term - next) + sum;
-    sum = next;
-  }
-  double value() const { return sum + lost; }
-
- private:
-  double sum = 0.0;
-  double lost = 0.0;
-};
 
 }  // namespace
 
@@ -107,7 +114,7 @@ Solution simulate(const std::string& folder, const Case& study) {
   run.cells = readCells(runFile);
   run.areas = support::readNumbers(runFile, "CellsAll/GeomArea");
   run.bed = support::readNumbers(runFile, "CellsAll/BottomEl");
-  run.records = readRecords(run.name);
+  run.records = readRecords(run.name, hasBoundaries(study));
   return run;
 }
 

@@ -22,9 +22,11 @@ constexpr double GRAVITY = 9.81;  ///< [m/s2]
 struct Case {
   std::string geometry;         ///< the keys of GEOMETRY in the study document
   std::string initial;          ///< the keys of INITIAL
+  std::string processes = {};   ///< further groups of HYDRAULICS, as R"("FRICTION": {...})"
   double end = 0.0;             ///< [s]
   double out = 0.0;             ///< time between two records [s], a divisor of `end`
   double minimumDepth = 0.001;  ///< cells with less count as dry [m]
+  double longestStep = 100.0;   ///< bound of the time step before the CFL number [s]
 };
 
 /// The flow at one time.
@@ -33,6 +35,8 @@ struct Record {
   std::vector<double> surface;  ///< per cell [m]
   std::vector<double> dischargeX;
   std::vector<double> dischargeY;  ///< per cell [m2/s]
+  std::vector<double> throughStrings =
+      {};  ///< discharge [m3/s]; empty unless the case has boundaries
 };
 
 struct Solution {
@@ -50,8 +54,8 @@ struct Solution {
   Point centroid(std::size_t cell) const;
 };
 
-/// Makes the run file of a case in a folder and runs it, with the CFL number 0.5, closed walls all
-/// around and no friction.
+/// Makes the run file of a case in a folder and runs it, with the CFL number 0.5. Where its
+/// processes do not say otherwise there are closed walls all around and no friction.
 /// @throws std::runtime_error with what was printed if one of the programs fails, and if a result
 /// is
 ///         not a finite number.

@@ -155,6 +155,23 @@ TEST_F(HydBoundary, supercriticalOutflowOverASlopeKeepsItsDepth) {
   EXPECT_EQ(flux(104, nullptr), solved({1.0, 16.0, 0.0}, -1.0, 1));
 }
 
+// On level ground at normal depth the ghost cell is the cell: what flows through is u h and
+// (0.5 * 3 - 1) * 3 * 8 + u^2 h.
+TEST_F(HydBoundary, outflowAtNormalDepthPassesAsItIs) {
+  left = {3.0, 4.0, 0.0};  // hn = 2, u = 2
+  D[0] = 0.125;
+  size = 0.0;
+  EXPECT_EQ(flux(104), (Flux{4.0, 12.0 + 8.0, 0.0, -20.0, 0.0}));
+}
+
+// All waves run out: the flux is that of the cell. The step of 2 m down to the ghost bed pushes the
+// ghost cell, 0.5 * 8 * (3 + 1) * 2.
+TEST_F(HydBoundary, supercriticalOutflowOverASlopePassesAsItIs) {
+  left = {3.0, 16.0, 0.0};  // u = 8, c = 4
+  D[0] = 0.125;
+  EXPECT_EQ(flux(104, nullptr), (Flux{16.0, 12.0 + 128.0, 0.0, -(140.0 + 32.0), 0.0}));
+}
+
 TEST_F(HydBoundary, outflowOverASlopeFromAThinLayerKeepsItsDepth) {
   left = {1.125, 4.0, 0.0};
   D[0] = 0.125;
@@ -225,6 +242,34 @@ TEST_F(HydBoundary, anImposedLevelTakesOutflowWithTheDischargeOfTheCell) {
   EXPECT_EQ(flux(114, nullptr), solved({2.0, 4.0, 6.0}, 1.0, 1));
 }
 
+TEST_F(HydBoundary, supercriticalOutflowDoesNotFeelTheLevelOutside) {
+  left = {3.0, 16.0, 0.0};  // u = 8, c = 4; outside u = 16 at 1 m: no wave comes back
+  D[0] = 2.0;
+  EXPECT_EQ(flux(114, nullptr), (Flux{16.0, 12.0 + 128.0, 0.0, -140.0, 0.0}));
+  EXPECT_EQ(flux(331, nullptr), (Flux{16.0, 12.0 + 128.0, 0.0, -140.0, 0.0}));
+}
+
+// A dam break into a dry cell: h = 2, c = 4 outside. Fronts SL = -2 c = -8 and SR = c = 4, contact
+// at -8; star depth 4 * 2 / 12 = 2/3. Mass 0 + 4 (2/3 - 2); momentum 12 + 4 (-8 * 2/3).
+TEST_F(HydBoundary, anImposedLevelFillsADryCellAsADamBreakDoes) {
+  dryLeft();
+  D[0] = 3.0;
+  D[1] = 1.0;
+  Flux const result = flux(114, nullptr);
+  EXPECT_DOUBLE_EQ(result[0], -16.0 / 3.0);
+  EXPECT_DOUBLE_EQ(result[1], 12.0 - 64.0 / 3.0);
+  EXPECT_EQ(result[2], 0.0);
+}
+
+// Half of a rise comes in, since the water outside is at rest: with the level d above that of the
+// cell at rest the mean celerity gives q = -c d / 2.
+TEST_F(HydBoundary, anImposedLevelLetsHalfOfASmallRiseIn) {
+  left = {3.0, 0.0, 0.0};  // c = 4
+  D[0] = 3.0 + 1e-6;
+  D[1] = 1.0;
+  EXPECT_NEAR(flux(114, nullptr)[0], -0.5 * 4.0 * 1e-6, 1e-11);
+}
+
 TEST_F(HydBoundary, anImposedLevelWithoutInflowIsAWallForFlowInwards) {
   left[1] = -4.0;
   D[0] = 5.0;
@@ -278,6 +323,14 @@ TEST_F(HydBoundary, anOpenGateIsAnEdgeLikeAnyOther) {
   EXPECT_EQ(flux(218, nullptr), solved(right, 0.5, 1));
   right = {0.625, 5.0, 5.0};  // 0.125 m, dry
   EXPECT_EQ(flux(218, nullptr), solved(right, 0.5, 0));
+}
+
+TEST_F(HydBoundary, anOpenGateInUniformFlowIsNotThere) {
+  left = {3.0, 4.0, 0.0};
+  right = left;
+  bedRight = bedLeft;
+  D[1] = 1.0;
+  EXPECT_EQ(flux(218, nullptr), (Flux{4.0, 12.0 + 8.0, 0.0, -20.0, 0.0}));
 }
 
 TEST_F(HydBoundary, aTransferFromLeftToRightTakesTheMomentumOfTheLeftCell) {

@@ -66,10 +66,13 @@ TEST_F(Chezy, ANumberBeatsADepthThatIsNone) {
 }
 
 TEST_F(Chezy, LogarithmicLawAboveTheRoughness) {
+  // 5.75 * log10(120) = 5.75 * 2.0791812460 = 11.9552921648
   EXPECT_DOUBLE_EQ(chezyLogarithmic(1.0, 0.1), 142.92901074510283);
 }
 
 TEST_F(Chezy, LogarithmicLawIsConstantFromTheRoughnessDown) {
+  // 5.75 * log10(12) = 5.75 * 1.0791812460 = 6.2052921648, whose square is 38.5056508502; the
+  // constant is the established one.
   EXPECT_EQ(chezyLogarithmic(0.1, 0.1), 38.505650853010394);
   EXPECT_EQ(chezyLogarithmic(0.01, 0.1), 38.505650853010394);
   EXPECT_EQ(chezyLogarithmic(-0.01, 0.1), 38.505650853010394);
@@ -83,15 +86,19 @@ TEST_F(Chezy, LogarithmicLawJustAboveTheRoughnessIsComputed) {
 }
 
 TEST_F(Chezy, RoughLayerHasThreeRanges) {
+  // 2.5 * sqrt(1 - 1/4) * (ln 4 + 2.388762789) = 2.1650635095 * 3.7750571501 = 8.1732384819
   EXPECT_DOUBLE_EQ(chezyRoughLayer(4.0, 1.0), 66.801827281271741);
   EXPECT_DOUBLE_EQ(chezyRoughLayer(2.25, 1.0), 35.548733776494096);
   EXPECT_DOUBLE_EQ(chezyRoughLayer(3.0, 1.0), 50.674103884752718);
+  // 1.25 * 1 * (0 + 2.388762789) = 2.9859534862
   EXPECT_DOUBLE_EQ(chezyRoughLayer(1.0, 1.0), 8.9159182220485267);
   EXPECT_EQ(chezyRoughLayer(0.25, 1.0), 2.25);
 }
 
 TEST_F(Chezy, RoughLayerTakesTheMiddleRowAtBothOfItsEnds) {
+  // 1.25 * sqrt(2) * (0.6931471806 + 2.388762789) = 1.7677669530 * 3.0819099696 = 5.4480985962
   EXPECT_DOUBLE_EQ(chezyRoughLayer(2.0, 1.0), 29.681778313978072);
+  // 1.25 * sqrt(0.5) * (-0.6931471806 + 2.388762789) = 0.8838834765 * 1.6956156084 = 1.4987266188
   EXPECT_DOUBLE_EQ(chezyRoughLayer(0.5, 1.0), 2.2461814778011999);
   EXPECT_EQ(chezyRoughLayer(std::nextafter(0.5, 0.0), 1.0), 2.25);
 }
