@@ -33,7 +33,7 @@ void reportDirection(const Bedload& bedload, double gravity) {
   }
   if (bedload.curvatureFactor) {
     console::info("curvature: the factor ", *bedload.curvatureFactor, " counts about ",
-                  "0.68 times the mesh width; it must grow where the mesh is refined");
+                  "0.55 times the mesh width; it must grow where the mesh is refined");
   }
 }
 

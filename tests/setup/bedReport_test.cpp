@@ -44,7 +44,7 @@ TEST_F(BedReport, tellsWhatBecomesOfTheFactorsOfTheDirection) {
   EXPECT_THAT(report, HasSubstr(" -> lateral slope: the factor 0.5 stands in the run file as "
                                 "4.905, times gravity, as the stress there is g^2 times the "
                                 "Shields parameter\n"));
-  EXPECT_THAT(report, HasSubstr(" -> curvature: the factor 20 counts about 0.68 times the mesh "
+  EXPECT_THAT(report, HasSubstr(" -> curvature: the factor 20 counts about 0.55 times the mesh "
                                 "width; it must grow where the mesh is refined\n"));
 }
 

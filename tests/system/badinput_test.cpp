@@ -176,6 +176,8 @@ INSTANTIATE_TEST_SUITE_P(Values, BadInput, ::testing::Values(
          "map NodeStrg/EdgesAll: row 0, column 4 holds 485, which is not in the range 0 to 484 of set EdgesAll/set\n"},
     Case{"cellInUseOfAString", "bc_100_104", with("NodeStrg/CellsAll", 41, -5), 2,
          "map NodeStrg/CellsAll: row 1, column 1 holds -5, which is not in the range 0 to 299 of set CellsAll/set\n"},
+    Case{"neighbourOfAGradient", "mor_curvature_ikeda", with("CellsAll/NbrCells", 2, -1), 2,
+         "map CellsAll/NbrCells: row 0, column 2 holds -1, which is not in the range 0 to 239 of set CellsAll/set\n"},
     Case{"edgeSignZero", "one_cell", with("CellsAll/EdgeSign", 1, 0), 1,
          " -> data <CellsAll/EdgeSign> in row 0, column 1 is 0: an edge sign must be 1 or -1\n"},
     Case{"edgeSignTwo",  "dam_dry", with("CellsAll/EdgeSign", 1079, 2), 1,

@@ -45,19 +45,6 @@ std::string require(const std::string& folder, const std::string& program,
                            ":\n" + outcome.out + outcome.err);
 }
 
-std::vector<std::array<Point, 3>> readCells(const std::string& runFile) {
-  const std::vector<double> coordinates = support::readNumbers(runFile, "NodesAll/Coordnts");
-  const std::vector<double> corners = support::readNumbers(runFile, "CellsAll/Topology");
-  const auto nodes = static_cast<std::size_t>(support::readNumbers(runFile, "NodesAll/set").at(0));
-  const std::size_t width = coordinates.size() / nodes;
-  std::vector<std::array<Point, 3>> cells(corners.size() / 3);
-  for (std::size_t k = 0; k < corners.size(); ++k) {
-    const auto node = static_cast<std::size_t>(corners[k]);
-    cells[k / 3][k % 3] = {coordinates.at(width * node), coordinates.at(width * node + 1)};
-  }
-  return cells;
-}
-
 constexpr const char* STATES = "RESULTS/CellsAll/HydState/";
 constexpr const char* STRINGS = "RESULTS/NodeStrg/StateVar/";
 
@@ -96,6 +83,19 @@ std::vector<Record> readRecords(const std::string& resultsFile, bool withStrings
 }
 
 }  // namespace
+
+std::vector<std::array<Point, 3>> readCells(const std::string& runFile) {
+  const std::vector<double> coordinates = support::readNumbers(runFile, "NodesAll/Coordnts");
+  const std::vector<double> corners = support::readNumbers(runFile, "CellsAll/Topology");
+  const auto nodes = static_cast<std::size_t>(support::readNumbers(runFile, "NodesAll/set").at(0));
+  const std::size_t width = coordinates.size() / nodes;
+  std::vector<std::array<Point, 3>> cells(corners.size() / 3);
+  for (std::size_t k = 0; k < corners.size(); ++k) {
+    const auto node = static_cast<std::size_t>(corners[k]);
+    cells[k / 3][k % 3] = {coordinates.at(width * node), coordinates.at(width * node + 1)};
+  }
+  return cells;
+}
 
 Point Solution::centroid(std::size_t cell) const {
   const auto& [a, b, c] = cells[cell];

@@ -54,6 +54,9 @@ struct Solution {
   Point centroid(std::size_t cell) const;
 };
 
+/// Corners of all cells of a run file.
+std::vector<std::array<Point, 3>> readCells(const std::string& runFile);
+
 /// Makes the run file of a case in a folder and runs it, with the CFL number 0.5. Where its
 /// processes do not say otherwise there are closed walls all around and no friction.
 /// @throws std::runtime_error with what was printed if one of the programs fails, and if a result

@@ -62,6 +62,21 @@ TEST_F(MorBedloadDirection, lateralSlopeDeviatesDownslope) {
   EXPECT_EQ(lateralSlopeDeviation(-0.25, 4.0), 0.0625);
 }
 
+/// The formula is f / sqrt(t) times the slope, with the Shields parameter t.
+TEST_F(MorBedloadDirection, lateralSlopeTakesTheFactorOfTheLiteratureTimesGravity) {
+  set(ParameterID::InvGravity, 1.0 / 9.81);
+  set(ParameterID::SedRelDensity, 1.65);
+  set(ParameterID::BedloadIkeda, 0.5 * 9.81);
+  double const q = 1.5;
+  double const depth = 1.25;
+  double const chezySquared = 150.0;
+  double const grainSize = 0.004;
+  double const shields =
+      q * q / (depth * depth) / chezySquared / (1.65 * 9.81 * grainSize);  // 0.148
+  double const stress = lateralStress(q, 1.0 / depth, 1.0 / chezySquared, grainSize);
+  EXPECT_NEAR(lateralSlopeDeviation(0.02, stress), -0.5 / std::sqrt(shields) * 0.02, 1e-15);
+}
+
 TEST_F(MorBedloadDirection, lateralSlopeCountsOnlyIfItsSwitchIsOne) {
   set(ParameterID::BedloadIkeda, 0.5);
   for (int const value : {0, 2, -1}) {

@@ -135,6 +135,23 @@ TEST_F(MorInternalFluxes, projectTheDerivativeOnTheDirectionOfTheFlow) {
   EXPECT_DOUBLE_EQ(flux(), (1.0 + root) * 0.5 / root);
 }
 
+/// With weak transport the bed itself moves at d c^2 u / (c^2 - u^2).
+TEST_F(MorInternalFluxes, takeAFasterBedThanThereIsTheMoreTheSlowerTheFlow) {
+  double const weak = 1e-9;
+  for (double const froude : {0.1, 0.2, 0.4, 0.6}) {
+    std::array<double, 3> const state{1.0, froude, 0.0};  // the celerity is 1
+    std::array<double, 2> const derivative{weak, 0.0};
+    double const bed = weak * froude / (1.0 - froude * froude);
+    double const along =
+        kernels::morphology::bedWaves(normal.data(), state.data(), 0.0, derivative.data()).high;
+    EXPECT_NEAR(along / bed, (1.0 + froude) / froude, 1e-4) << froude;
+    std::array<double, 2> const back{-1.0, 0.0};
+    double const against =
+        kernels::morphology::bedWaves(back.data(), state.data(), 0.0, derivative.data()).high;
+    EXPECT_NEAR(against / bed, (1.0 - froude) / froude, 1e-4) << froude;
+  }
+}
+
 TEST_F(MorInternalFluxes, areZeroOnlyForSpeedsCloserThanTheTolerance) {
   // In still water the speeds are -c and 0: their distance is the celerity.
   left.state = right.state = {1.0, 0.0, 0.0};
