@@ -58,6 +58,8 @@ class IXdmfWriter {
   /// it, while readers of XDMF 3 know neither columns of datasets nor functions.
   virtual void addDataset(const std::string& name, int rows, const std::string& file,
                           const std::string& dataset, int columns) = 0;
+  /// A text about the whole document, to be added before the mesh.
+  virtual void addInformation(const std::string& name, const std::string& value) = 0;
 };
 
 }  // namespace api

@@ -205,4 +205,12 @@ void XdmfWriter::addDataset(const std::string& name, int rows, const std::string
   endAttribute(false);
 }
 
+void XdmfWriter::addInformation(const std::string& name, const std::string& value) {
+  CHECK_THAT(!this->meshAdded, "information on <" << filename << "> must stand before the mesh!");
+  xdmf.beginElement("Information");
+  xdmf.setName(name);
+  xdmf.setValue(value);
+  xdmf.endElement("Information");
+}
+
 }  // namespace dataio

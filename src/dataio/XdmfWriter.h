@@ -49,6 +49,7 @@ class XdmfWriter final : public api::IXdmfWriter {
                          const std::vector<int>& indices) override;
   void addDataset(const std::string& name, int rows, const std::string& file,
                   const std::string& dataset, int columns) override;
+  void addInformation(const std::string& name, const std::string& value) override;
 
  private:
   /// @param size values per cell: 1, or 3 for a vector

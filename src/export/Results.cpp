@@ -165,6 +165,10 @@ void Results::chooseOutputs() {
   }
 }
 
+std::vector<Record> Results::steps() const {
+  return records().empty() ? std::vector<Record>{{0.0, NO_POSITION}} : records();
+}
+
 std::vector<const api::IOutput*> Results::outputsOn(model::SetID set) const {
   std::vector<const api::IOutput*> found;
   for (const api::IOutput* output : shown) {

@@ -50,6 +50,8 @@ class Results {
 
   /// In the order of time; none if the file holds tracked data only.
   const std::vector<Record>& records() const { return index->records(); }
+  /// The records, or one at time 0 without a position if the file holds tracked data only.
+  std::vector<Record> steps() const;
   /// Records that are not valid, or not complete.
   int invalidRecords() const { return index->invalid(); }
 

@@ -171,6 +171,15 @@ TEST_F(XdmfWriterTest, WholeDatasetsAreScalarsOrVectors) {
               ElementsAre("m.h5:depth", "m.h5:velocity"));
 }
 
+TEST_F(XdmfWriterTest, InformationStandsBeforeTheMesh) {
+  writer.addInformation("program", "v1 & <2>");
+  addMesh();
+  expectCheck(reportOf([&] { writer.addInformation("late", "x"); }),
+              "information on <" + name + "> must stand before the mesh!");
+  const support::Xml document = written();
+  EXPECT_THAT(document.texts("/Xdmf/Domain/Information/@*"), ElementsAre("program", "v1 & <2>"));
+}
+
 TEST_F(XdmfWriterTest, DataNeedAStep) {
   const std::string text = "you must add a time step before adding data!";
   expectCheck(reportOf([&] { writer.addScalar("a", 2, "r.h5", STATE, 3, 0); }), text);

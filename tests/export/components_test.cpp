@@ -16,7 +16,8 @@ TEST(Components, StandForEachValueOfEachOutput) {
 
 TEST(Components, OfAScalarBearItsName) {
   for (const auto& [id, property] : model::OutputProps) {
-    if (property.size == 1) EXPECT_EQ(componentsOf(id)[0].name, property.name);
+    if (property.size != 1) continue;
+    EXPECT_EQ(componentsOf(id)[0].name, property.name);
   }
 }
 
