@@ -121,11 +121,21 @@ class MaskedFile {
     }
   }
 
+  /// Twice: by columns for QGIS, and as a whole for readers of XDMF 3.
   void describe(const api::IOutput& output, int position) {
+    const int rows = static_cast<int>(results.mesh().cells.size());
     for (const Quantity& quantity : quantitiesOf(output)) {
-      document.writer().addDataset(quantity.name, static_cast<int>(results.mesh().cells.size()),
-                                   document.dataFile(), pathOf(quantity.name, position),
-                                   quantity.width == 1 ? 1 : static_cast<int>(VECTOR));
+      const std::string path = pathOf(quantity.name, position);
+      const int columns = quantity.width == 1 ? 1 : static_cast<int>(VECTOR);
+      if (columns == 1) {
+        document.writer().addScalar(quantity.name, rows, document.dataFile(), path, columns, 0);
+      } else {
+        document.writer().addVector(quantity.name, rows, document.dataFile(), path, columns,
+                                    {0, 1});
+      }
+      document.writer().beginIncluded();
+      document.writer().addDataset(quantity.name, rows, document.dataFile(), path, columns);
+      document.writer().endIncluded();
     }
   }
 

@@ -23,6 +23,8 @@ exporter::Request parse(int argc, char** argv) {
   Name results("r", "results", "the results file", true, "", "file", line);
   Name document("o", "output", "XDMF document to be written, for ParaView and QGIS", false, "",
                 "file", line);
+  Name mesh("", "mesh", "mesh to be written (.2dm), to which QGIS adds the document", false, "",
+            "file", line);
   Name strings("c", "csv", "table of the discharges of nodestrings to be written", false, "",
                "file", line);
   TCLAP::MultiArg<std::string> gauges(
@@ -36,8 +38,9 @@ exporter::Request parse(int argc, char** argv) {
   TCLAP::SwitchArg list("l", "list", "tells what the results file holds", line);
   TCLAP::SwitchArg json("j", "json", "reports as one JSON object", line);
   line.parse(argc, argv);
-  return {results.getValue(),   document.getValue(), strings.getValue(), gauges.getValue(),
-          gaugeFile.getValue(), masked.getValue(),   list.getValue(),    json.getValue()};
+  return {results.getValue(), document.getValue(), mesh.getValue(),
+          strings.getValue(), gauges.getValue(),   gaugeFile.getValue(),
+          masked.getValue(),  list.getValue(),     json.getValue()};
 }
 
 }  // namespace

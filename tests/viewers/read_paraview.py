@@ -1,6 +1,6 @@
 """Opens a document with a reader of ParaView and stores what it shows.
 
-    read.py READER DOCUMENT FILE.npz
+    read_paraview.py READER DOCUMENT FILE.npz
 """
 
 import sys

@@ -1,11 +1,11 @@
-"""Opens exported documents with the readers of ParaView and compares what they show with values
-computed here from the results file.
+"""Opens exported documents with a viewer and compares what it shows with values computed here from
+the results file.
 
-    check.py FOLDER_OF_EXECUTABLES
+    check.py FOLDER_OF_EXECUTABLES paraview|qgis
 
 Each study of examples/ is run for a few records; samples with all outputs and with a moving bed are
 taken as they are. A reader that crashes must not end the check, so each opens a document in a
-process of its own: read.py.
+process of its own: read_paraview.py, read_qgis.py.
 """
 
 import json
@@ -21,7 +21,8 @@ import numpy as np
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SAMPLES = ["full_model", "mor_grass", "dam_dry"]
 RECORDS = 4
-READERS = ["XDMFReader", "Xdmf3ReaderS", "Xdmf3ReaderT"]
+READERS = {"paraview": ["XDMFReader", "Xdmf3ReaderS", "Xdmf3ReaderT"], "qgis": ["QGIS"]}
+UNKNOWN_TO_QGIS = {"flow_velocity", "flow_velocity_abs", "flow_radius"}  # as formulas
 FLOOD = ["flood_arrival_time", "flood_maximum_depth", "flood_maximum_velocity",
          "flood_maximum_spec_discharge"]
 PARTS = {"water_surface", "bottom_elevation", "friction_chezy", "spec_discharge", "delta_z",
@@ -98,14 +99,34 @@ def run_study(study, executables, folder):
         cwd=folder)
 
 
+def take_sample(sample, folder):
+    """The stored results of a sample, with one output more: the data of all are there."""
+    folder.mkdir()
+    shutil.copy(ROOT / "tests/samples" / sample / "expected_results.h5", folder / "run_results.h5")
+    with h5py.File(folder / "run_results.h5", "r+") as file:
+        command = json.loads(file[".config/simulation"][0])
+        command["SIMULATION"]["OUTPUT"].append("flow_velocity_abs")
+        file[".config/simulation"][0] = json.dumps(command)
+
+
 def read(reader, document):
     """What a reader shows: times, cells, nodes and the values of each attribute at each time."""
     shown = document.with_suffix(f".{reader}.npz")
-    done = subprocess.run([sys.executable, ROOT / "tests/paraview/read.py", reader, document, shown],
+    script, first = (("read_qgis.py", document.with_name("run.2dm")) if reader == "QGIS"
+                     else ("read_paraview.py", reader))
+    done = subprocess.run([sys.executable, ROOT / "tests/viewers" / script, first, document, shown],
                           capture_output=True, text=True)
     if done.returncode != 0:
         sys.exit(f"{reader} failed for {document} ({done.returncode}):\n{done.stderr[-3000:]}")
     return np.load(shown)
+
+
+def shown_by(reader, names, masked):
+    """The outputs that a reader knows how to show."""
+    if masked or reader == "XDMFReader":
+        return names
+    # The readers of XDMF 3 know neither columns of datasets nor functions.
+    return names - UNKNOWN_TO_QGIS if reader == "QGIS" else set()
 
 
 def same(shown, expected):
@@ -139,17 +160,16 @@ def compare(results, shown, names, masked):
     return faults
 
 
-def check(title, folder, executables):
-    run(executables / "export", "-r", "run_results.h5", "-o", "run.xdmf", "-m", "dry.h5",
-        cwd=folder)
+def check(title, folder, executables, viewer):
+    run(executables / "export", "-r", "run_results.h5", "-o", "run.xdmf", "-m", "dry.h5", "--mesh",
+        "run.2dm", cwd=folder)
     moved = folder.with_name(folder.name + "_moved")
     folder.rename(moved)  # documents name their data relative to themselves
     results = Results(moved / "run_results.h5")
     faults = []
-    for reader in READERS:
+    for reader in READERS[viewer]:
         for document, masked in [("run.xdmf", False), ("dry.xdmf", True)]:
-            # The readers of XDMF 3 know neither columns of datasets nor functions.
-            names = results.names if masked or reader == "XDMFReader" else set()
+            names = shown_by(reader, results.names, masked)
             found = compare(results, read(reader, moved / document), names, masked)
             faults += [f"{title}: {reader}, {document}: {line}" for line in found]
     print(f"{title}: {len(results.times)} records of {results.cells} cells, "
@@ -159,19 +179,18 @@ def check(title, folder, executables):
 
 def main():
     executables = pathlib.Path(sys.argv[1]).resolve()
+    viewer = sys.argv[2]
     faults = []
     with tempfile.TemporaryDirectory() as work:
         work = pathlib.Path(work)
         for study in sorted(path for path in (ROOT / "examples").iterdir() if path.is_dir()):
             folder = work / study.name
             run_study(study, executables, folder)
-            faults += check(f"examples/{study.name}", folder, executables)
+            faults += check(f"examples/{study.name}", folder, executables, viewer)
         for sample in SAMPLES:
             folder = work / sample
-            folder.mkdir()
-            shutil.copy(ROOT / "tests/samples" / sample / "expected_results.h5",
-                        folder / "run_results.h5")
-            faults += check(f"samples/{sample}", folder, executables)
+            take_sample(sample, folder)
+            faults += check(f"samples/{sample}", folder, executables, viewer)
     sys.exit("\n".join(faults) if faults else 0)
 
 
