@@ -57,6 +57,7 @@ class Description {
  private:
   void addFunctions(const api::IOutput& output, const Lists& lists) const {
     std::vector<std::string> functions;
+    functions.reserve(static_cast<std::size_t>(output.getNrDataFunctions()));
     for (int i = 0; i < output.getNrDataFunctions(); ++i) {
       functions.push_back(viewerExpression(output.getDataFunction(i).expression));
     }
