@@ -4,6 +4,7 @@
 #include "dataio/H5Writer.h"
 #include "dataio/JSONReader.h"
 #include "dataio/ResultReader.h"
+#include "dataio/XdmfWriter.h"
 
 namespace dataio {
 
@@ -25,6 +26,10 @@ api::IResultReader* Factory::createResultReader(const std::string& file) {
 
 api::ICommandFileReader* Factory::createCommandFileReader(const std::string& input) {
   return new JSONReader(input);
+}
+
+api::IXdmfWriter* Factory::createXdmfWriter(const std::string& file) {
+  return new XdmfWriter(file);
 }
 
 }  // namespace dataio

@@ -3,7 +3,7 @@
 //   std::unique_ptr<api::IH5Reader> const reader(dataio::Factory::createH5Reader("run.h5"));
 //   auto const nodes = reader->readDoubleVecVec("NodesAll/Coordnts");
 //
-// Each creator opens its file at once; the caller deletes what it gets.
+// Each creator of HDF5 access opens its file at once; the caller deletes what it gets.
 #pragma once
 
 #include <string>
@@ -12,6 +12,7 @@
 #include "api/IH5Reader.h"
 #include "api/IH5Writer.h"
 #include "api/IResultReader.h"
+#include "api/IXdmfWriter.h"
 
 namespace dataio {
 
@@ -34,6 +35,10 @@ class Factory {
   /// @param input a JSON document, or else the name of a file that holds one
   /// @throws BaseException if neither can be parsed.
   static api::ICommandFileReader* createCommandFileReader(const std::string& input);
+
+  /// Begins a description of results for viewers; nothing is written before its write().
+  /// @param file name of the document
+  static api::IXdmfWriter* createXdmfWriter(const std::string& file);
 };
 
 }  // namespace dataio

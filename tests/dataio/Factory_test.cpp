@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <memory>
 
 #include "dataio/h5/error.h"
@@ -57,6 +58,13 @@ TEST_F(FactoryTest, CommandFileReaderReadsADocument) {
   const std::unique_ptr<api::ICommandFileReader> reader(
       Factory::createCommandFileReader(R"({"A":{"B":4}})"));
   EXPECT_EQ(reader->getOptionalInt("A/B", 0), 4);
+}
+
+TEST_F(FactoryTest, XdmfWriterWritesADocument) {
+  const std::unique_ptr<api::IXdmfWriter> writer(Factory::createXdmfWriter(name));
+  EXPECT_FALSE(std::filesystem::exists(name));
+  writer->write(name);
+  EXPECT_TRUE(std::filesystem::exists(name));
 }
 
 TEST_F(FactoryTest, ReaderNeedsTheFile) {

@@ -41,4 +41,13 @@ void check(herr_t status, const std::string& text) {
   if (status < 0) fail(text);
 }
 
+Silence::Silence() {
+  H5Eget_auto2(H5E_DEFAULT, &reporter, &data);
+  H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
+}
+
+Silence::~Silence() {
+  H5Eset_auto2(H5E_DEFAULT, reporter, data);
+}
+
 }  // namespace dataio::h5

@@ -4,7 +4,7 @@
 //       h5::checked(H5Gopen2(file, "CellsAll", H5P_DEFAULT), "Unable to open the group ...");
 //
 // The library prints its own report on standard error before; that is left on, as it tells in
-// detail what this text only names.
+// detail what this text only names. Where failures are expected, Silence turns it off.
 #pragma once
 
 #include <stdexcept>
@@ -31,5 +31,20 @@ Handle checked(hid_t id, const std::string& text);
 
 /// @throws Error if `status` is negative.
 void check(herr_t status, const std::string& text);
+
+/// While it lives, the library prints no reports.
+class Silence {
+ public:
+  Silence();
+  ~Silence();
+  Silence(const Silence&) = delete;
+  Silence& operator=(const Silence&) = delete;
+  Silence(Silence&&) = delete;
+  Silence& operator=(Silence&&) = delete;
+
+ private:
+  H5E_auto2_t reporter = nullptr;
+  void* data = nullptr;
+};
 
 }  // namespace dataio::h5

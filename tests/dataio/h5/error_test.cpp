@@ -39,4 +39,16 @@ TEST(H5Error, LibrarysOwnReportIsLeftOn) {
   EXPECT_EQ(report.rfind("HDF5-DIAG: ", 0), 0U) << report;
 }
 
+TEST(H5Error, SilenceTurnsTheReportOffForAWhile) {
+  const auto provoke = [] {
+    textOf<h5::Error>([] { h5::check(H5Gget_num_objs(-1, nullptr), "a"); });
+  };
+  EXPECT_EQ(failures::standardErrorOf([&] {
+              const h5::Silence silence;
+              provoke();
+            }),
+            "");
+  EXPECT_NE(failures::standardErrorOf(provoke), "");
+}
+
 }  // namespace

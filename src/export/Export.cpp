@@ -1,0 +1,89 @@
+#include "export/Export.h"
+
+#include <iostream>
+#include <memory>
+
+#include "common/console.h"
+#include "export/Gauge.h"
+#include "export/Results.h"
+#include "export/gaugeSeries.h"
+#include "export/maskedFile.h"
+#include "export/meshFile.h"
+#include "export/report.h"
+#include "export/stringSeries.h"
+#include "export/xdmf.h"
+
+namespace console = common::console;
+
+namespace exporter {
+
+namespace {
+
+/// While it lives, nothing appears on standard output.
+class Quiet {
+ public:
+  explicit Quiet(bool active) : buffer(active ? std::cout.rdbuf(nullptr) : std::cout.rdbuf()) {}
+  ~Quiet() { std::cout.rdbuf(buffer); }
+  Quiet(const Quiet&) = delete;
+  Quiet& operator=(const Quiet&) = delete;
+  Quiet(Quiet&&) = delete;
+  Quiet& operator=(Quiet&&) = delete;
+
+ private:
+  std::streambuf* buffer;
+};
+
+std::vector<Gauge> gaugesOf(const Request& request) {
+  std::vector<Gauge> gauges;
+  for (const std::string& text : request.gauges) {
+    gauges.push_back(parseGauge(text, static_cast<int>(gauges.size()) + 1));
+  }
+  return gauges;
+}
+
+void requireWish(const Request& request) {
+  const bool asksForFile = !request.document.empty() || !request.mesh.empty() ||
+                           !request.strings.empty() || !request.gauges.empty() ||
+                           !request.masked.empty();
+  if (asksForFile || request.list || request.json) return;
+  console::fail("nothing to do: ask for a document with --output, for the mesh with --mesh, for ",
+                "tables with --csv or --gauge, for derived values with --masked, or for a report ",
+                "with --list");
+}
+
+/// @return the names of the files
+std::vector<std::string> writeFiles(const Results& results, const Request& request) {
+  std::vector<std::string> written;
+  const std::vector<Gauge> gauges = gaugesOf(request);
+  const auto write = [&](bool wanted, const std::string& file, const auto& writer) {
+    if (!wanted) return;
+    writer(results, file);
+    written.push_back(file);
+    console::info("file <", file, "> written");
+  };
+  write(!request.document.empty(), request.document, writeXdmf);
+  write(!request.mesh.empty(), request.mesh, writeMesh);
+  write(!request.strings.empty(), request.strings, writeStringSeries);
+  write(!gauges.empty(), request.gaugeFile, [&](const Results& from, const std::string& file) {
+    writeGaugeSeries(from, gauges, file);
+  });
+  write(!request.masked.empty(), request.masked, writeMasked);
+  return written;
+}
+
+}  // namespace
+
+void run(const Request& request) {
+  requireWish(request);
+  nlohmann::ordered_json report;
+  {
+    const Quiet quiet(request.json);
+    const Results results(request.results);
+    if (request.list) printReport(results);
+    report = describe(results);
+    report["written"] = writeFiles(results, request);
+  }
+  if (request.json) std::cout << report.dump(2) << std::endl;
+}
+
+}  // namespace exporter

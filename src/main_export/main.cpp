@@ -1,0 +1,68 @@
+// The executable that turns results into what viewers and tables read.
+
+#include <tclap/CmdLine.h>
+
+#include <cstdlib>
+#include <string>
+#include <vector>
+
+#include "common/BaseException.h"
+#include "common/console.h"
+#include "common/version.h"
+#include "export/Export.h"
+
+namespace console = common::console;
+
+namespace {
+
+/// Ends the process for --help, --version and arguments that are not understood.
+exporter::Request parse(int argc, char** argv) {
+  using Name = TCLAP::ValueArg<std::string>;
+  TCLAP::CmdLine line("This is the 'export' binary of the RHEOMARK framework.", ' ',
+                      common::VERSION);
+  Name results("r", "results", "the results file", true, "", "file", line);
+  Name document("o", "output", "XDMF document to be written, for ParaView and QGIS", false, "",
+                "file", line);
+  Name mesh("", "mesh", "mesh to be written (.2dm), to which QGIS adds the document", false, "",
+            "file", line);
+  Name strings("c", "csv", "table of the discharges of nodestrings to be written", false, "",
+               "file", line);
+  TCLAP::MultiArg<std::string> gauges(
+      "g", "gauge", "point at which the outputs are sampled; may be given several times", false,
+      "x,y[,name]", line);
+  Name gaugeFile("", "gauge-csv", "table of the gauges to be written", false, "gauges.csv", "file",
+                 line);
+  Name masked("m", "masked",
+              "file of derived values to be written, in which dry cells show no flow (.h5)", false,
+              "", "file", line);
+  TCLAP::SwitchArg list("l", "list", "tells what the results file holds", line);
+  TCLAP::SwitchArg json("j", "json", "reports as one JSON object", line);
+  line.parse(argc, argv);
+  return {results.getValue(), document.getValue(), mesh.getValue(),
+          strings.getValue(), gauges.getValue(),   gaugeFile.getValue(),
+          masked.getValue(),  list.getValue(),     json.getValue()};
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // A file can be looked into while the run that writes it goes on.
+  setenv("HDF5_USE_FILE_LOCKING", "FALSE", 0);
+  bool forPeople = true;
+  try {
+    const exporter::Request request = parse(argc, argv);
+    forPeople = !request.json;
+    if (forPeople) console::printHeader();
+    exporter::run(request);
+  } catch (const BaseException& fault) {
+    console::error(fault.what());
+    return 1;
+  } catch (const std::exception& fault) {
+    console::error("unhandled exception (actually, this should never happen)");
+    console::error(fault.what());
+    console::error(BaseException().what());
+    return 1;
+  }
+  if (forPeople) console::printFooter();
+  return 0;
+}

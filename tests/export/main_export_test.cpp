@@ -1,0 +1,167 @@
+// The executable as users start it.
+#include <gmock/gmock.h>
+
+#include <nlohmann/json.hpp>
+
+#include "export/SampleResults.h"
+#include "export/Table.h"
+#include "support/Xml.h"
+
+using ::testing::EndsWith;
+using ::testing::HasSubstr;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+namespace {
+
+const std::string FOOTER =
+    "\n" + std::string(60, '-') + "\n RHEOMARK successfully processed all necessary jobs!\n\n";
+
+class ExportExecutable : public samples::SampleResults {
+ protected:
+  support::Outcome run(std::vector<std::string> arguments) const {
+    arguments.insert(arguments.begin(), {"-r", "run_results.h5"});
+    return support::runIn(dir.path(), EXPORT_EXE, arguments);
+  }
+
+  /// Nothing but our own words, the last of which is that the program has ended.
+  void expectFailure(const support::Outcome& outcome, const std::string& message) const {
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_THAT(outcome.err, HasSubstr(message));
+    EXPECT_THAT(outcome.err, EndsWith(" -> ... unfortunately RHEOMARK is killed!\n"));
+    EXPECT_THAT(outcome.err, Not(HasSubstr("HDF5-DIAG")));
+    EXPECT_THAT(outcome.out, Not(HasSubstr("successfully")));
+  }
+};
+
+}  // namespace
+
+TEST_F(ExportExecutable, writesAllThatIsAskedForBetweenBannerAndFooter) {
+  use("full_model");
+  const support::Outcome outcome =
+      run({"-o", "run.xdmf", "--mesh", "run.2dm", "--csv", "strings.csv", "--gauge", "1,1,mill",
+           "-g", "2,1", "--masked", "dry.h5", "--list"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  EXPECT_EQ(outcome.err, "");
+  EXPECT_THAT(outcome.out, StartsWith("RHEOMARK v"));
+  EXPECT_THAT(outcome.out, HasSubstr(" -> record 0000004: t[s]: 4, a run can be continued from it\n"
+                                     " -> file <run.xdmf> written\n"
+                                     " -> file <run.2dm> written\n"
+                                     " -> file <strings.csv> written\n"
+                                     " -> file <gauges.csv> written\n"
+                                     " -> file <dry.h5> written\n"));
+  EXPECT_THAT(outcome.out, EndsWith(FOOTER));
+  const support::Xml document(support::readFile(dir.file("run.xdmf")));
+  EXPECT_THAT(document.texts("/Xdmf/Domain/Topology/DataItem"),
+              ::testing::ElementsAre("run_results.h5:CellsAll/Topology"));
+  EXPECT_EQ(samples::readTable(dir.file("strings.csv")).size(), 6U);
+  const auto gauges = samples::readTable(dir.file("gauges.csv"));
+  EXPECT_EQ(gauges.at(0).at(1), "mill flood_arrival_time [s]");
+  EXPECT_THAT(gauges.at(0).back(), StartsWith("gauge 2 "));
+  EXPECT_FALSE(support::datasetPaths(dir.file("dry.h5")).empty());
+}
+
+TEST_F(ExportExecutable, leavesTheResultsAsTheyWere) {
+  use("full_model");
+  std::filesystem::permissions(file, std::filesystem::perms::owner_read);
+  const std::string before = support::readFile(file);
+  EXPECT_EQ(run({"-o", "run.xdmf", "-m", "dry.h5", "-l"}).status, 0);
+  EXPECT_EQ(support::readFile(file), before);
+}
+
+TEST_F(ExportExecutable, printsOneJsonObjectAndNothingElse) {
+  use("full_model");
+  const support::Outcome outcome = run({"--json", "-o", "run.xdmf", "--list"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  const auto report = nlohmann::json::parse(outcome.out);
+  EXPECT_EQ(report.at("file"), "run_results.h5");
+  EXPECT_EQ(report.at("written"), nlohmann::json({"run.xdmf"}));
+  EXPECT_EQ(report.at("restart_times"), nlohmann::json({1.0, 2.0, 3.0, 4.0}));
+}
+
+TEST_F(ExportExecutable, putsGaugesWhereItIsTold) {
+  use("full_model");
+  EXPECT_EQ(run({"-g", "1,1", "--gauge-csv", "points.csv"}).status, 0);
+  EXPECT_TRUE(std::filesystem::exists(dir.file("points.csv")));
+  EXPECT_FALSE(std::filesystem::exists(dir.file("gauges.csv")));
+}
+
+TEST_F(ExportExecutable, needsSomethingToDo) {
+  use("one_cell");
+  expectFailure(run({}), " -> nothing to do: ask for a document with --output, ");
+}
+
+TEST_F(ExportExecutable, refusesBadFiles) {
+  expectFailure(run({"-l"}), " -> results file <run_results.h5>: there is no such file\n");
+
+  support::writeFile(file, "no results");
+  expectFailure(run({"-l"}), " -> results file <run_results.h5> cannot be opened: it is damaged, ");
+
+  use("one_cell");
+  std::filesystem::resize_file(file, std::filesystem::file_size(file) - 512);
+  expectFailure(run({"-l"}), " -> results file <run_results.h5> cannot be opened: it is damaged, ");
+
+  std::filesystem::rename(dir.file("run.h5"), file);
+  expectFailure(run({"-l"}), " -> results file <run_results.h5> holds no command file: ");
+}
+
+TEST_F(ExportExecutable, refusesAFileWithoutResults) {
+  use("dam_dry");
+  remove("RESULTS");
+  expectFailure(run({"-o", "run.xdmf"}), "holds no valid record: ");
+  EXPECT_FALSE(std::filesystem::exists(dir.file("run.xdmf")));
+}
+
+TEST_F(ExportExecutable, takesASingleRecord) {
+  use("full_model");
+  invalidate("CellsAll/HydState", 1);
+  EXPECT_EQ(run({"-o", "run.xdmf", "-c", "s.csv", "-g", "1,1", "-m", "dry.h5"}).status, 0);
+  EXPECT_EQ(samples::readTable(dir.file("s.csv")).size(), 2U);
+}
+
+TEST_F(ExportExecutable, takesTrackedDataAlone) {
+  use("dam_dry");
+  remove("RESULTS/CellsAll/HydState");
+  EXPECT_EQ(run({"-o", "run.xdmf", "-m", "dry.h5", "-l"}).status, 0);
+  expectFailure(run({"-c", "s.csv"}), "holds no discharges of nodestrings: ");
+}
+
+TEST_F(ExportExecutable, refusesAGaugeOutsideTheMeshAndKeepsItsOldTable) {
+  use("one_cell");
+  support::writeFile(dir.file("gauges.csv"), "before");
+  expectFailure(run({"-g", "1e6,0,sea"}), " -> gauge <sea> at 1e+06, 0 lies outside the mesh, ");
+  EXPECT_EQ(support::readFile(dir.file("gauges.csv")), "before");
+}
+
+TEST_F(ExportExecutable, refusesToOverwriteTheResults) {
+  use("one_cell");
+  const std::string before = support::readFile(file);
+  expectFailure(run({"-m", "run_results.h5"}), "is the results file itself: give another name\n");
+  expectFailure(run({"-c", "run_results.h5", "-g", "0,0"}), " -> ");
+  EXPECT_EQ(support::readFile(file), before);
+}
+
+TEST_F(ExportExecutable, endsWithStatusOneIfADiskIsFull) {
+  use("full_model");
+  const support::Outcome outcome =
+      support::runIn(dir.path(), "/bin/sh",
+                     {"-c", std::string("trap '' XFSZ; ulimit -f 100; exec ") + EXPORT_EXE +
+                                " -r run_results.h5 -m dry.h5"});
+  EXPECT_EQ(outcome.status, 1) << outcome.err;
+  EXPECT_EQ(outcome.err,
+            " -> file <dry.h5> cannot be written: the disk is full, or the size of files is "
+            "limited\n -> ... unfortunately RHEOMARK is killed!\n");
+  for (const std::string name : {"dry.h5", "dry.h5.part", "dry.xdmf", "dry.xdmf.part"}) {
+    EXPECT_FALSE(std::filesystem::exists(dir.file(name))) << name;
+  }
+}
+
+TEST_F(ExportExecutable, helpNamesTheArguments) {
+  const support::Outcome outcome = run({"--help"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(outcome.out, HasSubstr("This is the 'export' binary of the RHEOMARK framework."));
+  for (const std::string option : {"--results", "--output", "--csv", "--gauge", "--gauge-csv",
+                                   "--masked", "--list", "--json"}) {
+    EXPECT_THAT(outcome.out, HasSubstr(option));
+  }
+}
