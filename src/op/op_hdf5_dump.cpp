@@ -29,7 +29,7 @@ void op_dump_to_hdf5(char const* file) {
   require_names_differ();
   for (op_dat_entry const* entry = OP_dat_list.first; entry != nullptr; entry = entry->next) {
     op_dat const dat = entry->dat;
-    if (op_type_of(dat->type) == op_type::Unknown) {
+    if (!op_type_is_stored(dat->type)) {
       op_fail(2, "Unknown type for data elements %s\n", dat->type);
     }
     op_hdf5_write_dat(dat, file, dat->name);

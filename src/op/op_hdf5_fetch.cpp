@@ -10,6 +10,7 @@
 #include "op/op_arg.h"
 #include "op/op_hdf5.h"
 #include "op/op_hdf5_dataset.h"
+#include "op/op_type.h"
 #include "op/op_util.h"
 
 namespace {
@@ -30,7 +31,7 @@ void require(bool done, Target const& target) {
   if (!done) fail_write(target);
 }
 
-// The HDF5 type of new datasets, by the dat's type.
+// The HDF5 type by the dat's type.
 hid_t file_type(Target const& target) {
   hid_t const type = op_hdf5_type_of(target.dat->type).memory;
   if (type < 0) op_fail(2, "Unknown type for data elements\n");
@@ -160,6 +161,7 @@ void write_attributes(hid_t dataset, Target const& target) {
 }
 
 void create_dataset(hid_t file, Target const& target) {
+  if (!op_type_is_stored(target.dat->type)) op_fail(2, "Unknown type for data elements\n");
   hid_t const type = file_type(target);
   require(create_path(target.path, file), target);
   auto const extents = extents_of(target.dat);

@@ -30,3 +30,12 @@ op_type op_type_of(char const* name) {
                                          [=](Entry const& entry) { return entry.first == name; });
   return found == NAMES.end() ? op_type::Unknown : found->second;
 }
+
+bool op_type_is_stored(char const* name) {
+  static constexpr std::string_view SUFFIX = ":soa";
+  static constexpr std::array<std::string_view, 5> NAMES{"double", "float", "int", "long",
+                                                         "long long"};
+  std::string_view type(name);
+  if (type.ends_with(SUFFIX)) type.remove_suffix(SUFFIX.size());
+  return std::find(NAMES.begin(), NAMES.end(), type) != NAMES.end();
+}

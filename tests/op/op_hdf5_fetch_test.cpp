@@ -220,6 +220,12 @@ TEST_F(OpFetchDataHdf5, AcceptsAnEquivalentType) {
   EXPECT_EQ(stored<double>(H5T_NATIVE_DOUBLE), values_);
 }
 
+TEST_F(OpFetchDataHdf5, MakesNoDatasetOfATypeOfFortran) {
+  for (char const* const type : {"real(8)", "double precision"}) {
+    expectExit(dat(type, 8, values_.data()), "Unknown type for data elements\n");
+  }
+}
+
 TEST_F(OpFetchDataHdf5, AcceptsATypeOfVariableLength) {
   write(flow_);
   H5Handle const text(H5Tcopy(H5T_C_S1), H5Tclose);

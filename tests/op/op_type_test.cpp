@@ -28,4 +28,14 @@ TEST(OpTypeOf, KnowsNoOtherNames) {
   }
 }
 
+TEST(OpTypeIsStored, IsTrueOfTheNamesOfCOnly) {
+  for (char const* const name : {"double", "double:soa", "float", "int:soa", "long", "long long"}) {
+    EXPECT_TRUE(op_type_is_stored(name)) << name;
+  }
+  for (char const* const name :
+       {"real(8)", "double precision", "real", "integer", "bool", ":soa"}) {
+    EXPECT_FALSE(op_type_is_stored(name)) << name;
+  }
+}
+
 }  // namespace
