@@ -218,21 +218,11 @@ void RHEOcommon::initializeReRunData(const std::string& output, const double& ti
         dataio::ResultReader::getOutputPath(data->getH5Path(), outputCounter);
     dats[id] = op_decl_dat_hdf5(sets[data->getSet()->getID()], data->getDimension().at(1),
                                 data->getType().c_str(), name.c_str(), record.c_str());
+    reader->deleteResults(data->getH5Path(), position);
   }
   console::info("Re-run properly set at ", time, " [s]");
   reader.reset();
   resultFile.reset(dataio::Factory::createH5Writer(name, "rw"));
-}
-
-// The records from the restart on are given up only when the first of them is about to be written
-// again: what fails before, a full disk too, or ends the process does not cost them.
-void RHEOcommon::invalidateOldRecords() {
-  reserveRecord(outputData);
-  const std::unique_ptr<api::IResultReader> reader(
-      dataio::Factory::createResultReader(resultFile->getFilename()));
-  for (const model::DataID id : solutionData) {
-    reader->deleteResults(model->getData(id)->getH5Path(), outputCounter);
-  }
 }
 
 void RHEOcommon::initializeResultsFile(const std::string& output) {
@@ -428,7 +418,6 @@ void RHEOcommon::run() {
   initialTimeStep = dtInit();
   archive();
   copyMinDepthParameter();
-  if (start > 0.0) invalidateOldRecords();
   if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
 
   const SignalWatch signals;

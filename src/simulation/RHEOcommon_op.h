@@ -89,7 +89,6 @@ class RHEOcommon : public api::ISimulation {
   void initializeData(const std::string& fileName, bool isReRun);
   op_dat loadData(api::IData* data, const std::string& fileName);
   void initializeReRunData(const std::string& output, const double& time);
-  void invalidateOldRecords();
   void initializeResultsFile(const std::string& output);
   void initializeOutputData();
   void initializeParameters();
