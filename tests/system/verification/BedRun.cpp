@@ -121,7 +121,8 @@ void BedRun::countBoundaries() {
   const auto* const flux = values<double>(DataID::FluxesMo);
   const auto* const length = values<double>(DataID::GeomLeng);
   const int* const sides = maps.at(MapID::EdgesAll_CellsAll)->map;
-  for (int edge = 0; edge < sets.at(SetID::EdgesAll)->size; ++edge) {
+  const auto edges = static_cast<std::size_t>(sets.at(SetID::EdgesAll)->size);
+  for (std::size_t edge = 0; edge < edges; ++edge) {
     if (sides[2 * edge] != sides[2 * edge + 1]) continue;
     const double outward = timeStep * length[edge] * flux[edge];
     if (outward > 0.0) out.add(outward);

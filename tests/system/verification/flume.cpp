@@ -24,7 +24,7 @@ std::string number(double value) {
 }
 
 std::string geometryOf(const Flume& flume) {
-  const double middle = flume.from + flume.columns / 2 * flume.width();
+  const double middle = flume.from + 0.5 * flume.length;
   return R"("RECTANGLE": {"origin": [)" + number(flume.from) + R"(, 0], "length": )" +
          number(flume.length) + R"(, "width": )" + number(flume.width()) + R"(, "cells": [)" +
          std::to_string(flume.columns) + R"(, 1], "slope": )" + number(flume.slope) +
