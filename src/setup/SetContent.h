@@ -37,6 +37,9 @@ std::vector<T> flat(const std::vector<std::array<T, N>>& rows) {
   return values;
 }
 
+/// The cells on the left and on the right of edges, two behind the other.
+std::vector<int> cellsBeside(const std::vector<int>& edges, const Domain& domain);
+
 /// Those of the edges that are not among the taken ones.
 std::vector<int> without(const std::vector<int>& taken, const std::vector<int>& edges,
                          const Domain& domain);

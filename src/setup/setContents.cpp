@@ -34,6 +34,15 @@ const std::map<model::SetID, SetContent>& setContents() {
   return contents;
 }
 
+std::vector<int> cellsBeside(const std::vector<int>& edges, const Domain& domain) {
+  std::vector<int> cells;
+  cells.reserve(2 * edges.size());
+  for (const int edge : edges) {
+    for (const int cell : domain.topology.edgeCells[index(edge)]) cells.push_back(cell);
+  }
+  return cells;
+}
+
 std::vector<int> without(const std::vector<int>& taken, const std::vector<int>& edges,
                          const Domain& domain) {
   std::vector<bool> isTaken(domain.topology.edgeCells.size(), false);

@@ -1,4 +1,3 @@
-#include "setup/position.h"
 #include "setup/sets/sets.h"
 
 namespace setup {
@@ -14,9 +13,7 @@ std::vector<int> edges(const Domain& domain) {
 }
 
 std::vector<int> cells(const Domain& domain) {
-  std::vector<std::array<int, 2>> result;
-  for (const int edge : edges(domain)) result.push_back(domain.topology.edgeCells[index(edge)]);
-  return flat(result);
+  return cellsBeside(edges(domain), domain);
 }
 
 std::vector<int> records(const Domain& domain) {

@@ -1,4 +1,3 @@
-#include "setup/position.h"
 #include "setup/sets/sets.h"
 
 namespace setup {
@@ -15,9 +14,7 @@ int size(const Domain& domain) {
 }
 
 std::vector<int> cells(const Domain& domain) {
-  std::vector<std::array<int, 2>> result;
-  for (const int edge : edges(domain)) result.push_back(domain.topology.edgeCells[index(edge)]);
-  return flat(result);
+  return cellsBeside(edges(domain), domain);
 }
 
 }  // namespace
