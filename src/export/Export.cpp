@@ -10,6 +10,7 @@
 #include "export/maskedFile.h"
 #include "export/report.h"
 #include "export/stringSeries.h"
+#include "export/ugrid.h"
 #include "export/xdmf.h"
 
 namespace console = common::console;
@@ -42,10 +43,27 @@ std::vector<Gauge> gaugesOf(const Request& request) {
 
 void requireWish(const Request& request) {
   const bool asksForFile = !request.document.empty() || !request.strings.empty() ||
-                           !request.gauges.empty() || !request.masked.empty();
+                           !request.gauges.empty() || !request.masked.empty() ||
+                           !request.ugrid.empty() || !request.raster.file.empty();
   if (asksForFile || request.list || request.json) return;
-  console::fail("nothing to do: ask for a document with --output, for tables with --csv or ",
-                "--gauge, for derived values with --masked, or for a report with --list");
+  console::fail(
+      "nothing to do: ask for a document with --output, for tables with --csv or ",
+      "--gauge, for derived values with --masked, for NetCDF with --ugrid, for a raster with ",
+      "--geotiff, or for a report with --list");
+}
+
+void requireWholeRaster(const RasterRequest& raster) {
+  const bool isDescribed = raster.resolution != 0.0 || !raster.quantity.empty() || raster.time;
+  if (raster.file.empty() && isDescribed) {
+    console::fail("--resolution, --quantity and --time describe a raster: name its file with ",
+                  "--geotiff");
+  }
+  if (!raster.file.empty() && raster.resolution == 0.0) {
+    console::fail("--geotiff needs the side of a pixel in m: give --resolution");
+  }
+  if (!raster.file.empty() && raster.quantity.empty()) {
+    console::fail("--geotiff shows one quantity, such as water_depth: give --quantity");
+  }
 }
 
 /// @return the names of the files
@@ -64,6 +82,9 @@ std::vector<std::string> writeFiles(const Results& results, const Request& reque
     writeGaugeSeries(from, gauges, file);
   });
   write(!request.masked.empty(), request.masked, writeMasked);
+  write(!request.ugrid.empty(), request.ugrid, writeUgrid);
+  write(!request.raster.file.empty(), request.raster.file,
+        [&](const Results& from, const std::string&) { writeGeotiff(from, request.raster); });
   return written;
 }
 
@@ -71,6 +92,7 @@ std::vector<std::string> writeFiles(const Results& results, const Request& reque
 
 void run(const Request& request) {
   requireWish(request);
+  requireWholeRaster(request.raster);
   nlohmann::ordered_json report;
   {
     const Quiet quiet(request.json);

@@ -1,0 +1,126 @@
+#include "export/NcFile.h"
+
+#include <algorithm>
+#include <array>
+#include <stdexcept>
+
+namespace exporter {
+
+namespace {
+
+constexpr int COMPRESSION = 2;                  // of 9: more takes long and gains little
+constexpr std::size_t MOST_IN_PIECE = 1000000;  // numbers
+
+void require(int status) {
+  if (status != NC_NOERR) throw std::runtime_error(nc_strerror(status));
+}
+
+}  // namespace
+
+NcFile::NcFile(const std::string& name) {
+  require(nc_create(name.c_str(), NC_NETCDF4 | NC_CLASSIC_MODEL | NC_CLOBBER, &id));
+  isOpen = true;
+}
+
+NcFile::~NcFile() {
+  if (isOpen) nc_close(id);
+}
+
+int NcFile::addDimension(const std::string& name, std::size_t length) {
+  int dimension = 0;
+  require(nc_def_dim(id, name.c_str(), length, &dimension));
+  return dimension;
+}
+
+std::vector<std::size_t> NcFile::lengthsOf(int variable) const {
+  int rank = 0;
+  require(nc_inq_varndims(id, variable, &rank));
+  std::vector<int> dimensions(static_cast<std::size_t>(rank));
+  require(nc_inq_vardimid(id, variable, dimensions.data()));
+  std::vector<std::size_t> lengths(dimensions.size());
+  for (std::size_t i = 0; i < dimensions.size(); ++i) {
+    require(nc_inq_dimlen(id, dimensions[i], &lengths[i]));
+  }
+  return lengths;
+}
+
+int NcFile::addVariable(const std::string& name, nc_type type, const std::vector<int>& dimensions) {
+  int variable = 0;
+  require(nc_def_var(id, name.c_str(), type, static_cast<int>(dimensions.size()), dimensions.data(),
+                     &variable));
+  if (dimensions.empty()) return variable;
+  require(nc_def_var_deflate(id, variable, NC_SHUFFLE, 1, COMPRESSION));
+  std::vector<std::size_t> piece = lengthsOf(variable);
+  if (piece.size() > 1) piece.front() = 1;
+  require(nc_def_var_chunking(id, variable, NC_CHUNKED, piece.data()));
+  return variable;
+}
+
+// The method of compression sees what repeats within 32 kB.
+std::size_t NcFile::pieceWidth(int variable) const {
+  const std::vector<std::size_t> lengths = lengthsOf(variable);
+  return std::min(lengths.at(1), std::clamp<std::size_t>(MOST_IN_PIECE / lengths.at(0), 1, 1024));
+}
+
+void NcFile::expectEqualEntries(int variable) {
+  const std::array<std::size_t, 2> piece = {lengthsOf(variable).at(0), pieceWidth(variable)};
+  require(nc_def_var_chunking(id, variable, NC_CHUNKED, piece.data()));
+}
+
+void NcFile::attach(int variable, const std::string& name, const std::string& text) {
+  require(nc_put_att_text(id, variable, name.c_str(), text.size(), text.c_str()));
+}
+
+void NcFile::attach(int variable, const std::string& name, int value) {
+  require(nc_put_att_int(id, variable, name.c_str(), NC_INT, 1, &value));
+}
+
+void NcFile::attach(int variable, const std::string& name, double value) {
+  require(nc_put_att_double(id, variable, name.c_str(), NC_DOUBLE, 1, &value));
+}
+
+void NcFile::endDefinitions() {
+  require(nc_enddef(id));
+}
+
+void NcFile::write(int variable, const double* values) {
+  require(nc_put_var_double(id, variable, values));
+}
+
+void NcFile::write(int variable, const int* values) {
+  require(nc_put_var_int(id, variable, values));
+}
+
+void NcFile::write(int variable, const char* values) {
+  require(nc_put_var_text(id, variable, values));
+}
+
+void NcFile::writeEntry(int variable, std::size_t entry, const double* values) {
+  std::vector<std::size_t> count = lengthsOf(variable);
+  std::vector<std::size_t> start(count.size(), 0);
+  start.front() = entry;
+  count.front() = 1;
+  require(nc_put_vara_double(id, variable, start.data(), count.data(), values));
+}
+
+void NcFile::writeEqualEntries(int variable, const double* values) {
+  const std::size_t entries = lengthsOf(variable).at(0);
+  const std::size_t width = lengthsOf(variable).at(1);
+  const std::size_t step = pieceWidth(variable);
+  for (std::size_t first = 0; first < width; first += step) {
+    const std::array<std::size_t, 2> start = {0, first};
+    const std::array<std::size_t, 2> count = {entries, std::min(step, width - first)};
+    std::vector<double> piece;
+    for (std::size_t entry = 0; entry < entries; ++entry) {
+      piece.insert(piece.end(), values + first, values + first + count[1]);
+    }
+    require(nc_put_vara_double(id, variable, start.data(), count.data(), piece.data()));
+  }
+}
+
+void NcFile::close() {
+  isOpen = false;
+  require(nc_close(id));
+}
+
+}  // namespace exporter
