@@ -8,7 +8,9 @@
 //   file.write(depth, values.data());
 //   file.close();
 //
-// Each operation throws std::runtime_error with the words of the library if it fails.
+// Each operation throws std::runtime_error with the words of the library if it fails. Nothing is
+// begun for which there is no room on the disk: the library can leave a file that it cannot close,
+// and brings the whole program down at its end.
 #pragma once
 
 #include <netcdf.h>
@@ -22,7 +24,7 @@ class NcFile {
  public:
   /// Replaces a file of this name. Its values are compressed, of any size, and read by programs
   /// that know the older data model only.
-  explicit NcFile(const std::string& name);
+  explicit NcFile(const std::string& fileName);
   /// Gives up a file that has not been closed.
   ~NcFile();
   NcFile(const NcFile&) = delete;
@@ -30,19 +32,19 @@ class NcFile {
   NcFile(NcFile&&) = delete;
   NcFile& operator=(NcFile&&) = delete;
 
-  int addDimension(const std::string& name, std::size_t length);
+  int addDimension(const std::string& label, std::size_t length);
   /// @param type NC_DOUBLE, NC_INT or NC_CHAR
   /// @param dimensions slowest first; a variable of more than one is stored in pieces of one entry
   ///        of the first
-  int addVariable(const std::string& name, nc_type type, const std::vector<int>& dimensions);
+  int addVariable(const std::string& label, nc_type type, const std::vector<int>& dimensions);
 
   /// Stores a variable of two dimensions so that equal entries of the first cost little.
   void expectEqualEntries(int variable);
 
   /// @param variable or NC_GLOBAL
-  void attach(int variable, const std::string& name, const std::string& text);
-  void attach(int variable, const std::string& name, int value);
-  void attach(int variable, const std::string& name, double value);
+  void attach(int variable, const std::string& label, const std::string& text);
+  void attach(int variable, const std::string& label, int value);
+  void attach(int variable, const std::string& label, double value);
 
   void endDefinitions();
 
@@ -60,11 +62,15 @@ class NcFile {
   void close();
 
  private:
+  void startWriting(std::size_t bytes);
   std::vector<std::size_t> lengthsOf(int variable) const;
+  std::size_t sizeOf(int variable) const;
   std::size_t pieceWidth(int variable) const;
 
+  std::string name;
   int id = 0;
   bool isOpen = false;
+  std::size_t description = 0;  ///< size of what has been defined so far [bytes]
 };
 
 }  // namespace exporter
