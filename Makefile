@@ -8,7 +8,7 @@ JOBS ?= $(shell nproc)
 demo:
 	scripts/install build
 	cmake --preset release
-	cmake --build --preset release --parallel $(JOBS) --target setup simulation
+	cmake --build --preset release --parallel $(JOBS) --target setup simulation export
 	scripts/demo build/release/bin build/demo
 
 test:

@@ -54,10 +54,13 @@ class IXdmfWriter {
                                  const std::vector<std::string>& datasets,
                                  const std::vector<int>& sizes,
                                  const std::vector<int>& columns) = 0;
-  /// A whole dataset: of one column, or of the three components of a vector. All viewers can show
-  /// it, while readers of XDMF 3 know neither columns of datasets nor functions.
+  /// A whole dataset: of one column, or of the three components of a vector.
   virtual void addDataset(const std::string& name, int rows, const std::string& file,
                           const std::string& dataset, int columns) = 0;
+  /// What is added up to endIncluded stands where only those readers find it that resolve
+  /// inclusions: for values that others would misread.
+  virtual void beginIncluded() = 0;
+  virtual void endIncluded() = 0;
   /// A text about the whole document, to be added before the mesh.
   virtual void addInformation(const std::string& name, const std::string& value) = 0;
 };

@@ -101,6 +101,8 @@ void XdmfWriter::addTimeStep(double t) {
   referTo("UnstructuredTopology", "Triangle", "Topology");
   referTo("Geometry", "XY", "Geometry");
   timeOpen = true;
+  ++steps;
+  inclusions = 0;
 }
 
 void XdmfWriter::beginAttribute(const std::string& name, int rows, const int& size,
@@ -203,6 +205,20 @@ void XdmfWriter::addDataset(const std::string& name, int rows, const std::string
   beginAttribute(name, rows, columns, false, "");
   uniformItem(rows, columns, "Float", DOUBLE_BYTES, file, dataset);
   endAttribute(false);
+}
+
+// Readers of XDMF 3 insist on a value.
+void XdmfWriter::beginIncluded() {
+  CHECK_THAT(this->timeOpen, "you must add a time step before adding data!");
+  xdmf.beginElement("Information");
+  xdmf.setName("included");
+  xdmf.setValue(std::to_string(++inclusions));
+}
+
+void XdmfWriter::endIncluded() {
+  xdmf.endElement("Information");
+  xdmf.addInclude("/Xdmf/Domain/Grid/Grid[" + std::to_string(steps) + "]/Information[" +
+                  std::to_string(inclusions) + "]/Attribute");
 }
 
 void XdmfWriter::addInformation(const std::string& name, const std::string& value) {

@@ -6,12 +6,14 @@
 //   xdmf->addScalar("water_surface", 2, "r.h5", "/RESULTS/CellsAll/HydState/0000000", 3, 0);
 //   xdmf->write("run.xdmf");
 //
-// What viewers make of it has been checked with the readers of ParaView 5.11:
+// What viewers make of it has been checked with ParaView 5.11 and QGIS 3.22:
 // - Numbers without NumberType and Precision are read as floats of 4 bytes.
 // - The Dimensions of a function are those of its result: rows by 1, or by 3 for a vector.
-// - The reader of XDMF 2 follows References and knows nothing of inclusions, that of XDMF 3 the
-// other
-//   way round: each step names its mesh in both ways.
+// - ParaView's reader of XDMF 2 follows References and inclusions, those of XDMF 3 inclusions only,
+//   QGIS neither: each step names its mesh in both ways.
+// - The readers of XDMF 3 show whole datasets only; QGIS shows columns, their differences and
+//   vectors of two columns, refuses whole datasets, and refuses or misreads all other functions.
+//   What it must not see is included.
 #pragma once
 
 #include <string>
@@ -49,6 +51,8 @@ class XdmfWriter final : public api::IXdmfWriter {
                          const std::vector<int>& indices) override;
   void addDataset(const std::string& name, int rows, const std::string& file,
                   const std::string& dataset, int columns) override;
+  void beginIncluded() override;
+  void endIncluded() override;
   void addInformation(const std::string& name, const std::string& value) override;
 
  private:
@@ -77,6 +81,8 @@ class XdmfWriter final : public api::IXdmfWriter {
   bool seriesOpen = false;
   bool timeOpen = false;
   bool written = false;
+  int steps = 0;
+  int inclusions = 0;  ///< of the step
 };
 
 }  // namespace dataio

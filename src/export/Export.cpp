@@ -8,6 +8,7 @@
 #include "export/Results.h"
 #include "export/gaugeSeries.h"
 #include "export/maskedFile.h"
+#include "export/meshFile.h"
 #include "export/report.h"
 #include "export/stringSeries.h"
 #include "export/ugrid.h"
@@ -42,14 +43,14 @@ std::vector<Gauge> gaugesOf(const Request& request) {
 }
 
 void requireWish(const Request& request) {
-  const bool asksForFile = !request.document.empty() || !request.strings.empty() ||
-                           !request.gauges.empty() || !request.masked.empty() ||
-                           !request.ugrid.empty() || !request.raster.file.empty();
+  const bool asksForFile = !request.document.empty() || !request.mesh.empty() ||
+                           !request.strings.empty() || !request.gauges.empty() ||
+                           !request.masked.empty() || !request.ugrid.empty() ||
+                           !request.raster.file.empty();
   if (asksForFile || request.list || request.json) return;
-  console::fail(
-      "nothing to do: ask for a document with --output, for tables with --csv or ",
-      "--gauge, for derived values with --masked, for NetCDF with --ugrid, for a raster with ",
-      "--geotiff, or for a report with --list");
+  console::fail("nothing to do: ask for a document with --output, for the mesh with --mesh, for ",
+                "tables with --csv or --gauge, for derived values with --masked, for NetCDF with ",
+                "--ugrid, for a raster with --geotiff, or for a report with --list");
 }
 
 void requireWholeRaster(const RasterRequest& raster) {
@@ -77,6 +78,7 @@ std::vector<std::string> writeFiles(const Results& results, const Request& reque
     console::info("file <", file, "> written");
   };
   write(!request.document.empty(), request.document, writeXdmf);
+  write(!request.mesh.empty(), request.mesh, writeMesh);
   write(!request.strings.empty(), request.strings, writeStringSeries);
   write(!gauges.empty(), request.gaugeFile, [&](const Results& from, const std::string& file) {
     writeGaugeSeries(from, gauges, file);

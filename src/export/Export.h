@@ -20,6 +20,7 @@ namespace exporter {
 struct Request {
   std::string results;              ///< the results file
   std::string document;             ///< XDMF document to be written
+  std::string mesh;                 ///< 2dm file of the mesh to be written
   std::string strings;              ///< CSV file of the discharges of nodestrings
   std::vector<std::string> gauges;  ///< "x,y" or "x,y,name"
   std::string gaugeFile;            ///< CSV file of the gauges

@@ -63,11 +63,12 @@ std::vector<std::size_t> NcFile::lengthsOf(int variable) const {
   return lengths;
 }
 
-int NcFile::addVariable(const std::string& label, nc_type type, const std::vector<int>& dimensions) {
+int NcFile::addVariable(const std::string& label, nc_type type,
+                        const std::vector<int>& dimensions) {
   description += 4 * HEADER;
   int variable = 0;
-  require(nc_def_var(id, label.c_str(), type, static_cast<int>(dimensions.size()), dimensions.data(),
-                     &variable));
+  require(nc_def_var(id, label.c_str(), type, static_cast<int>(dimensions.size()),
+                     dimensions.data(), &variable));
   if (dimensions.empty()) return variable;
   require(nc_def_var_deflate(id, variable, NC_SHUFFLE, 1, COMPRESSION));
   std::vector<std::size_t> piece = lengthsOf(variable);

@@ -38,8 +38,9 @@ std::unique_ptr<api::IH5Reader> open(const std::string& file) {
   try {
     return std::unique_ptr<api::IH5Reader>(dataio::Factory::createH5Reader(file));
   } catch (const std::exception& fault) {
-    console::fail("results file <", file,
-                  "> cannot be opened: it is damaged, or no HDF5 file at all: ", fault.what());
+    console::fail(
+        "results file <", file,
+        "> cannot be opened: it is damaged, not yours to read, or no HDF5 file: ", fault.what());
   }
 }
 
@@ -238,6 +239,7 @@ std::vector<double> Results::values(const api::IOutput& output, const Record& re
   const std::size_t elements = stored.front().size();
   const auto size = static_cast<std::size_t>(output.getSize());
   std::vector<model::OutputOperation> operations;
+  operations.reserve(size);
   for (int i = 0; i < output.getNrDataFunctions(); ++i) {
     operations.push_back(output.getDataFunction(i));
   }

@@ -26,7 +26,7 @@ bool isComplete(const std::string& file) {
 
 std::string nameFrom(const std::string& document, const std::string& file) {
   const fs::path folder = fs::absolute(document).lexically_normal().parent_path();
-  const std::string name = fs::absolute(file).lexically_normal().lexically_relative(folder);
+  std::string name = fs::absolute(file).lexically_normal().lexically_relative(folder);
   if (name.find(':') != std::string::npos) {
     console::fail("file <", name, ">: a name in XDMF must not hold a colon");
   }

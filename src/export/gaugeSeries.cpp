@@ -39,6 +39,7 @@ void writeGaugeSeries(const Results& results, const std::vector<Gauge>& gauges,
 
   for (const Record& record : results.steps()) {
     std::vector<std::vector<double>> values;
+    values.reserve(outputs.size());
     for (const api::IOutput* output : outputs) {
       values.push_back(results.holds(*output, record) ? results.values(*output, record)
                                                       : std::vector<double>{});

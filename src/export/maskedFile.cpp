@@ -23,8 +23,7 @@ namespace {
 
 constexpr const char* EXTENSION = ".h5";
 constexpr std::size_t VECTOR = 3;
-constexpr std::size_t MOST_COMPONENTS = 4;  // of an output
-constexpr std::size_t OVERHEAD = 16384;     // object header and group nodes of a dataset [bytes]
+constexpr std::size_t OVERHEAD = 16384;  // object header and group nodes of a dataset [bytes]
 
 /// "/OUTPUTS/water_depth/0000007"
 std::string pathOf(const std::string& name, int position) {
@@ -38,12 +37,16 @@ struct Quantity {
   std::string name;
   std::size_t first;
   std::size_t width;
+
+  /// Of its dataset: viewers want vectors of three components.
+  std::size_t columns() const { return width == 1 ? 1 : VECTOR; }
 };
 
 std::vector<Quantity> quantitiesOf(const api::IOutput& output) {
   const std::vector<Component>& components = componentsOf(output.getID());
   if (components.size() <= 2) return {{output.getName(), 0, components.size()}};
   std::vector<Quantity> quantities;
+  quantities.reserve(components.size());
   for (const Component& component : components) {
     quantities.push_back({component.name, quantities.size(), 1});
   }
@@ -83,8 +86,6 @@ class MaskedFile {
 
   void writeStep(const Record& record, int position) {
     document.writer().addTimeStep(record.time);
-    reserve(results.outputsOn(model::SetID::CellsAll).size() * MOST_COMPONENTS *
-            (sizeof(double) * results.mesh().cells.size() + OVERHEAD));
     for (const api::IOutput* output : results.outputsOn(model::SetID::CellsAll)) {
       if (!results.holds(*output, record)) continue;
       const bool isNew = position == 0 || !results.isConstant(*output);
@@ -103,9 +104,10 @@ class MaskedFile {
   void writeValues(const api::IOutput& output, const Record& record, int position) {
     const std::vector<double> values = maskedValues(results, output, record);
     const auto size = static_cast<std::size_t>(output.getSize());
+    const std::size_t rows = values.size() / size;
     for (const Quantity& quantity : quantitiesOf(output)) {
-      const std::size_t width = quantity.width == 1 ? 1 : VECTOR;
-      const std::size_t rows = values.size() / size;
+      const std::size_t width = quantity.columns();
+      reserve(sizeof(double) * rows * width);
       std::vector<double> table(rows * width, 0.0);
       std::vector<const double*> pointers(rows);
       for (std::size_t row = 0; row < rows; ++row) {
@@ -121,11 +123,21 @@ class MaskedFile {
     }
   }
 
+  /// Twice: by columns for QGIS, and as a whole for readers of XDMF 3.
   void describe(const api::IOutput& output, int position) {
+    const int rows = static_cast<int>(results.mesh().cells.size());
     for (const Quantity& quantity : quantitiesOf(output)) {
-      document.writer().addDataset(quantity.name, static_cast<int>(results.mesh().cells.size()),
-                                   document.dataFile(), pathOf(quantity.name, position),
-                                   quantity.width == 1 ? 1 : static_cast<int>(VECTOR));
+      const std::string path = pathOf(quantity.name, position);
+      const int columns = static_cast<int>(quantity.columns());
+      if (columns == 1) {
+        document.writer().addScalar(quantity.name, rows, document.dataFile(), path, columns, 0);
+      } else {
+        document.writer().addVector(quantity.name, rows, document.dataFile(), path, columns,
+                                    {0, 1});
+      }
+      document.writer().beginIncluded();
+      document.writer().addDataset(quantity.name, rows, document.dataFile(), path, columns);
+      document.writer().endIncluded();
     }
   }
 

@@ -9,6 +9,12 @@ namespace exporter {
 
 namespace {
 
+/// QGIS knows differences. It computes other values than meant for the magnitude of a velocity, and
+/// refuses a document with any other function.
+bool isKnownEverywhere(const std::vector<std::string>& functions) {
+  return functions.size() == 1 && (functions[0] == "$0-$1" || functions[0] == "$1-$0");
+}
+
 /// The columns of an output as the writer takes them.
 struct Lists {
   std::vector<std::string> files;
@@ -51,9 +57,12 @@ class Description {
  private:
   void addFunctions(const api::IOutput& output, const Lists& lists) const {
     std::vector<std::string> functions;
+    functions.reserve(static_cast<std::size_t>(output.getNrDataFunctions()));
     for (int i = 0; i < output.getNrDataFunctions(); ++i) {
       functions.push_back(viewerExpression(output.getDataFunction(i).expression));
     }
+    const bool hidden = !isKnownEverywhere(functions);
+    if (hidden) writer.beginIncluded();
     if (functions.size() == 1) {
       writer.addFunctionScalar(output.getName(), rows, functions[0], lists.files, lists.datasets,
                                lists.sizes, lists.columns);
@@ -61,6 +70,7 @@ class Description {
       writer.addFunctionVector(output.getName(), rows, functions, lists.files, lists.datasets,
                                lists.sizes, lists.columns);
     }
+    if (hidden) writer.endIncluded();
   }
 
   void addScalars(const api::IOutput& output, const std::vector<Column>& columns) const {

@@ -23,6 +23,8 @@ exporter::Request parse(int argc, char** argv) {
   Name results("r", "results", "the results file", true, "", "file", line);
   Name document("o", "output", "XDMF document to be written, for ParaView and QGIS", false, "",
                 "file", line);
+  Name mesh("", "mesh", "mesh to be written (.2dm), to which QGIS adds the document", false, "",
+            "file", line);
   Name strings("c", "csv", "table of the discharges of nodestrings to be written", false, "",
                "file", line);
   TCLAP::MultiArg<std::string> gauges(
@@ -48,9 +50,9 @@ exporter::Request parse(int argc, char** argv) {
   exporter::RasterRequest rasterRequest{
       raster.getValue(), resolution.getValue(), quantity.getValue(), {}};
   if (time.isSet()) rasterRequest.time = time.getValue();
-  return {results.getValue(),   document.getValue(), strings.getValue(), gauges.getValue(),
-          gaugeFile.getValue(), masked.getValue(),   ugrid.getValue(),   rasterRequest,
-          list.getValue(),      json.getValue()};
+  return {results.getValue(), document.getValue(),  mesh.getValue(),   strings.getValue(),
+          gauges.getValue(),  gaugeFile.getValue(), masked.getValue(), ugrid.getValue(),
+          rasterRequest,      list.getValue(),      json.getValue()};
 }
 
 }  // namespace

@@ -171,6 +171,25 @@ TEST_F(XdmfWriterTest, WholeDatasetsAreScalarsOrVectors) {
               ElementsAre("m.h5:depth", "m.h5:velocity"));
 }
 
+TEST_F(XdmfWriterTest, IncludedValuesStandOutsideTheGridAndAreNamedInIt) {
+  begin();
+  writer.addTimeStep(1.0);
+  for (const std::string attribute : {"a", "b"}) {
+    writer.beginIncluded();
+    writer.addDataset(attribute, 2, "m.h5", attribute, 1);
+    writer.endIncluded();
+  }
+  const support::Xml document = written();
+  EXPECT_EQ(document.count(STEP + "/Attribute"), 0);
+  const std::vector<std::string> inclusions =
+      document.texts(STEP + "[2]/*[local-name()='include']/@xpointer");
+  ASSERT_EQ(inclusions.size(), 4U);
+  EXPECT_EQ(inclusions[3], "xpointer(/Xdmf/Domain/Grid/Grid[2]/Information[2]/Attribute)");
+  EXPECT_THAT(document.texts("/Xdmf/Domain/Grid/Grid[2]/Information[2]/Attribute/@Name"),
+              ElementsAre("b"));
+  EXPECT_THAT(document.texts(STEP + "[2]/Information/@Value"), ElementsAre("1", "2"));
+}
+
 TEST_F(XdmfWriterTest, InformationStandsBeforeTheMesh) {
   writer.addInformation("program", "v1 & <2>");
   addMesh();
@@ -188,6 +207,7 @@ TEST_F(XdmfWriterTest, DataNeedAStep) {
   expectCheck(reportOf([&] { writer.addFunctionScalar("a", 2, "$0", {"f"}, {"d"}, {1}, {0}); }),
               text);
   expectCheck(reportOf([&] { writer.addDataset("a", 2, "r.h5", STATE, 3); }), text);
+  expectCheck(reportOf([&] { writer.beginIncluded(); }), text);
 }
 
 TEST_F(XdmfWriterTest, StepsNeedAMesh) {

@@ -254,14 +254,17 @@ TEST_F(ResultsTest, MissingFileAndFolderAreRefused) {
 
 TEST_F(ResultsTest, FileThatIsNoHdf5IsRefused) {
   support::writeFile(file, "t,h\n0,1\n");
-  EXPECT_THAT(refusal(), StartsWith(" -> results file <" + file +
-                                    "> cannot be opened: it is damaged, or no HDF5 file at all: "));
+  EXPECT_THAT(
+      refusal(),
+      StartsWith(" -> results file <" + file +
+                 "> cannot be opened: it is damaged, not yours to read, or no HDF5 file: "));
 }
 
 TEST_F(ResultsTest, TruncatedFileIsRefused) {
   use("one_cell");
   std::filesystem::resize_file(file, std::filesystem::file_size(file) / 2);
-  EXPECT_THAT(refusal(), HasSubstr("cannot be opened: it is damaged, or no HDF5 file at all: "));
+  EXPECT_THAT(refusal(),
+              HasSubstr("cannot be opened: it is damaged, not yours to read, or no HDF5 file: "));
 }
 
 TEST_F(ResultsTest, RunFileIsRefused) {

@@ -38,13 +38,15 @@ class ExportExecutable : public samples::SampleResults {
 
 TEST_F(ExportExecutable, writesAllThatIsAskedForBetweenBannerAndFooter) {
   use("full_model");
-  const support::Outcome outcome = run({"-o", "run.xdmf", "--csv", "strings.csv", "--gauge",
-                                        "1,1,mill", "-g", "2,1", "--masked", "dry.h5", "--list"});
+  const support::Outcome outcome =
+      run({"-o", "run.xdmf", "--mesh", "run.2dm", "--csv", "strings.csv", "--gauge", "1,1,mill",
+           "-g", "2,1", "--masked", "dry.h5", "--list"});
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_EQ(outcome.err, "");
   EXPECT_THAT(outcome.out, StartsWith("RHEOMARK v"));
   EXPECT_THAT(outcome.out, HasSubstr(" -> record 0000004: t[s]: 4, a run can be continued from it\n"
                                      " -> file <run.xdmf> written\n"
+                                     " -> file <run.2dm> written\n"
                                      " -> file <strings.csv> written\n"
                                      " -> file <gauges.csv> written\n"
                                      " -> file <dry.h5> written\n"));

@@ -93,11 +93,14 @@ TEST_F(MaskedFile, HasADocumentBesideIt) {
   const support::Xml xdmf(support::readFile(document));
   const std::string step = "/Xdmf/Domain/Grid/Grid[3]";
   EXPECT_EQ(xdmf.count("/Xdmf/Domain/Grid/Grid"), 5);
-  EXPECT_THAT(xdmf.texts(step + "/Attribute[@Name='water_depth']/DataItem"),
+  EXPECT_THAT(xdmf.texts(step + "/Attribute[@Name='water_depth']/DataItem/DataItem[2]"),
               ElementsAre("dry.h5:/OUTPUTS/water_depth/0000002"));
-  EXPECT_THAT(xdmf.texts(step + "/Attribute[@Name='flow_velocity']/DataItem/@Dimensions"),
+  EXPECT_THAT(xdmf.texts(step + "/Attribute[@Name='flow_velocity']/DataItem/@Function"),
+              ElementsAre("JOIN($0, $1, 0*$1)"));
+  const std::string whole = step + "/Information/Attribute";
+  EXPECT_THAT(xdmf.texts(whole + "[@Name='flow_velocity']/DataItem/@Dimensions"),
               ElementsAre("360 3"));
-  EXPECT_THAT(xdmf.texts(step + "/Attribute[@Name='flood_arrival_time']/DataItem"),
+  EXPECT_THAT(xdmf.texts(whole + "[@Name='flood_arrival_time']/DataItem"),
               ElementsAre("dry.h5:/OUTPUTS/flood_arrival_time/0000000"));
 }
 

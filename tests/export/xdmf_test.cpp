@@ -41,7 +41,9 @@ TEST_F(XdmfOfResults, ShowsEachOutputOnCellsAtEachRecord) {
               ElementsAre("flood_arrival_time", "flood_maximum_depth", "flood_maximum_velocity",
                           "flood_maximum_spec_discharge", "water_surface", "water_depth",
                           "bottom_elevation", "friction_chezy", "spec_discharge", "delta_z",
-                          "flow_velocity", "flow_curvature", "flow_radius"));
+                          "flow_curvature"));
+  EXPECT_THAT(xdmf.texts(STEP + "[3]/Information/Attribute/@Name"),
+              ElementsAre("flow_velocity", "flow_radius"));
 }
 
 TEST_F(XdmfOfResults, NamesTheMeshAndTheOrigin) {
@@ -68,10 +70,18 @@ TEST_F(XdmfOfResults, PointsToTheStoredColumns) {
               ElementsAre("$0-$1"));
   EXPECT_THAT(xdmf.texts(attribute(2, "water_depth") + "/DataItem/DataItem/DataItem"),
               ElementsAre("0 0 1 1 364 1", state, "0 0 1 1 364 1", bed));
-  EXPECT_THAT(xdmf.texts(attribute(2, "flow_velocity") + "/@AttributeType"), ElementsAre("Vector"));
-  EXPECT_THAT(xdmf.texts(attribute(2, "flow_velocity") + "/DataItem/@Function"),
+  const std::string velocity = STEP + "[2]/Information/Attribute[@Name='flow_velocity']";
+  EXPECT_THAT(xdmf.texts(velocity + "/@AttributeType"), ElementsAre("Vector"));
+  EXPECT_THAT(xdmf.texts(velocity + "/DataItem/@Function"),
               ElementsAre("JOIN(($0/($2-$3)), ($1/($2-$3)), (0*$1))"));
-  EXPECT_EQ(xdmf.count(attribute(2, "flow_velocity") + "/DataItem/DataItem"), 4);
+  EXPECT_EQ(xdmf.count(velocity + "/DataItem/DataItem"), 4);
+}
+
+TEST_F(XdmfOfResults, IncludesTheMagnitudeOfTheVelocity) {
+  use("dam_dry");
+  setOutputs(R"("flow_velocity_abs")");
+  EXPECT_THAT(written().texts(STEP + "[2]/Information/Attribute/DataItem/@Function"),
+              ElementsAre("sqrt($0/($2-$3)*$0/($2-$3) + $1/($2-$3)*$1/($2-$3))"));
 }
 
 TEST_F(XdmfOfResults, ComparesTheBedWithTheFirstRecord) {
