@@ -12,7 +12,7 @@ demo:
 	scripts/demo build/release/bin build/demo
 
 test:
-	scripts/install build plot
+	scripts/install build formats plot
 	cmake --preset release
 	cmake --build --preset release --parallel $(JOBS)
 	ctest --preset release --parallel $(JOBS)

@@ -11,6 +11,7 @@
 #include "export/meshFile.h"
 #include "export/report.h"
 #include "export/stringSeries.h"
+#include "export/ugrid.h"
 #include "export/xdmf.h"
 
 namespace console = common::console;
@@ -44,11 +45,26 @@ std::vector<Gauge> gaugesOf(const Request& request) {
 void requireWish(const Request& request) {
   const bool asksForFile = !request.document.empty() || !request.mesh.empty() ||
                            !request.strings.empty() || !request.gauges.empty() ||
-                           !request.masked.empty();
+                           !request.masked.empty() || !request.ugrid.empty() ||
+                           !request.raster.file.empty();
   if (asksForFile || request.list || request.json) return;
   console::fail("nothing to do: ask for a document with --output, for the mesh with --mesh, for ",
-                "tables with --csv or --gauge, for derived values with --masked, or for a report ",
-                "with --list");
+                "tables with --csv or --gauge, for derived values with --masked, for NetCDF with ",
+                "--ugrid, for a raster with --geotiff, or for a report with --list");
+}
+
+void requireWholeRaster(const RasterRequest& raster) {
+  const bool isDescribed = raster.resolution != 0.0 || !raster.quantity.empty() || raster.time;
+  if (raster.file.empty() && isDescribed) {
+    console::fail("--resolution, --quantity and --time describe a raster: name its file with ",
+                  "--geotiff");
+  }
+  if (!raster.file.empty() && raster.resolution == 0.0) {
+    console::fail("--geotiff needs the side of a pixel in m: give --resolution");
+  }
+  if (!raster.file.empty() && raster.quantity.empty()) {
+    console::fail("--geotiff shows one quantity, such as water_depth: give --quantity");
+  }
 }
 
 /// @return the names of the files
@@ -68,6 +84,9 @@ std::vector<std::string> writeFiles(const Results& results, const Request& reque
     writeGaugeSeries(from, gauges, file);
   });
   write(!request.masked.empty(), request.masked, writeMasked);
+  write(!request.ugrid.empty(), request.ugrid, writeUgrid);
+  write(!request.raster.file.empty(), request.raster.file,
+        [&](const Results& from, const std::string&) { writeGeotiff(from, request.raster); });
   return written;
 }
 
@@ -75,6 +94,7 @@ std::vector<std::string> writeFiles(const Results& results, const Request& reque
 
 void run(const Request& request) {
   requireWish(request);
+  requireWholeRaster(request.raster);
   nlohmann::ordered_json report;
   {
     const Quiet quiet(request.json);

@@ -12,6 +12,8 @@
 #include <string>
 #include <vector>
 
+#include "export/geotiff.h"
+
 namespace exporter {
 
 /// An empty name asks for nothing.
@@ -23,6 +25,8 @@ struct Request {
   std::vector<std::string> gauges;  ///< "x,y" or "x,y,name"
   std::string gaugeFile;            ///< CSV file of the gauges
   std::string masked;               ///< HDF5 file of derived values
+  std::string ugrid;                ///< NetCDF file of the mesh and all outputs
+  RasterRequest raster;             ///< GeoTIFF of one quantity
   bool list = false;                ///< report what the file holds
   bool json = false;                ///< reports as one JSON object, and nothing else
 };

@@ -201,8 +201,12 @@ bool Results::holds(const api::IOutput& output, const Record& record) const {
 
 std::string Results::datasetOf(const api::IOutput& output, model::DataID id,
                                const Record& record) const {
+  if (!output.isTracking()) return datasetAt(id, record);
+  return ResultReader::getOutputPath(model->getData(id)->getH5Path(), 0);
+}
+
+std::string Results::datasetAt(model::DataID id, const Record& record) const {
   const std::string path = model->getData(id)->getH5Path();
-  if (output.isTracking()) return ResultReader::getOutputPath(path, 0);
   return isConstant(id) ? path : ResultReader::getOutputPath(path, record.position);
 }
 
@@ -251,6 +255,18 @@ std::vector<double> Results::values(const api::IOutput& output, const Record& re
     }
   }
   return result;
+}
+
+std::vector<double> Results::depths(const Record& record) const {
+  using enum model::DataID;
+  const auto column = [&](model::DataID id) {
+    return Column{datasetAt(id, record), model->getData(id)->getSize(), 0};
+  };
+  if (record.position == NO_POSITION || !exists(column(BottomEl).dataset)) return {};
+  std::vector<double> depth = read(column(HydState));
+  const std::vector<double> bottom = read(column(BottomEl));
+  for (std::size_t cell = 0; cell < depth.size(); ++cell) depth[cell] -= bottom.at(cell);
+  return depth;
 }
 
 }  // namespace exporter

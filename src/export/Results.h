@@ -71,6 +71,10 @@ class Results {
   /// The values, element after element, as the operations of the catalogue give them.
   /// @throws std::exception if the data cannot be read.
   std::vector<double> values(const api::IOutput& output, const Record& record) const;
+  /// Depth of the water in each cell [m]; empty if the file does not hold the bottom elevation,
+  /// which hydraulic runs store only if an output needs it.
+  /// @throws std::exception if the data cannot be read.
+  std::vector<double> depths(const Record& record) const;
 
  private:
   void readArchive();
@@ -81,6 +85,7 @@ class Results {
   bool isConstant(model::DataID id) const;
   bool exists(const std::string& path) const;
   std::string datasetOf(const api::IOutput& output, model::DataID id, const Record& record) const;
+  std::string datasetAt(model::DataID id, const Record& record) const;
   std::vector<double> read(const Column& column) const;
 
   std::string name;

@@ -4,6 +4,7 @@
 #include "export/Csv.h"
 #include "export/NewFile.h"
 #include "export/components.h"
+#include "export/stringNames.h"
 
 namespace exporter {
 
@@ -11,20 +12,9 @@ namespace {
 
 using Outputs = std::vector<const api::IOutput*>;
 
-std::string columnName(const Results& results, const api::IOutput& output, std::size_t string) {
-  const std::vector<std::string>& names = results.strings();
-  const std::string name =
-      string < names.size() ? names[string] : "nodestring " + std::to_string(string + 1);
+std::string columnName(const std::string& name, const api::IOutput& output) {
   const bool sediment = output.getID() == model::OutputID::ns_mor_discharge;
   return name + (sediment ? " sediment" : "") + " [" + componentsOf(output.getID())[0].unit + "]";
-}
-
-/// Of any record that holds it.
-std::size_t countStrings(const Results& results, const api::IOutput& output) {
-  for (const Record& record : results.records()) {
-    if (results.holds(output, record)) return results.values(output, record).size();
-  }
-  return 0;
 }
 
 }  // namespace
@@ -35,12 +25,12 @@ void writeStringSeries(const Results& results, const std::string& file) {
     common::console::fail("results file <", results.file(), "> holds no discharges of nodestrings:",
                           " ask for ns_hyd_discharge in SIMULATION/OUTPUT of the command file");
   }
-  const std::size_t strings = countStrings(results, *outputs.front());
+  const std::vector<std::string> names = stringNamesOf(results);
 
   Csv table(results.file());
   table.add("time [s]");
   for (const api::IOutput* output : outputs) {
-    for (std::size_t i = 0; i < strings; ++i) table.add(columnName(results, *output, i));
+    for (const std::string& name : names) table.add(columnName(name, *output));
   }
   table.endRow();
   for (const Record& record : results.records()) {
@@ -49,7 +39,7 @@ void writeStringSeries(const Results& results, const std::string& file) {
       if (results.holds(*output, record)) {
         for (const double value : results.values(*output, record)) table.add(value);
       } else {
-        for (std::size_t i = 0; i < strings; ++i) table.addNothing();
+        for (std::size_t i = 0; i < names.size(); ++i) table.addNothing();
       }
     }
     table.endRow();

@@ -35,12 +35,24 @@ exporter::Request parse(int argc, char** argv) {
   Name masked("m", "masked",
               "file of derived values to be written, in which dry cells show no flow (.h5)", false,
               "", "file", line);
+  Name ugrid("u", "ugrid", "NetCDF file of the mesh and all outputs to be written", false, "",
+             "file", line);
+  Name raster("", "geotiff", "raster of one quantity to be written", false, "", "file", line);
+  TCLAP::ValueArg<double> resolution("", "resolution", "side of a pixel of the raster [m]", false,
+                                     0.0, "length", line);
+  Name quantity("", "quantity", "what the raster shows, such as water_depth", false, "", "name",
+                line);
+  TCLAP::ValueArg<double> time("", "time", "when [s]; by default the last record", false, 0.0,
+                               "time", line);
   TCLAP::SwitchArg list("l", "list", "tells what the results file holds", line);
   TCLAP::SwitchArg json("j", "json", "reports as one JSON object", line);
   line.parse(argc, argv);
-  return {results.getValue(), document.getValue(), mesh.getValue(),
-          strings.getValue(), gauges.getValue(),   gaugeFile.getValue(),
-          masked.getValue(),  list.getValue(),     json.getValue()};
+  exporter::RasterRequest rasterRequest{
+      raster.getValue(), resolution.getValue(), quantity.getValue(), {}};
+  if (time.isSet()) rasterRequest.time = time.getValue();
+  return {results.getValue(), document.getValue(),  mesh.getValue(),   strings.getValue(),
+          gauges.getValue(),  gaugeFile.getValue(), masked.getValue(), ugrid.getValue(),
+          rasterRequest,      list.getValue(),      json.getValue()};
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <nlohmann/json.hpp>
+#include <regex>
 
 #include "setup/StudyGroup.h"
 #include "setup/studyDocument.h"
@@ -23,6 +24,7 @@ class StudyReader {
     study.document = document.dump();
     const StudyGroup domain = StudyGroup(file, document).group("SETUP").group("DOMAIN");
     domain.take("name", study.name);
+    checkCrs(domain);
     const StudyGroup plane = domain.group("RHEOPLANE_2D");
     readGeometry(plane.group("GEOMETRY"));
     const StudyGroup hydraulics = plane.group("HYDRAULICS");
@@ -37,6 +39,14 @@ class StudyReader {
   Study read() { return std::move(study); }
 
  private:
+  /// Whether the register holds the code is seen by those who look it up.
+  static void checkCrs(const StudyGroup& domain) {
+    std::string crs;
+    domain.take("crs", crs);
+    const bool isCode = std::regex_match(crs, std::regex("EPSG:[1-9][0-9]{0,8}"));
+    if (domain.has("crs") && !isCode) domain.refuseValue("crs", "a code such as \"EPSG:2056\"");
+  }
+
   void readGeometry(const StudyGroup& geometry) {
     readMesh(geometry);
     for (const StudyGroup& region : geometry.groups("REGIONDEF")) readRegion(region);

@@ -21,10 +21,14 @@ const std::string& studySchema() {
           "description": "The domain and its name.",
           "type": "object",
           "required": ["RHEOPLANE_2D"],
-          "optional": ["name"],
+          "optional": ["name", "crs"],
           "properties": {
             "name": {
               "description": "A name for the report.",
+              "type": "string"
+            },
+            "crs": {
+              "description": "The coordinate reference system of the mesh as a code of the EPSG register, such as EPSG:2056. It goes along with the results; nothing is projected.",
               "type": "string"
             },
             "RHEOPLANE_2D": {

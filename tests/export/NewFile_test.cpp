@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #include "dataio/failures.h"
+#include "support/FileSizeLimit.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 
@@ -71,7 +72,7 @@ TEST_F(NewFileTest, TextIsWrittenAsAWhole) {
 TEST_F(NewFileTest, TextThatDoesNotFitIsReportedAndTheOldOneKept) {
   support::writeFile(name, "before");
   const std::string text(100000, 'x');
-  const failures::FileSizeLimit limit(4096);
+  const support::FileSizeLimit limit(4096);
   EXPECT_EQ(
       reportOf([&] { writeText(source, name, text); }),
       " -> file <" + name + "> cannot be written: is the disk full, or the folder not yours?\n");

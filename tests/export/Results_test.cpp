@@ -22,13 +22,6 @@ const std::string BED = "CellsAll/BottomEl";
 
 class ResultsTest : public samples::SampleResults {
  protected:
-  static const api::IOutput& output(const Results& results, const std::string& name) {
-    for (const api::IOutput* candidate : results.outputs()) {
-      if (candidate->getName() == name) return *candidate;
-    }
-    throw std::runtime_error("no output " + name);
-  }
-
   static std::vector<std::string> names(const Results& results) {
     std::vector<std::string> found;
     for (const api::IOutput* output : results.outputs()) found.push_back(output->getName());
@@ -308,6 +301,37 @@ TEST_F(ResultsTest, UnreadableStudyIsRefused) {
     writer.writeStringVec(".config/model", 1, {"{}"});
   }
   EXPECT_THAT(refusal(), EndsWith(" -> results file <" + file + "> cannot be read: see above\n"));
+}
+
+TEST_F(ResultsTest, KnowsTheDepthWhateverWasAskedFor) {
+  use("full_model");
+  setOutputs(R"("spec_discharge")");
+  const Results results(file);
+  const std::vector<double> depths = results.depths(results.records().at(3));
+  const std::vector<double> surface = stored("RESULTS/CellsAll/HydState/0000003", 3, 0);
+  const std::vector<double> bed = stored("RESULTS/CellsAll/BottomEl/0000003", 1, 0);
+  ASSERT_EQ(depths.size(), 364U);
+  for (std::size_t i = 0; i < depths.size(); ++i) ASSERT_EQ(depths[i], surface[i] - bed[i]);
+}
+
+TEST_F(ResultsTest, KnowsTheDepthOverABedThatDoesNotMove) {
+  use("one_cell");
+  const Results results(file);
+  const Record& record = results.records().at(1);
+  EXPECT_EQ(results.depths(record), results.values(output(results, "water_depth"), record));
+}
+
+TEST_F(ResultsTest, KnowsNoDepthWithoutABed) {
+  use("bc_218_gate");
+  const Results results(file);
+  EXPECT_TRUE(results.depths(results.records().at(0)).empty());
+}
+
+TEST_F(ResultsTest, KnowsNoDepthWithoutARecord) {
+  use("dam_dry");
+  remove("RESULTS/CellsAll/HydState");
+  const Results results(file);
+  EXPECT_TRUE(results.depths(results.steps().at(0)).empty());
 }
 
 }  // namespace

@@ -8,11 +8,16 @@
 
 #include <array>
 #include <filesystem>
+#include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "dataio/Archive.h"
+#include "dataio/H5Reader.h"
 #include "dataio/H5Writer.h"
 #include "dataio/ResultReader.h"
+#include "export/Results.h"
 #include "support/H5Compare.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
@@ -37,6 +42,18 @@ class SampleResults : public ::testing::Test {
                           {R"({"SIMULATION":{"OUTPUT":[)" + names + R"(],"TIME":{"end":1}}})"});
   }
 
+  /// Puts a text into the archived study document.
+  void setDomain(const std::string& key, const std::string& value) const {
+    nlohmann::json study;
+    {
+      dataio::H5Reader reader(file);
+      study = nlohmann::json::parse(dataio::Archive::getModel(&reader));
+    }
+    study["SETUP"]["DOMAIN"][key] = value;
+    dataio::H5Writer writer(file, "rw");
+    writer.writeStringVec(".config/model", 1, {study.dump()});
+  }
+
   void remove(const std::string& path) const { support::removeLink(file, path); }
 
   /// One column of a dataset of the file.
@@ -46,6 +63,13 @@ class SampleResults : public ::testing::Test {
     std::vector<double> values;
     for (std::size_t i = column; i < all.size(); i += columns) values.push_back(all[i]);
     return values;
+  }
+
+  static const api::IOutput& output(const exporter::Results& results, const std::string& name) {
+    for (const api::IOutput* candidate : results.outputs()) {
+      if (candidate->getName() == name) return *candidate;
+    }
+    throw std::runtime_error("no output " + name);
   }
 
   const support::TempDir dir;

@@ -156,12 +156,44 @@ TEST_F(ExportExecutable, endsWithStatusOneIfADiskIsFull) {
   }
 }
 
+TEST_F(ExportExecutable, aRasterNeedsAllThatDescribesIt) {
+  use("one_cell");
+  expectFailure(run({"--geotiff", "a.tif", "--quantity", "water_depth"}),
+                " -> --geotiff needs the side of a pixel in m: give --resolution\n");
+  expectFailure(run({"--geotiff", "a.tif", "--resolution", "0.1"}),
+                " -> --geotiff shows one quantity, such as water_depth: give --quantity\n");
+  for (const std::vector<std::string>& option :
+       {std::vector<std::string>{"--resolution", "1"}, {"--quantity", "q"}, {"--time", "0"}}) {
+    std::vector<std::string> arguments = {"--list"};
+    arguments.insert(arguments.end(), option.begin(), option.end());
+    expectFailure(run(arguments), " -> --resolution, --quantity and --time describe a raster: ");
+  }
+}
+
+// What each format says where its library is missing stands in the tests of the format.
+TEST_F(ExportExecutable, writesFormatsOfOtherLibrariesOrNamesTheirPackages) {
+  use("full_model");
+  const support::Outcome ugrid = run({"-u", "run.nc"});
+  const support::Outcome raster = run(
+      {"--geotiff", "run.tif", "--resolution", "0.25", "--quantity", "water_depth", "--time", "2"});
+  for (const auto& [outcome, name, package] : {std::tuple(ugrid, "run.nc", "libnetcdf-dev"),
+                                               std::tuple(raster, "run.tif", "libgdal-dev")}) {
+    if (outcome.status == 0) {
+      EXPECT_THAT(outcome.out, HasSubstr(std::string(" -> file <") + name + "> written\n"));
+      EXPECT_TRUE(std::filesystem::exists(dir.file(name)));
+    } else {
+      expectFailure(outcome, std::string("; install ") + package + " and build it again\n");
+    }
+  }
+}
+
 TEST_F(ExportExecutable, helpNamesTheArguments) {
   const support::Outcome outcome = run({"--help"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_THAT(outcome.out, HasSubstr("This is the 'export' binary of the RHEOMARK framework."));
-  for (const std::string option : {"--results", "--output", "--csv", "--gauge", "--gauge-csv",
-                                   "--masked", "--list", "--json"}) {
+  for (const std::string option :
+       {"--results", "--output", "--csv", "--gauge", "--gauge-csv", "--masked", "--ugrid",
+        "--geotiff", "--resolution", "--quantity", "--time", "--list", "--json"}) {
     EXPECT_THAT(outcome.out, HasSubstr(option));
   }
 }

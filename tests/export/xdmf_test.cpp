@@ -5,6 +5,7 @@
 #include "dataio/failures.h"
 #include "export/SampleResults.h"
 #include "export/XdmfFile.h"
+#include "support/FileSizeLimit.h"
 #include "support/Xml.h"
 
 namespace {
@@ -125,7 +126,7 @@ TEST_F(XdmfOfResults, ShowsTrackedDataAloneAtTimeZero) {
 TEST_F(XdmfOfResults, IsNotWrittenHalf) {
   use("full_model");
   const Results results(file);
-  const failures::FileSizeLimit limit(8192);
+  const support::FileSizeLimit limit(8192);
   EXPECT_THAT(failures::reportOf([&] { writeXdmf(results, document); }),
               ::testing::HasSubstr("cannot be written: is the disk full"));
   EXPECT_FALSE(std::filesystem::exists(document));

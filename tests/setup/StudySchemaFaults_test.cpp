@@ -65,6 +65,7 @@ const std::string PATTERN =
 INSTANTIATE_TEST_SUITE_P(All, StudySchemaFaults, ::testing::Values(
   SchemaFault{"noSetup",            "/SETUP",                         "",            MISSING},
   SchemaFault{"noDomain",           "/SETUP/DOMAIN",                  "",            MISSING},
+  SchemaFault{"numericCrs",         "/SETUP/DOMAIN/crs",              "2056",        "This value must be a string."},
   SchemaFault{"noPlane",            "/SETUP/DOMAIN/RHEOPLANE_2D",     "",            MISSING},
   SchemaFault{"noGeometry",         G,                                "",            G + ": " + MISSING + "\n" +
                                                                                      BOUNDARY + "/0/string: " + NO_STRING + "\n" +

@@ -64,6 +64,21 @@ TEST_F(Study, keepsTheDocumentAsCompactText) {
   EXPECT_EQ(study.name, "s");
 }
 
+TEST_F(Study, takesACodeOfACoordinateReferenceSystem) {
+  const std::string text = studies::withFile().dump();
+  EXPECT_THAT(read(text).document, ::testing::HasSubstr(R"("crs":"EPSG:2056")"));
+}
+
+TEST_F(Study, refusesACoordinateReferenceSystemWithoutACode) {
+  nlohmann::json study = studies::withFile();
+  for (const std::string crs : {"EPSG:", "2056", "EPSG:0", "EPSG:20x", "EPSG:1234567890", "E"}) {
+    study["SETUP"]["DOMAIN"]["crs"] = crs;
+    EXPECT_EQ(
+        refusalOf(study.dump()),
+        R"(: key </SETUP/DOMAIN/crs> must be a code such as "EPSG:2056", but is ")" + crs + "\"");
+  }
+}
+
 TEST_F(Study, findsTheMeshFileBesideItself) {
   const setup::Study study = read(document(mesh, minimal));
   EXPECT_EQ(std::get<setup::MeshFile>(study.mesh).file, dir.file("m.2dm"));

@@ -73,7 +73,9 @@ inline nlohmann::json withMesh(const std::string& mesh) {
 }
 
 inline nlohmann::json withFile() {
-  return withMesh(R"("MESH": {"file": "m.2dm"})");
+  nlohmann::json study = withMesh(R"("MESH": {"file": "m.2dm"})");
+  study.at("SETUP").at("DOMAIN")["crs"] = "EPSG:2056";
+  return study;
 }
 
 inline nlohmann::json withRectangle() {

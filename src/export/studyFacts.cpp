@@ -1,0 +1,42 @@
+#include "export/studyFacts.h"
+
+#include <charconv>
+#include <filesystem>
+#include <nlohmann/json.hpp>
+
+#include "common/console.h"
+
+namespace exporter {
+
+namespace {
+
+/// Empty if there is no such text.
+std::string domainText(const Results& results, const char* key) {
+  const auto study = nlohmann::json::parse(results.study());
+  const auto place = nlohmann::json::json_pointer("/SETUP/DOMAIN") / key;
+  if (!study.contains(place) || !study[place].is_string()) return {};
+  return study[place].get<std::string>();
+}
+
+}  // namespace
+
+std::string titleOf(const Results& results) {
+  const std::string name = domainText(results, "name");
+  return name.empty() ? std::filesystem::path(results.file()).filename().string() : name;
+}
+
+int epsgOf(const Results& results) {
+  const std::string crs = domainText(results, "crs");
+  if (crs.empty()) return 0;
+  const std::string authority = "EPSG:";
+  int code = 0;
+  const char* const end = crs.data() + crs.size();
+  if (crs.starts_with(authority)) {
+    const auto parsed = std::from_chars(crs.data() + authority.size(), end, code);
+    if (parsed.ec == std::errc() && parsed.ptr == end && code > 0) return code;
+  }
+  common::console::fail("the study names the coordinate reference system <", crs,
+                        ">, which is no code such as EPSG:2056");
+}
+
+}  // namespace exporter
