@@ -7,13 +7,13 @@ JOBS ?= $(shell nproc)
 
 demo:
 	scripts/install build plot
-	cmake --preset release
+	cmake --preset release -D RHEOMARK_TESTS=OFF
 	cmake --build --preset release --parallel $(JOBS) --target setup simulation export
 	scripts/demo build/release/bin build/demo
 
 test:
-	scripts/install build formats plot
-	cmake --preset release
+	scripts/install build test formats plot
+	cmake --preset release -D RHEOMARK_TESTS=ON
 	cmake --build --preset release --parallel $(JOBS)
 	ctest --preset release --parallel $(JOBS)
 
