@@ -15,6 +15,7 @@
 #include "export/Field.h"
 #include "export/Raster.h"
 #include "export/SampleResults.h"
+#include "support/FileSizeLimit.h"
 
 namespace {
 
@@ -199,7 +200,7 @@ TEST_F(Geotiff, RefusesWhatTheResultsDoNotHold) {
 TEST_F(Geotiff, KeepsAnOlderFileIfADiskIsFull) {
   use("dam_dry");
   support::writeFile(target, "before");
-  const failures::FileSizeLimit limit(2000);
+  const support::FileSizeLimit limit(2000);
   EXPECT_THAT(refusalOf({target, 0.005, "water_depth", {}}),
               HasSubstr(" -> file <" + target + "> cannot be written: "));
   EXPECT_EQ(support::readFile(target), "before");
