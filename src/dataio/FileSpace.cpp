@@ -29,6 +29,14 @@ bool setAside(int descriptor, std::size_t from, std::size_t bytes) {
 
 }  // namespace
 
+bool isSpaceBeside(const std::string& file, std::size_t bytes) {
+  struct statvfs status {};
+  if (::statvfs(file.c_str(), &status) != 0) return true;
+  // The last blocks of a disk are for the administrator alone.
+  const auto blocks = ::geteuid() == 0 ? status.f_bfree : status.f_bavail;
+  return bytes / status.f_frsize < blocks;
+}
+
 bool reserveFileSpace(const std::string& file, std::size_t bytes) {
   const int descriptor = ::open(file.c_str(), O_WRONLY | O_CLOEXEC);
   if (descriptor < 0) return true;
@@ -36,18 +44,12 @@ bool reserveFileSpace(const std::string& file, std::size_t bytes) {
   bool fits = true;
   if (::fstat(descriptor, &status) == 0) {
     const auto size = static_cast<std::size_t>(status.st_size);
-    fits = isWithinLimit(size + bytes) && setAside(descriptor, size, bytes);
+    // Asked first: a file system may fill itself up before it finds that the room does not suffice.
+    fits = isWithinLimit(size + bytes) && isSpaceBeside(file, bytes) &&
+           setAside(descriptor, size, bytes);
   }
   ::close(descriptor);
   return fits;
-}
-
-bool isSpaceBeside(const std::string& file, std::size_t bytes) {
-  struct statvfs status {};
-  if (::statvfs(file.c_str(), &status) != 0) return true;
-  // The last blocks of a disk are for the administrator alone.
-  const auto blocks = ::geteuid() == 0 ? status.f_bfree : status.f_bavail;
-  return bytes / status.f_frsize < blocks;
 }
 
 }  // namespace dataio
