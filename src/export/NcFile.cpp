@@ -71,10 +71,15 @@ int NcFile::addVariable(const std::string& label, nc_type type,
                      dimensions.data(), &variable));
   if (dimensions.empty()) return variable;
   require(nc_def_var_deflate(id, variable, NC_SHUFFLE, 1, COMPRESSION));
-  std::vector<std::size_t> piece = lengthsOf(variable);
-  if (piece.size() > 1) piece.front() = 1;
-  require(nc_def_var_chunking(id, variable, NC_CHUNKED, piece.data()));
+  require(nc_def_var_chunking(id, variable, NC_CHUNKED, lengthsOf(variable).data()));
+  require(nc_set_var_chunk_cache(id, variable, 0, 1, 1.0F));  // no piece is written twice
   return variable;
+}
+
+void NcFile::expectEntries(int variable) {
+  std::vector<std::size_t> piece = lengthsOf(variable);
+  piece.front() = 1;
+  require(nc_def_var_chunking(id, variable, NC_CHUNKED, piece.data()));
 }
 
 std::size_t NcFile::sizeOf(int variable) const {

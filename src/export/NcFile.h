@@ -34,10 +34,11 @@ class NcFile {
 
   int addDimension(const std::string& label, std::size_t length);
   /// @param type NC_DOUBLE, NC_INT or NC_CHAR
-  /// @param dimensions slowest first; a variable of more than one is stored in pieces of one entry
-  ///        of the first
+  /// @param dimensions slowest first
   int addVariable(const std::string& label, nc_type type, const std::vector<int>& dimensions);
 
+  /// Stores a variable so that the entries of its first dimension are written one by one.
+  void expectEntries(int variable);
   /// Stores a variable of two dimensions so that equal entries of the first cost little.
   void expectEqualEntries(int variable);
 

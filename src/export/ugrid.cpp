@@ -89,7 +89,11 @@ class UgridFile {
     const bool onStrings = output.getSet()->getID() == model::SetID::NodeStrg;
     const int variable = file.addVariable(component.name, NC_DOUBLE,
                                           {moments, onStrings ? stringDimension : mesh.faces()});
-    if (results.isConstant(output)) file.expectEqualEntries(variable);
+    if (results.isConstant(output)) {
+      file.expectEqualEntries(variable);
+    } else {
+      file.expectEntries(variable);
+    }
     if (!meaning.standardName.empty()) file.attach(variable, "standard_name", meaning.standardName);
     file.attach(variable, "long_name", meaning.longName);
     file.attach(variable, "units", component.unit);

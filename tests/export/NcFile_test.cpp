@@ -26,6 +26,7 @@ TEST_F(NcFileTest, HoldsVariablesAndAttributes) {
   const int table = file.addVariable("table", NC_DOUBLE, {rows, columns});
   const int letters = file.addVariable("letters", NC_CHAR, {columns});
   const int numbers = file.addVariable("numbers", NC_INT, {rows});
+  file.expectEntries(table);
   file.attach(table, "units", "m");
   file.attach(table, "count", 7);
   file.attach(NC_GLOBAL, "limit", 0.25);
