@@ -156,6 +156,14 @@ TEST_F(Torn, resultsAreCompletedByARunThatOnlyReads) {
   EXPECT_TRUE(support::readFile(resultFile) == whole);
 }
 
+TEST_F(Torn, resultsAreCompletedByALookAtThem) {
+  leaveTorn();
+  EXPECT_EQ(support::runIn(dir.path(), EXPORT_EXE, {"-r", "results_results.h5", "--list"}).status,
+            0);
+  EXPECT_FALSE(std::filesystem::exists(journal));
+  EXPECT_TRUE(support::readFile(resultFile) == whole);
+}
+
 TEST_F(Torn, resultsOfAnotherRunAreLeftAlone) {
   leaveTorn();
   support::writeFile(resultFile, support::readFile(dir.file("expected_results.h5")));
@@ -164,8 +172,7 @@ TEST_F(Torn, resultsOfAnotherRunAreLeftAlone) {
   expectRecords(6);
 }
 
-// -- failures within a record, and before the first
-// ------------------------------------------------
+// -- failures within a record, and before the first -----------------------------------------------
 
 class FailedReRun : public Robustness {
  protected:
