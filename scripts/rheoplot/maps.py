@@ -28,9 +28,11 @@ class Map:
                                           antialiased=False, rasterized=True)
         for collection in (self.field, grey, outline(results)):
             panel.axes.add_collection(collection, autolim=False)
-        panel.axes.figure.colorbar(self.field, cax=panel.bar, extend=scale.extend,
-                                   orientation="vertical" if panel.box.upright else "horizontal",
-                                   label=scale.label)
+        bar = panel.axes.figure.colorbar(
+            self.field, cax=panel.bar, extend=scale.extend, label=scale.label,
+            orientation="vertical" if panel.box.upright else "horizontal")
+        if not panel.box.upright:
+            bar.ax.locator_params(nbins=6)  # room for long numbers beside each other
 
     def show(self, record, title):
         self.field.set_array(np.ma.masked_where(self.covered, masked(self.output, record)))
