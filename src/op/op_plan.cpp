@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int LIST_STEP = 10;  // records by which the full list grows
+constexpr int PLAN_LIST_STEP = 10;  // records by which the full list grows
 
 // What a loop has to share with the one that a plan was built for.
 bool same_argument(op_plan const& plan, int m, op_arg const& arg) {
@@ -38,7 +38,7 @@ bool is_plan_of(op_plan const& plan, char const* name, op_set set, int part_size
 // A zeroed record at the end of the list.
 op_plan& add_record() {
   if (OP_plan_index == OP_plan_max) {
-    OP_plan_max += LIST_STEP;
+    OP_plan_max += PLAN_LIST_STEP;
     auto const bytes = static_cast<std::size_t>(OP_plan_max) * sizeof(op_plan);
     OP_plans = static_cast<op_plan*>(op_realloc(OP_plans, bytes));
     if (OP_plans == nullptr) {

@@ -2,7 +2,7 @@
 
 #include <filesystem>
 #include <nlohmann/json.hpp>
-#include <regex>
+#include <string_view>
 
 #include "setup/StudyGroup.h"
 #include "setup/studyDocument.h"
@@ -40,11 +40,21 @@ class StudyReader {
 
  private:
   /// Whether the register holds the code is seen by those who look it up.
+  /// EPSG: and a number of nine digits at most.
+  static bool isEpsgCode(std::string_view crs) {
+    constexpr std::string_view REGISTER = "EPSG:";
+    if (!crs.starts_with(REGISTER)) return false;
+    const std::string_view code = crs.substr(REGISTER.size());
+    return !code.empty() && code.size() <= 9 && code.front() != '0' &&
+           code.find_first_not_of("0123456789") == std::string_view::npos;
+  }
+
   static void checkCrs(const StudyGroup& domain) {
     std::string crs;
     domain.take("crs", crs);
-    const bool isCode = std::regex_match(crs, std::regex("EPSG:[1-9][0-9]{0,8}"));
-    if (domain.has("crs") && !isCode) domain.refuseValue("crs", "a code such as \"EPSG:2056\"");
+    if (domain.has("crs") && !isEpsgCode(crs)) {
+      domain.refuseValue("crs", "a code such as \"EPSG:2056\"");
+    }
   }
 
   void readGeometry(const StudyGroup& geometry) {
