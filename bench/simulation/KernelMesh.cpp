@@ -131,7 +131,7 @@ std::vector<int> KernelMesh::table(MapID id) const {
 
   const MapID source = inPlaceOf(id, mapStandIns());
   const setup::SetContent* content = contentOf(model::Map2Sets.at(source).first);
-  if (content == nullptr || content->maps.count(source) == 0) {
+  if (content == nullptr || content->size(domain) == 0 || content->maps.count(source) == 0) {
     const auto targets = static_cast<std::size_t>(sizeOf(model::Map2Sets.at(id).second));
     for (std::size_t i = 0; i < entries.size(); ++i) entries[i] = static_cast<int>(i % targets);
     return entries;
@@ -152,7 +152,7 @@ const Values& KernelMesh::values(DataID id) {
 Values KernelMesh::makeValues(DataID id) const {
   const SetID on = model::Data2Set.at(id);
   const setup::SetContent* content = contentOf(on);
-  if (content != nullptr && content->data.count(id) == 1) {
+  if (content != nullptr && content->size(domain) > 0 && content->data.count(id) == 1) {
     const setup::DataValues& make = content->data.at(id);
     if (const auto* ints = std::get_if<setup::Values<int>>(&make)) return (*ints)(domain);
     return std::get<setup::Values<double>>(make)(domain);
