@@ -29,7 +29,7 @@ bool setAside(int descriptor, std::size_t from, std::size_t bytes) {
 
 }  // namespace
 
-bool isSpaceBeside(const std::string& file, std::size_t bytes) {
+bool isRoomOnDiskOf(const std::string& file, std::size_t bytes) {
   struct statvfs status {};
   if (::statvfs(file.c_str(), &status) != 0) return true;
   // The last blocks of a disk are for the administrator alone.
@@ -45,7 +45,7 @@ bool reserveFileSpace(const std::string& file, std::size_t bytes) {
   if (::fstat(descriptor, &status) == 0) {
     const auto size = static_cast<std::size_t>(status.st_size);
     // Asked first: a file system may fill itself up before it finds that the room does not suffice.
-    fits = isWithinLimit(size + bytes) && isSpaceBeside(file, bytes) &&
+    fits = isWithinLimit(size + bytes) && isRoomOnDiskOf(file, bytes) &&
            setAside(descriptor, size, bytes);
   }
   ::close(descriptor);

@@ -12,7 +12,7 @@ namespace dataio {
 ///   where the file system cannot tell.
 bool reserveFileSpace(const std::string& file, std::size_t bytes);
 
-/// Whether the disk of a file has room for so many bytes of other files. True where it cannot tell.
-bool isSpaceBeside(const std::string& file, std::size_t bytes);
+/// Whether the disk of a file has room for so many bytes. True where it cannot tell.
+bool isRoomOnDiskOf(const std::string& file, std::size_t bytes);
 
 }  // namespace dataio

@@ -106,7 +106,7 @@ void H5Writer::flush() {
 
 bool H5Writer::reserve(std::size_t bytes) {
   // The journal holds what is overwritten, which is the whole record at most.
-  return reserveFileSpace(getFilename(), bytes) && isSpaceBeside(getFilename(), bytes);
+  return reserveFileSpace(getFilename(), bytes) && isRoomOnDiskOf(getFilename(), bytes);
 }
 
 }  // namespace dataio

@@ -9,7 +9,6 @@
 #include <memory>
 #include <string_view>
 
-#include "h5journal/driver.h"
 #include "op/op_arg.h"
 #include "op/op_hdf5_dataset.h"
 #include "op/op_seq.h"
@@ -30,16 +29,10 @@ struct Place {
   char const* name;
 };
 
+// Errors of the library are told in words of ours from here on.
 hid_t open_file(char const* file, char const* call) {
-  if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
   H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
-  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
-  if (id < 0) {
-    op_fail(2,
-            "Could not obtain read access to file '%s': it is no HDF5 file, incomplete or locked\n",
-            file);
-  }
-  return id;
+  return op_hdf5_open_source(file, call, ": it is no HDF5 file, incomplete or locked");
 }
 
 op_hdf5_dataset_properties properties_of(hid_t dataset, Place place) {

@@ -93,11 +93,11 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record) {
   return 0;
 }
 
-hid_t op_hdf5_open_source(char const* file, char const* call) {
+hid_t op_hdf5_open_source(char const* file, char const* call, char const* reasons) {
   if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
   H5Silence const silence;
   hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
-  if (id < 0) op_fail(2, "Could not obtain read access to file '%s'\n", file);
+  if (id < 0) op_fail(2, "Could not obtain read access to file '%s'%s\n", file, reasons);
   return id;
 }
 

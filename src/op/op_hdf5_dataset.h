@@ -80,7 +80,8 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record);
 
 /// Opens a file to read from it. Ends the process with status 2 if that is not possible.
 /// @param call the function that needs the file, for the message
-hid_t op_hdf5_open_source(char const* file, char const* call);
+/// @param reasons what may be the matter, behind the message
+hid_t op_hdf5_open_source(char const* file, char const* call, char const* reasons = "");
 
 /// Attaches an attribute of one number, or a text of fixed length, to a dataset.
 /// @return false if HDF5 fails

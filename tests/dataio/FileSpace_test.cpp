@@ -51,14 +51,14 @@ TEST_F(FileSpace, ofAFileThatCannotBeOpenedIsLeftToTheWriter) {
   EXPECT_TRUE(dataio::reserveFileSpace(dir.file("missing"), 1));
 }
 
-TEST_F(FileSpace, besideAFileIsThatOfItsDisk) {
-  EXPECT_TRUE(dataio::isSpaceBeside(name, 1));
-  EXPECT_FALSE(dataio::isSpaceBeside(name, std::filesystem::space(dir.path()).capacity));
-  EXPECT_FALSE(dataio::isSpaceBeside(name, SIZE_MAX));
+TEST_F(FileSpace, onTheDiskOfAFileIsNotThereForMoreThanItHolds) {
+  EXPECT_TRUE(dataio::isRoomOnDiskOf(name, 1));
+  EXPECT_FALSE(dataio::isRoomOnDiskOf(name, std::filesystem::space(dir.path()).capacity));
+  EXPECT_FALSE(dataio::isRoomOnDiskOf(name, SIZE_MAX));
 }
 
 TEST_F(FileSpace, besideAMissingFileIsLeftToTheWriter) {
-  EXPECT_TRUE(dataio::isSpaceBeside(dir.file("missing"), SIZE_MAX));
+  EXPECT_TRUE(dataio::isRoomOnDiskOf(dir.file("missing"), SIZE_MAX));
 }
 
 }  // namespace
