@@ -43,7 +43,7 @@ class LoopCall {
   template <class Row>
   op_arg make(std::size_t row) {
     using Value = typename Row::Value;
-    constexpr char const* type = op::typeText<Value>();
+    constexpr const char* type = op::typeText<Value>();
     if constexpr (Row::global) {
       Value& value = global<Row>(row);
       return op_arg_gbl(&value, Row::dim, type, Row::access);

@@ -32,7 +32,7 @@ KernelMesh& meshOf(std::int64_t cells) {
 }
 
 template <class L>
-using Frame = void (*)(char const*, op_set, typename L::Arguments);
+using Frame = void (*)(const char*, op_set, typename L::Arguments);
 
 /// Bytes that the runtime books for one call, by its own estimate.
 template <class L>

@@ -1,7 +1,7 @@
 // Makes the readers and writers of the data layer. Everything above works with their interfaces.
 //
-//   std::unique_ptr<api::IH5Reader> const reader(dataio::Factory::createH5Reader("run.h5"));
-//   auto const nodes = reader->readDoubleVecVec("NodesAll/Coordnts");
+//   const std::unique_ptr<api::IH5Reader> reader(dataio::Factory::createH5Reader("run.h5"));
+//   const auto nodes = reader->readDoubleVecVec("NodesAll/Coordnts");
 //
 // Each creator of HDF5 access opens its file at once; the caller deletes what it gets.
 #pragma once

@@ -1,7 +1,7 @@
 // Reads datasets of an existing file.
 //
-//   dataio::H5Reader const reader("run.h5");
-//   int const cells = reader.readIntScalar("CellsAll/set");
+//   const dataio::H5Reader reader("run.h5");
+//   const int cells = reader.readIntScalar("CellsAll/set");
 //
 // A dataset of another type is converted where HDF5 can do so, as between int and double.
 #pragma once

@@ -1,8 +1,8 @@
 // Reads settings from a JSON document, a command file or an archived setup document.
 //
-//   dataio::JSONReader const command("dam.json");
+//   const dataio::JSONReader command("dam.json");
 //   bool found = false;
-//   double const end = command.getDouble("SIMULATION/TIME/end", found);
+//   const double end = command.getDouble("SIMULATION/TIME/end", found);
 //
 // The document has been validated before, or was valid once; a getter therefore reports what is
 // missing and leaves it to the caller to stop. A value that is null, an empty object or an empty

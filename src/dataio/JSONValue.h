@@ -1,6 +1,6 @@
 // Turns JSON values into the types of this program.
 //
-//   std::optional<int> const end = dataio::valueAs<int>(document["end"]);
+//   const std::optional<int> end = dataio::valueAs<int>(document["end"]);
 #pragma once
 
 #include <nlohmann/json.hpp>

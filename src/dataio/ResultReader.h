@@ -2,7 +2,7 @@
 // record, numbered from 0000000; the attribute "t" of a dataset is its time in seconds.
 //
 //   dataio::ResultReader results("run_results.h5");
-//   int const position = results.findTime({"CellsAll/HydState"}, 3600.0, 2);
+//   const int position = results.findTime({"CellsAll/HydState"}, 3600.0, 2);
 #pragma once
 
 #include <map>

@@ -125,8 +125,8 @@ void XdmfWriter::endAttribute(const bool& isFunction) {
   xdmf.endElement("Attribute");
 }
 
-std::vector<int> XdmfWriter::xmlDataDescription(unsigned const& rows, unsigned const& columns,
-                                                unsigned const& column) {
+std::vector<int> XdmfWriter::xmlDataDescription(const unsigned& rows, const unsigned& columns,
+                                                const unsigned& column) {
   std::vector<int> description(columns - 1, 0);
   description.push_back(static_cast<int>(column));
   description.insert(description.end(), columns, 1);

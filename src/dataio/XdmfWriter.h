@@ -1,6 +1,6 @@
 // Describes a results file to viewers of XDMF. See api::IXdmfWriter for the order of the calls.
 //
-//   std::unique_ptr<api::IXdmfWriter> const xdmf(dataio::Factory::createXdmfWriter("run.xdmf"));
+//   const std::unique_ptr<api::IXdmfWriter> xdmf(dataio::Factory::createXdmfWriter("run.xdmf"));
 //   xdmf->addMesh(2, "r.h5", "CellsAll/Topology", 4, "r.h5", "NodesAll/Coordnts", 3);
 //   xdmf->addTimeStep(0.0);
 //   xdmf->addScalar("water_surface", 2, "r.h5", "/RESULTS/CellsAll/HydState/0000000", 3, 0);
@@ -72,8 +72,8 @@ class XdmfWriter final : public api::IXdmfWriter {
   void referTo(const std::string& element, const std::string& type, const std::string& tag);
   /// Start, stride and count of a selection.
   /// @param columns dimensions of the dataset: 2, or 1 for one without columns
-  static std::vector<int> xmlDataDescription(unsigned const& rows, unsigned const& columns,
-                                             unsigned const& column);
+  static std::vector<int> xmlDataDescription(const unsigned& rows, const unsigned& columns,
+                                             const unsigned& column);
 
   std::string filename;
   SimpleXdmf xdmf;

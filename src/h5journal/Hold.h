@@ -1,6 +1,6 @@
 // Makes the changes of an HDF5 file come as a whole, from one commit to the next.
 //
-//   h5journal::Hold const together(file);
+//   const h5journal::Hold together(file);
 //   ...                              // any number of changes, by whoever opens the file
 //   together.commit();               // now they are in the file
 #pragma once

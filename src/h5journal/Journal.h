@@ -1,8 +1,8 @@
 // The journal of one change of a file: what the change overwrites, written beside the file before
 // the file itself is touched. A change that was cut short is completed from it.
 //
-//   Journal const change{pages, end};
-//   { Descriptor const written = change.write(nameOf("a.h5")); change.apply(file); }
+//   const Journal change{pages, end};
+//   { const Descriptor written = change.write(nameOf("a.h5")); change.apply(file); }
 //   ::unlink(...)
 //
 // On disk: a header, for each page its place, length and the hash of what it held before, followed

@@ -1,7 +1,7 @@
 // How this system opens HDF5 files: through a driver of the HDF5 library that makes each flush
 // whole.
 //
-//   hid_t const file = H5Fopen("x_results.h5", H5F_ACC_RDWR, h5journal::accessList());
+//   const hid_t file = H5Fopen("x_results.h5", H5F_ACC_RDWR, h5journal::accessList());
 //
 // The library rewrites the nodes of its groups in place, with several writes; a process that is
 // killed between two of them leaves a group without its names. With this driver a flush is a commit

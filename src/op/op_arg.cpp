@@ -12,23 +12,23 @@
 
 namespace {
 
-constexpr std::array<char const*, 4> SHARED_TYPES{"double", "float", "int", "bool"};
+constexpr std::array<const char*, 4> SHARED_TYPES{"double", "float", "int", "bool"};
 
 // The shared constant for a type string, or null.
-char const* shared_type(char const* type) {
-  auto const* const found = std::find_if(SHARED_TYPES.begin(), SHARED_TYPES.end(),
-                                         [=](char const* t) { return op_same_text(t, type); });
+const char* shared_type(const char* type) {
+  const auto* const found = std::find_if(SHARED_TYPES.begin(), SHARED_TYPES.end(),
+                                         [=](const char* t) { return op_same_text(t, type); });
   return found == SHARED_TYPES.end() ? nullptr : *found;
 }
 
 // A copy that lives as long as the process, one for each text: loops ask for the same ones again
 // and again.
-char const* kept_type(char const* type) {
+const char* kept_type(const char* type) {
   static std::set<std::string> types;
   return types.insert(type).first->c_str();
 }
 
-op_arg dat_argument(op_dat dat, int idx, op_map map, int dim, char const* type, op_access acc) {
+op_arg dat_argument(op_dat dat, int idx, op_map map, int dim, const char* type, op_access acc) {
   op_arg arg{};
   arg.index = -1;
   arg.dat = dat;
@@ -38,7 +38,7 @@ op_arg dat_argument(op_dat dat, int idx, op_map map, int dim, char const* type, 
   arg.size = dat == nullptr ? -1 : dat->size;
   arg.data = dat == nullptr ? nullptr : dat->data;
   arg.data_d = dat == nullptr ? nullptr : dat->data_d;
-  char const* const shared = shared_type(type);
+  const char* const shared = shared_type(type);
   arg.type = shared != nullptr ? shared : kept_type(type);
   arg.acc = acc;
   arg.argtype = 1;
@@ -52,7 +52,7 @@ void take_table(op_arg& arg) {
   arg.map_data_d = arg.map->map_d;
 }
 
-void report(char const* message, int m, char const* name) {
+void report(const char* message, int m, const char* name) {
   std::printf("error: arg %d in kernel \"%s\"\n", m, name);
   std::printf("%s \n", message);
 }
@@ -70,7 +70,7 @@ bool is_short_form(std::string_view declared, std::string_view given) {
   return declared == "int" && starts_with(given, "i4");
 }
 
-void check_dat_argument(op_set set, int m, op_arg const& arg, char const* name) {
+void check_dat_argument(op_set set, int m, const op_arg& arg, const char* name) {
   if (set == nullptr) return report("invalid set", m, name);
   if (arg.dat == nullptr) return report("invalid dat", m, name);
   if (arg.map != nullptr && (arg.map->from != set || arg.map->to != arg.dat->set)) {
@@ -79,7 +79,7 @@ void check_dat_argument(op_set set, int m, op_arg const& arg, char const* name) 
   if (arg.map == nullptr && arg.dat->set != set) {
     report("dataset set does not match loop set", m, name);
   }
-  bool const isColumn =
+  const bool isColumn =
       arg.map == nullptr ? arg.idx == -1 : arg.idx >= -arg.map->dim && arg.idx < arg.map->dim;
   if (!isColumn) report("invalid index", m, name);
   if (arg.dat->dim != arg.dim) report("dataset dim does not match declared dim", m, name);
@@ -89,7 +89,7 @@ void check_dat_argument(op_set set, int m, op_arg const& arg, char const* name) 
   }
 }
 
-void check_global_argument(int m, op_arg const& arg, char const* name) {
+void check_global_argument(int m, const op_arg& arg, const char* name) {
   if (arg.type == nullptr || op_same_text(arg.type, "error")) {
     report("datatype does not match declared type", m, name);
   }
@@ -99,13 +99,13 @@ void check_global_argument(int m, op_arg const& arg, char const* name) {
 
 }  // namespace
 
-op_arg op_arg_dat_core(op_dat dat, int idx, op_map map, int dim, char const* type, op_access acc) {
+op_arg op_arg_dat_core(op_dat dat, int idx, op_map map, int dim, const char* type, op_access acc) {
   op_arg arg = dat_argument(dat, idx, map, dim, type, acc);
   if (dat != nullptr && idx != -1) take_table(arg);
   return arg;
 }
 
-op_arg op_opt_arg_dat_core(int opt, op_dat dat, int idx, op_map map, int dim, char const* type,
+op_arg op_opt_arg_dat_core(int opt, op_dat dat, int idx, op_map map, int dim, const char* type,
                            op_access acc) {
   op_arg arg = dat_argument(dat, idx, map, dim, type, acc);
   arg.opt = opt;
@@ -113,7 +113,7 @@ op_arg op_opt_arg_dat_core(int opt, op_dat dat, int idx, op_map map, int dim, ch
   return arg;
 }
 
-op_arg op_arg_gbl_core(char* data, int dim, char const* type, int size, op_access acc) {
+op_arg op_arg_gbl_core(char* data, int dim, const char* type, int size, op_access acc) {
   op_arg arg{};
   arg.index = -1;
   arg.dim = dim;
@@ -126,23 +126,23 @@ op_arg op_arg_gbl_core(char* data, int dim, char const* type, int size, op_acces
   return arg;
 }
 
-void op_arg_check(op_set set, int m, op_arg arg, int* ninds, char const* name) {
+void op_arg_check(op_set set, int m, op_arg arg, int* ninds, const char* name) {
   if (arg.opt == 0) return;
   if (arg.argtype == 0) return check_global_argument(m, arg, name);
   check_dat_argument(set, m, arg, name);
   if (arg.idx >= 0) ++*ninds;
 }
 
-bool op_type_equivalence(char const* a, char const* b) {
+bool op_type_equivalence(const char* a, const char* b) {
   using Group = std::array<std::string_view, 4>;
   static constexpr std::array<Group, 3> GROUPS{{
       {"double", "double:soa", "real(8)", "double precision"},
       {"float", "float:soa", "real(4)", "real"},
       {"int", "int:soa", "integer(4)", "integer"},
   }};
-  auto const holds = [](Group const& group, char const* type) {
+  const auto holds = [](const Group& group, const char* type) {
     return std::find(group.begin(), group.end(), type) != group.end();
   };
   return std::any_of(GROUPS.begin(), GROUPS.end(),
-                     [&](Group const& group) { return holds(group, a) && holds(group, b); });
+                     [&](const Group& group) { return holds(group, a) && holds(group, b); });
 }

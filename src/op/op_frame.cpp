@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-void op_frame_diagnostics(char const* kernel, bool isDirect) {
+void op_frame_diagnostics(const char* kernel, bool isDirect) {
   if (OP_diags <= 2) return;
   if (isDirect) {
     std::printf(" kernel routine w/o indirection:  %s", kernel);

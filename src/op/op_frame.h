@@ -1,6 +1,6 @@
 // The one frame of all loops: timing, diagnostics, halo calls, the backend, reductions, accounting.
 //
-//   void op_par_loop_kernel_HYDRAULICS_TimeStep(char const* name, op_set set,
+//   void op_par_loop_kernel_HYDRAULICS_TimeStep(const char* name, op_set set,
 //                                               loops::TimeStep::Arguments args) {
 //     op::par_loop<loops::TimeStep, hydraulics::time_step>(name, set, args);
 //   }
@@ -20,7 +20,7 @@
 
 /// Shows that a loop runs, if the diagnostic level is above 2.
 /// @param kernel the kernel's own name, not the name that the caller gives the loop
-void op_frame_diagnostics(char const* kernel, bool isDirect);
+void op_frame_diagnostics(const char* kernel, bool isDirect);
 
 namespace op {
 
@@ -33,7 +33,7 @@ std::array<op_arg, std::size_t{L::entries}> expand(typename L::Arguments& incomi
                                                    std::index_sequence<I...> /*rows*/) {
   std::array<op_arg, std::size_t{L::entries}> args;
   std::size_t next = 0;
-  auto const append = [&]<class Row>(std::type_identity<Row>, op_arg& arg) {
+  const auto append = [&]<class Row>(std::type_identity<Row>, op_arg& arg) {
     if constexpr (Row::vector) arg.idx = 0;
     args[next++] = arg;
     for (int column = 1; column < Row::entries; ++column) {
@@ -52,18 +52,18 @@ std::array<op_arg, std::size_t{L::entries}> expand(typename L::Arguments& incomi
 /// Adds the estimated bytes of one call to a timing record, in single precision and in argument
 /// order: each dat, twice if it is read and written, and each map.
 template <class L, std::size_t... I>
-void addTransfer(op_kernel& record, op_set set, typename L::Arguments const& args,
+void addTransfer(op_kernel& record, op_set set, const typename L::Arguments& args,
                  std::index_sequence<I...> /*rows*/) {
-  auto const elements = static_cast<float>(set->size);
-  auto const addDat = [&]<class Row>(std::type_identity<Row>, op_arg const& arg, bool repeated) {
+  const auto elements = static_cast<float>(set->size);
+  const auto addDat = [&]<class Row>(std::type_identity<Row>, const op_arg& arg, bool repeated) {
     if constexpr (!Row::global) {
       if (repeated || (Row::optional && L::isDirect && arg.opt == 0)) return;
-      bool const twice = Row::access == OP_RW || (L::isDirect && Row::access == OP_WRITE);
-      float const bytes = elements * static_cast<float>(arg.size);
+      const bool twice = Row::access == OP_RW || (L::isDirect && Row::access == OP_WRITE);
+      const float bytes = elements * static_cast<float>(arg.size);
       record.transfer += twice ? bytes * 2.0F : bytes;
     }
   };
-  auto const addMap = [&](bool leads, op_arg const& arg) {
+  const auto addMap = [&](bool leads, const op_arg& arg) {
     if (leads) record.transfer += elements * static_cast<float>(arg.map->dim) * 4.0F;
   };
   (addDat(std::type_identity<typename L::template Row<I>>{}, args[I], repeatsDatum<L, I>()), ...);
@@ -79,7 +79,7 @@ inline void reduceGlobal(op_arg* arg, int* value) {
 
 template <class L, std::size_t... I>
 void reduce(typename L::Arguments& args, std::index_sequence<I...> /*rows*/) {
-  auto const one = []<class Row>(std::type_identity<Row>, op_arg& arg) {
+  const auto one = []<class Row>(std::type_identity<Row>, op_arg& arg) {
     if constexpr (Row::global) {
       if constexpr (Row::reduction)
         reduceGlobal(&arg, reinterpret_cast<typename Row::Value*>(arg.data));
@@ -96,7 +96,7 @@ void reduce(typename L::Arguments& args, std::index_sequence<I...> /*rows*/) {
 /// @param name under which the timing table lists the loop
 /// @param incoming one argument per row of the description
 template <class L, typename L::Body* Body, class Backend = backend::Sequential>
-void par_loop(char const* name, op_set set, typename L::Arguments incoming) {
+void par_loop(const char* name, op_set set, typename L::Arguments incoming) {
   constexpr auto rows = std::make_index_sequence<L::rows>{};
   auto args = detail::expand<L>(incoming, rows);
 
@@ -106,10 +106,10 @@ void par_loop(char const* name, op_set set, typename L::Arguments incoming) {
   op_timers_core(&cpu, &start);
   op_frame_diagnostics(L::name(), L::isDirect);
 
-  int const executed = op_mpi_halo_exchanges(set, L::entries, args.data());
+  const int executed = op_mpi_halo_exchanges(set, L::entries, args.data());
   if (set->size >= 1 && executed >= 1) {
     // The elements of the core need nothing from other processes; the rest waits for them.
-    int const core = L::isDirect ? executed : std::min(set->core_size, executed);
+    const int core = L::isDirect ? executed : std::min(set->core_size, executed);
     Backend::template run<L, Body>(incoming, 0, core);
     if (core < executed) {
       op_mpi_wait_all(L::entries, args.data());

@@ -25,12 +25,12 @@ using Storage = std::unique_ptr<char, OpFree>;
 
 // A dataset of a file, for messages.
 struct Place {
-  char const* file;
-  char const* name;
+  const char* file;
+  const char* name;
 };
 
 // Errors of the library are told in words of ours from here on.
-hid_t open_file(char const* file, char const* call) {
+hid_t open_file(const char* file, const char* call) {
   H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
   return op_hdf5_open_source(file, call, ": it is no HDF5 file, incomplete or locked");
 }
@@ -45,7 +45,7 @@ op_hdf5_dataset_properties properties_of(hid_t dataset, Place place) {
 
 Storage allocate(std::size_t rows, std::size_t row_values, std::size_t value_bytes, Place place) {
   // No product overflows: both factors of the values are ints.
-  std::size_t const values = rows * row_values;
+  const std::size_t values = rows * row_values;
   Storage storage(values > SIZE_MAX / value_bytes
                       ? nullptr
                       : static_cast<char*>(xmalloc(values * value_bytes)));
@@ -64,10 +64,10 @@ void read(hid_t dataset, hid_t memory_type, void* values, Place place) {
 
 // Reads values that are wider in the file than the four bytes that they get in memory.
 Storage read_narrowed(hid_t dataset, std::size_t rows, std::size_t row_values, Place place) {
-  Storage const wide = allocate(rows, row_values, sizeof(long long), place);
+  const Storage wide = allocate(rows, row_values, sizeof(long long), place);
   Storage narrow = allocate(rows, row_values, sizeof(int), place);
   read(dataset, H5T_NATIVE_LLONG, wide.get(), place);
-  auto const* const source = reinterpret_cast<long long const*>(wide.get());
+  const auto* const source = reinterpret_cast<const long long*>(wide.get());
   auto* const target = reinterpret_cast<int*>(narrow.get());
   for (std::size_t i = 0; i < rows * row_values; ++i) {
     if (source[i] < INT_MIN || source[i] > INT_MAX) {
@@ -90,14 +90,14 @@ Storage read_plain(hid_t dataset, op_hdf5_value_type type, std::size_t rows, std
 
 // Nodestrings have rows of a fixed length, of which each uses the leading part.
 bool has_padded_rows(op_set from, int dim) {
-  int const nodestring_columns = 40;
-  std::string_view const name(from->name);
+  const int nodestring_columns = 40;
+  const std::string_view name(from->name);
   return dim == nodestring_columns && name.substr(0, name.find('/')) == "NodeStrg";
 }
 
-Storage read_table(hid_t dataset, op_hdf5_dataset_properties const& properties, Place place) {
-  auto const rows = static_cast<std::size_t>(properties.size);
-  auto const columns = static_cast<std::size_t>(properties.dim);
+Storage read_table(hid_t dataset, const op_hdf5_dataset_properties& properties, Place place) {
+  const auto rows = static_cast<std::size_t>(properties.size);
+  const auto columns = static_cast<std::size_t>(properties.dim);
   if (properties.type == "int") {
     return read_plain(dataset, op_hdf5_type_of("int"), rows, columns, place);
   }
@@ -108,21 +108,21 @@ Storage read_table(hid_t dataset, op_hdf5_dataset_properties const& properties, 
 }
 
 Storage read_values(hid_t dataset, op_hdf5_value_type type,
-                    op_hdf5_dataset_properties const& properties, Place place) {
-  auto const rows = static_cast<std::size_t>(properties.size);
-  auto const columns = static_cast<std::size_t>(properties.dim);
+                    const op_hdf5_dataset_properties& properties, Place place) {
+  const auto rows = static_cast<std::size_t>(properties.size);
+  const auto columns = static_cast<std::size_t>(properties.dim);
   if (H5Tget_size(type.memory) > type.bytes) return read_narrowed(dataset, rows, columns, place);
   return read_plain(dataset, type, rows, columns, place);
 }
 
 }  // namespace
 
-op_set op_decl_set_hdf5(char const* file, char const* name) {
-  H5Handle const source(open_file(file, "op_decl_set_hdf5"), H5Fclose);
-  H5Handle const dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+op_set op_decl_set_hdf5(const char* file, const char* name) {
+  const H5Handle source(open_file(file, "op_decl_set_hdf5"), H5Fclose);
+  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
   if (!dataset) op_fail(2, "Dataset '%s' not found in file '%s'\n", name, file);
-  H5Handle const space(H5Dget_space(dataset.get()), H5Sclose);
-  hssize_t const values = H5Sget_simple_extent_npoints(space.get());
+  const H5Handle space(H5Dget_space(dataset.get()), H5Sclose);
+  const hssize_t values = H5Sget_simple_extent_npoints(space.get());
   if (values != 1) {
     op_fail(2, "Dataset '%s' in file '%s' holds %lld values, the size of a set must be one\n", name,
             file, static_cast<long long>(values));
@@ -136,15 +136,15 @@ op_set op_decl_set_hdf5(char const* file, char const* name) {
   return op_decl_set(static_cast<int>(size), name);
 }
 
-op_map op_decl_map_hdf5(op_set from, op_set to, int dim, char const* file, char const* name) {
-  H5Handle const source(open_file(file, "op_decl_map_hdf5"), H5Fclose);
-  H5Handle const dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+op_map op_decl_map_hdf5(op_set from, op_set to, int dim, const char* file, const char* name) {
+  const H5Handle source(open_file(file, "op_decl_map_hdf5"), H5Fclose);
+  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
   if (!dataset) {
     std::printf("op_map with name : %s not found in file : %s \n", name, file);
     return nullptr;
   }
-  Place const place{file, name};
-  op_hdf5_dataset_properties const properties = properties_of(dataset.get(), place);
+  const Place place{file, name};
+  const op_hdf5_dataset_properties properties = properties_of(dataset.get(), place);
   op_require_map(from, to, dim, name);
   if (properties.size != from->size) {
     op_fail(2, "map from set size %d in file %s and size %d do not match \n", properties.size, file,
@@ -154,21 +154,21 @@ op_map op_decl_map_hdf5(op_set from, op_set to, int dim, char const* file, char 
     op_fail(2, "map.dim %d in file %s and dim %d do not match\n", properties.dim, file, dim);
   }
   Storage table = read_table(dataset.get(), properties, place);
-  op_map const map = op_decl_map(from, to, dim, reinterpret_cast<int*>(table.release()), name);
+  const op_map map = op_decl_map(from, to, dim, reinterpret_cast<int*>(table.release()), name);
   map->user_managed = 0;
   if (!has_padded_rows(from, dim)) op_check_map_columns(map, nullptr);
   return map;
 }
 
-op_dat op_decl_dat_hdf5(op_set set, int dim, char const* type, char const* file, char const* name) {
-  H5Handle const source(open_file(file, "op_decl_dat_hdf5"), H5Fclose);
-  H5Handle const dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+op_dat op_decl_dat_hdf5(op_set set, int dim, const char* type, const char* file, const char* name) {
+  const H5Handle source(open_file(file, "op_decl_dat_hdf5"), H5Fclose);
+  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
   if (!dataset) {
     std::printf("op_dat with name : %s not found in file : %s \n", name, file);
     return nullptr;
   }
-  Place const place{file, name};
-  op_hdf5_dataset_properties const properties = properties_of(dataset.get(), place);
+  const Place place{file, name};
+  const op_hdf5_dataset_properties properties = properties_of(dataset.get(), place);
   op_require_dat(set, dim, name);
   if (properties.dim != dim) {
     op_fail(2, "dat.dim %d in file %s and dim %d do not match\n", properties.dim, file, dim);
@@ -178,14 +178,14 @@ op_dat op_decl_dat_hdf5(op_set set, int dim, char const* type, char const* file,
         "dat.type %s in file %s and type %s do not match, performing automatic conversion\n",
         properties.type.c_str(), file, type);
   }
-  op_hdf5_value_type const value = op_hdf5_type_of(type);
+  const op_hdf5_value_type value = op_hdf5_type_of(type);
   if (value.memory < 0) op_fail(2, "unknown type for dat\n");
   if (properties.size != set->size) {
     op_fail(2, "dat %s has %d rows in file %s, but its set %s has %d elements\n", name,
             properties.size, file, set->name, set->size);
   }
   Storage values = read_values(dataset.get(), value, properties, place);
-  op_dat const dat =
+  const op_dat dat =
       op_decl_dat_char(set, dim, type, static_cast<int>(value.bytes), values.release(), name);
   dat->user_managed = 0;
   return dat;

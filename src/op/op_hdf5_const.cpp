@@ -14,49 +14,49 @@ namespace {
 
 // A constant in a file, for messages.
 struct Constant {
-  char const* name;
+  const char* name;
   int dim;
-  char const* type;
-  char const* file;
+  const char* type;
+  const char* file;
 };
 
 // A full disk shows in any of the calls that write.
-void require(bool done, Constant const& constant) {
+void require(bool done, const Constant& constant) {
   if (!done) op_hdf5_fail_write(constant.name, constant.file);
 }
 
 // 1 for a dataset of rank 0, negative if HDF5 fails.
 hssize_t number_of_values(hid_t dataset) {
-  H5Handle const space(H5Dget_space(dataset), H5Sclose);
+  const H5Handle space(H5Dget_space(dataset), H5Sclose);
   return H5Sget_simple_extent_npoints(space.get());
 }
 
 std::string type_of(hid_t dataset) {
-  H5Handle const type(H5Dget_type(dataset), H5Tclose);
+  const H5Handle type(H5Dget_type(dataset), H5Tclose);
   return op_hdf5_type_to_string(type.get());
 }
 
 bool is_stored_as(hid_t dataset, hid_t memory_type) {
-  H5Handle const type(H5Dget_type(dataset), H5Tclose);
-  H5Handle const native(H5Tget_native_type(type.get(), H5T_DIR_ASCEND), H5Tclose);
+  const H5Handle type(H5Dget_type(dataset), H5Tclose);
+  const H5Handle native(H5Tget_native_type(type.get(), H5T_DIR_ASCEND), H5Tclose);
   return native && H5Tequal(native.get(), memory_type) > 0;
 }
 
 // The file, which is made if there is none.
-hid_t open_target(Constant const& constant) {
+hid_t open_target(const Constant& constant) {
   if (file_exist(constant.file) == 0) {
-    hid_t const created =
+    const hid_t created =
         H5Fcreate(constant.file, H5F_ACC_EXCL, H5P_DEFAULT, h5journal::accessList());
     require(created >= 0, constant);
     return created;
   }
-  hid_t const opened = H5Fopen(constant.file, H5F_ACC_RDWR, h5journal::accessList());
+  const hid_t opened = H5Fopen(constant.file, H5F_ACC_RDWR, h5journal::accessList());
   if (opened < 0) op_fail(2, "Could not obtain write access to file '%s'\n", constant.file);
   return opened;
 }
 
-hid_t open_existing(hid_t file, hid_t type, Constant const& constant) {
-  hid_t const dataset = H5Dopen2(file, constant.name, H5P_DEFAULT);
+hid_t open_existing(hid_t file, hid_t type, const Constant& constant) {
+  const hid_t dataset = H5Dopen2(file, constant.name, H5P_DEFAULT);
   if (dataset < 0 || number_of_values(dataset) != constant.dim || !is_stored_as(dataset, type)) {
     op_fail(2, "'%s' in file '%s' is not a constant of %d values of type %s ... aborting\n",
             constant.name, constant.file, constant.dim, constant.type);
@@ -64,11 +64,11 @@ hid_t open_existing(hid_t file, hid_t type, Constant const& constant) {
   return dataset;
 }
 
-hid_t create_dataset(hid_t file, hid_t type, Constant const& constant) {
+hid_t create_dataset(hid_t file, hid_t type, const Constant& constant) {
   require(create_path(constant.name, file), constant);
-  auto const values = static_cast<hsize_t>(constant.dim);
-  H5Handle const space(H5Screate_simple(1, &values, nullptr), H5Sclose);
-  hid_t const dataset =
+  const auto values = static_cast<hsize_t>(constant.dim);
+  const H5Handle space(H5Screate_simple(1, &values, nullptr), H5Sclose);
+  const hid_t dataset =
       H5Dcreate2(file, constant.name, type, space.get(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT);
   require(dataset >= 0, constant);
   require(op_hdf5_attach(dataset, "dim", constant.dim), constant);
@@ -78,37 +78,37 @@ hid_t create_dataset(hid_t file, hid_t type, Constant const& constant) {
 
 }  // namespace
 
-void op_write_const_hdf5(char const* name, int dim, char const* type, char const* data,
-                         char const* file) {
+void op_write_const_hdf5(const char* name, int dim, const char* type, const char* data,
+                         const char* file) {
   std::printf("Writing '%s' to file '%s'\n", name, file);
   std::printf("Writing constant to %s\n", file);
-  hid_t const values = op_hdf5_type_of(type).memory;
+  const hid_t values = op_hdf5_type_of(type).memory;
   if (values < 0) op_fail(2, "Unknown type for write_const\n");
   if (dim < 1) op_fail(2, "constant %s has %d values, must be 1 or more\n", name, dim);
-  Constant const constant{name, dim, type, file};
-  H5Silence const silence;
-  H5Handle const target(open_target(constant), H5Fclose);
-  bool const isUpdate = op_hdf5_holds(target.get(), name);
-  H5Handle const dataset(isUpdate ? open_existing(target.get(), values, constant)
+  const Constant constant{name, dim, type, file};
+  const H5Silence silence;
+  const H5Handle target(open_target(constant), H5Fclose);
+  const bool isUpdate = op_hdf5_holds(target.get(), name);
+  const H5Handle dataset(isUpdate ? open_existing(target.get(), values, constant)
                                   : create_dataset(target.get(), values, constant),
                          H5Dclose);
   require(H5Dwrite(dataset.get(), values, H5S_ALL, H5S_ALL, H5P_DEFAULT, data) >= 0, constant);
   require(H5Fflush(target.get(), H5F_SCOPE_LOCAL) >= 0, constant);
 }
 
-void op_get_const_hdf5(char const* name, int dim, char const* type, char* buffer,
-                       char const* file) {
-  H5Handle const source(op_hdf5_open_source(file, "op_get_const_hdf5"), H5Fclose);
-  H5Silence const silence;
-  H5Handle const dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+void op_get_const_hdf5(const char* name, int dim, const char* type, char* buffer,
+                       const char* file) {
+  const H5Handle source(op_hdf5_open_source(file, "op_get_const_hdf5"), H5Fclose);
+  const H5Silence silence;
+  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
   if (!dataset) op_fail(2, "dataset '%s' not found in file '%s'\n", name, file);
-  hssize_t const values = number_of_values(dataset.get());
+  const hssize_t values = number_of_values(dataset.get());
   if (values != dim) {
     op_fail(2, "dim of constant %d in file %s and requested dim %d do not match\n",
             static_cast<int>(std::min(values, hssize_t{INT_MAX})), file, dim);
   }
-  std::string const stored = type_of(dataset.get());
-  hid_t const memory = op_hdf5_type_of(type).memory;
+  const std::string stored = type_of(dataset.get());
+  const hid_t memory = op_hdf5_type_of(type).memory;
   if (memory < 0 || stored == "UNRECOGNISED") {
     op_fail(2, "Unknown type in file %s for constant %s\n", file, name);
   }

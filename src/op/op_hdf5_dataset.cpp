@@ -15,7 +15,7 @@
 namespace {
 
 std::string name_of(hid_t object) {
-  ssize_t const length = H5Iget_name(object, nullptr, 0);
+  const ssize_t length = H5Iget_name(object, nullptr, 0);
   if (length <= 0) return {};
   std::string name(static_cast<std::size_t>(length) + 1, '\0');
   H5Iget_name(object, name.data(), name.size());
@@ -27,15 +27,15 @@ std::size_t value_bytes(std::string_view type) {
   return type == "double" || type == "long long" ? 8 : 4;
 }
 
-bool attach(hid_t dataset, char const* name, hid_t type, hid_t space, void const* value) {
-  H5Handle const attribute(H5Acreate2(dataset, name, type, space, H5P_DEFAULT, H5P_DEFAULT),
+bool attach(hid_t dataset, const char* name, hid_t type, hid_t space, const void* value) {
+  const H5Handle attribute(H5Acreate2(dataset, name, type, space, H5P_DEFAULT, H5P_DEFAULT),
                            H5Aclose);
   return attribute && H5Awrite(attribute.get(), type, value) >= 0;
 }
 
 }  // namespace
 
-op_hdf5_value_type op_hdf5_type_of(char const* type) {
+op_hdf5_value_type op_hdf5_type_of(const char* type) {
   switch (op_type_of(type)) {
     case op_type::Double:
       return {H5T_NATIVE_DOUBLE, 8};
@@ -53,11 +53,11 @@ op_hdf5_value_type op_hdf5_type_of(char const* type) {
   return {H5I_INVALID_HID, 0};
 }
 
-char const* op_hdf5_type_to_string(hid_t type) {
+const char* op_hdf5_type_to_string(hid_t type) {
   // Files of another byte order have the same native type.
-  H5Handle const native(H5Tget_native_type(type, H5T_DIR_ASCEND), H5Tclose);
+  const H5Handle native(H5Tget_native_type(type, H5T_DIR_ASCEND), H5Tclose);
   if (!native) return "UNRECOGNISED";
-  auto const is = [&](hid_t known) { return H5Tequal(native.get(), known) > 0; };
+  const auto is = [&](hid_t known) { return H5Tequal(native.get(), known) > 0; };
   if (is(H5T_NATIVE_INT)) return "int";
   if (is(H5T_NATIVE_LONG)) return "long";
   if (is(H5T_NATIVE_LLONG)) return "long long";
@@ -68,12 +68,12 @@ char const* op_hdf5_type_to_string(hid_t type) {
 
 int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record) {
   if (record == nullptr) return -1;
-  H5Handle const space(H5Dget_space(dataset), H5Sclose);
-  H5Handle const type(H5Dget_type(dataset), H5Tclose);
+  const H5Handle space(H5Dget_space(dataset), H5Sclose);
+  const H5Handle type(H5Dget_type(dataset), H5Tclose);
   if (!space || !type) return -1;
-  int const rank = H5Sget_simple_extent_ndims(space.get());
+  const int rank = H5Sget_simple_extent_ndims(space.get());
   if (rank < 0) return -1;
-  std::string const name = name_of(dataset);
+  const std::string name = name_of(dataset);
   if (rank > 2) {
     op_fail(2, "Error: dataset '%s' has %d extents, at most 2 are possible\n", name.c_str(), rank);
   }
@@ -93,48 +93,48 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record) {
   return 0;
 }
 
-hid_t op_hdf5_open_source(char const* file, char const* call, char const* reasons) {
+hid_t op_hdf5_open_source(const char* file, const char* call, const char* reasons) {
   if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
-  H5Silence const silence;
-  hid_t const id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
+  const H5Silence silence;
+  const hid_t id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
   if (id < 0) op_fail(2, "Could not obtain read access to file '%s'%s\n", file, reasons);
   return id;
 }
 
-bool op_hdf5_attach(hid_t dataset, char const* name, int value) {
-  hsize_t const one = 1;
-  H5Handle const single(H5Screate_simple(1, &one, nullptr), H5Sclose);
+bool op_hdf5_attach(hid_t dataset, const char* name, int value) {
+  const hsize_t one = 1;
+  const H5Handle single(H5Screate_simple(1, &one, nullptr), H5Sclose);
   return attach(dataset, name, H5T_NATIVE_INT, single.get(), &value);
 }
 
-bool op_hdf5_attach(hid_t dataset, char const* name, char const* text) {
-  H5Handle const scalar(H5Screate(H5S_SCALAR), H5Sclose);
-  H5Handle const type(H5Tcopy(H5T_C_S1), H5Tclose);
+bool op_hdf5_attach(hid_t dataset, const char* name, const char* text) {
+  const H5Handle scalar(H5Screate(H5S_SCALAR), H5Sclose);
+  const H5Handle type(H5Tcopy(H5T_C_S1), H5Tclose);
   H5Tset_size(type.get(), std::strlen(text));
   return attach(dataset, name, type.get(), scalar.get(), text);
 }
 
-bool op_hdf5_holds(hid_t file, char const* path) {
+bool op_hdf5_holds(hid_t file, const char* path) {
   // Missing groups on the way are an error for the library.
-  H5Silence const silence;
+  const H5Silence silence;
   return H5Oexists_by_name(file, path, H5P_DEFAULT) > 0;
 }
 
-void op_hdf5_fail_write(char const* path, char const* file) {
+void op_hdf5_fail_write(const char* path, const char* file) {
   std::printf("Could not write dataset '%s' to file '%s'\n", path, file);
   std::fflush(nullptr);
   // The library's clean-up at exit can crash after a failed write.
   std::_Exit(2);
 }
 
-bool create_path(char const* path, hid_t file) {
-  std::string_view const whole(path);
+bool create_path(const char* path, hid_t file) {
+  const std::string_view whole(path);
   for (std::size_t slash = whole.find('/'); slash != std::string_view::npos;
        slash = whole.find('/', slash + 1)) {
     if (slash == 0 || whole[slash - 1] == '/') continue;
-    std::string const prefix(whole.substr(0, slash));
+    const std::string prefix(whole.substr(0, slash));
     if (H5Lexists(file, prefix.c_str(), H5P_DEFAULT) > 0) continue;
-    H5Handle const group(H5Gcreate2(file, prefix.c_str(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT),
+    const H5Handle group(H5Gcreate2(file, prefix.c_str(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT),
                          H5Gclose);
     if (!group) return false;
   }

@@ -1,7 +1,7 @@
 // What the HDF5 calls of the runtime share: handles that close themselves, the properties of a
 // dataset, the groups along a path. Works on the HDF5 C library directly.
 //
-//   H5Handle const file(H5Fopen(name, H5F_ACC_RDONLY, h5journal::accessList()), H5Fclose);
+//   const H5Handle file(H5Fopen(name, H5F_ACC_RDONLY, h5journal::accessList()), H5Fclose);
 //   if (!file) ...
 #pragma once
 
@@ -19,8 +19,8 @@ class H5Handle {
 
   /// @param id an open identifier, or a negative value of a call that failed
   H5Handle(hid_t id, Close close) : id_(id), close_(close) {}
-  H5Handle(H5Handle const&) = delete;
-  H5Handle& operator=(H5Handle const&) = delete;
+  H5Handle(const H5Handle&) = delete;
+  H5Handle& operator=(const H5Handle&) = delete;
   H5Handle(H5Handle&&) = delete;
   H5Handle& operator=(H5Handle&&) = delete;
   ~H5Handle() {
@@ -42,8 +42,8 @@ class H5Silence {
     H5Eget_auto2(H5E_DEFAULT, &function_, &data_);
     H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
   }
-  H5Silence(H5Silence const&) = delete;
-  H5Silence& operator=(H5Silence const&) = delete;
+  H5Silence(const H5Silence&) = delete;
+  H5Silence& operator=(const H5Silence&) = delete;
   H5Silence(H5Silence&&) = delete;
   H5Silence& operator=(H5Silence&&) = delete;
   ~H5Silence() { H5Eset_auto2(H5E_DEFAULT, function_, data_); }
@@ -68,10 +68,10 @@ struct op_hdf5_value_type {
 };
 
 /// The storage that a type string of a dat stands for.
-op_hdf5_value_type op_hdf5_type_of(char const* type);
+op_hdf5_value_type op_hdf5_type_of(const char* type);
 
 /// Name of an HDF5 type, "UNRECOGNISED" if it has none here.
-char const* op_hdf5_type_to_string(hid_t type);
+const char* op_hdf5_type_to_string(hid_t type);
 
 /// Reads shape and type of a dataset. Ends the process with status 2 if the runtime knows no such
 /// type, or if the dataset has more than two extents or an extent above the range of int.
@@ -81,23 +81,23 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record);
 /// Opens a file to read from it. Ends the process with status 2 if that is not possible.
 /// @param call the function that needs the file, for the message
 /// @param reasons what may be the matter, behind the message
-hid_t op_hdf5_open_source(char const* file, char const* call, char const* reasons = "");
+hid_t op_hdf5_open_source(const char* file, const char* call, const char* reasons = "");
 
 /// Attaches an attribute of one number, or a text of fixed length, to a dataset.
 /// @return false if HDF5 fails
-bool op_hdf5_attach(hid_t dataset, char const* name, int value);
-bool op_hdf5_attach(hid_t dataset, char const* name, char const* text);
+bool op_hdf5_attach(hid_t dataset, const char* name, int value);
+bool op_hdf5_attach(hid_t dataset, const char* name, const char* text);
 
 /// Writes a dat as op_fetch_data_hdf5 does, without an announcement.
-void op_hdf5_write_dat(op_dat dat, char const* file, char const* path);
+void op_hdf5_write_dat(op_dat dat, const char* file, const char* path);
 
 /// True if `path` leads to something in the file.
-bool op_hdf5_holds(hid_t file, char const* path);
+bool op_hdf5_holds(hid_t file, const char* path);
 
 /// Ends the process with status 2 and a message that the dataset could not be written, without the
 /// clean-up of the HDF5 library, which would try to write again.
-[[noreturn]] void op_hdf5_fail_write(char const* path, char const* file);
+[[noreturn]] void op_hdf5_fail_write(const char* path, const char* file);
 
 /// Creates all groups that are missing on the way to the last component of `path`.
 /// @return false if a group could not be made
-bool create_path(char const* path, hid_t file);
+bool create_path(const char* path, hid_t file);

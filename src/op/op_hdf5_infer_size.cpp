@@ -7,13 +7,13 @@
 #include "op/op_seq.h"
 #include "op/op_util.h"
 
-op_set op_decl_set_hdf5_infer_size(char const* file, char const* name, char const* dataset) {
-  H5Handle const source(op_hdf5_open_source(file, "op_decl_set_hdf5_infer_size"), H5Fclose);
+op_set op_decl_set_hdf5_infer_size(const char* file, const char* name, const char* dataset) {
+  const H5Handle source(op_hdf5_open_source(file, "op_decl_set_hdf5_infer_size"), H5Fclose);
   H5Eset_auto2(H5E_DEFAULT, nullptr, nullptr);
   if (!op_hdf5_holds(source.get(), dataset)) {
     op_fail(2, "Dataset '%s' not found in file '%s'\n", dataset, file);
   }
-  H5Handle const opened(H5Dopen2(source.get(), dataset, H5P_DEFAULT), H5Dclose);
+  const H5Handle opened(H5Dopen2(source.get(), dataset, H5P_DEFAULT), H5Dclose);
   if (!opened) {
     std::printf("Could not open dataset '%s' in file '%s'\n", dataset, file);
     return nullptr;

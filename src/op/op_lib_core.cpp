@@ -46,7 +46,7 @@ std::size_t table_size(op_set from, int dim) {
 
 // Makes room for one more entry; `message` is the last word if there is none.
 template <class T>
-void grow_if_full(T*& list, int count, int& capacity, char const* message) {
+void grow_if_full(T*& list, int count, int& capacity, const char* message) {
   if (count < capacity) return;
   capacity += LIST_STEP;
   // NOLINTNEXTLINE(bugprone-sizeof-expression): the lists hold pointers
@@ -56,18 +56,18 @@ void grow_if_full(T*& list, int count, int& capacity, char const* message) {
 
 // A zeroed record.
 template <class T>
-T* new_record(char const* message) {
+T* new_record(const char* message) {
   auto* const record = static_cast<T*>(op_calloc(1, sizeof(T)));
   if (record == nullptr) op_fail(-1, "%s", message);
   return record;
 }
 
-void free_text(char const* text) {
+void free_text(const char* text) {
   op_free(const_cast<char*>(text));
 }
 
 [[noreturn]] void fail_entry(op_map map, int row, int column, int entry, int base) {
-  long long const shown = static_cast<long long>(entry) + base;
+  const long long shown = static_cast<long long>(entry) + base;
   if (map->to->size == 0) {
     op_fail(2, "map %s: row %d, column %d holds %lld, but the set %s has no elements\n", map->name,
             row, column, shown, map->to->name);
@@ -93,7 +93,7 @@ void drop_dat(op_dat_entry* entry) {
   } else {
     OP_dat_list.last = entry->prev;
   }
-  op_dat const dat = entry->dat;
+  const op_dat dat = entry->dat;
   if (dat->user_managed == 0) op_free(dat->data);
   free_text(dat->name);
   free_text(dat->type);
@@ -102,15 +102,15 @@ void drop_dat(op_dat_entry* entry) {
 }
 
 // The text behind `key` in `arg`, if the key occurs; `length` characters are taken from its start.
-bool find_setting(char const* arg, char const* key, std::size_t length, std::string& value) {
-  char const* const place = std::strstr(arg, key);
+bool find_setting(const char* arg, const char* key, std::size_t length, std::string& value) {
+  const char* const place = std::strstr(arg, key);
   if (place == nullptr) return false;
   value = std::string(place).substr(0, length).substr(std::strlen(key));
   return true;
 }
 
 void set_maps_base_index(int base) {
-  int const previous = OP_maps_base_index;
+  const int previous = OP_maps_base_index;
   OP_maps_base_index = base;
   if (base < 0 || base > 1) {
     std::printf(
@@ -127,7 +127,7 @@ void enable_soa() {
   std::printf("\n Enabling Automatic AoS->SoA Conversion\n");
 }
 
-void set_hybrid_balance(char const* value) {
+void set_hybrid_balance(const char* value) {
   OP_hybrid_balance = std::atof(value);
   std::printf("\n OP_hybrid_balance  = %g \n", OP_hybrid_balance);
 }
@@ -137,7 +137,7 @@ void set_hybrid_balance(char const* value) {
 void op_init_core(int argc, char** argv, int diags) {
   std::printf("\n Initializing SKEILID\n");
   OP_diags = diags;
-  if (char const* const balance = std::getenv("OP_HYBRID_BALANCE")) set_hybrid_balance(balance);
+  if (const char* const balance = std::getenv("OP_HYBRID_BALANCE")) set_hybrid_balance(balance);
   if (std::getenv("OP_AUTO_SOA") != nullptr || OP_auto_soa == 1) enable_soa();
   if (OP_maps_base_index != 0) {
     std::printf(
@@ -150,7 +150,7 @@ void op_init_core(int argc, char** argv, int diags) {
   OP_dat_list.last = &OP_dat_list.first;
 }
 
-void op_set_args(int /*argc*/, char const* arg) {
+void op_set_args(int /*argc*/, const char* arg) {
   std::string value;
   if (find_setting(arg, "OP_BLOCK_SIZE=", 20, value)) {
     OP_block_size = std::atoi(value.c_str());
@@ -175,9 +175,9 @@ void op_set_args(int /*argc*/, char const* arg) {
   }
 }
 
-op_set op_decl_set_core(int size, char const* name) {
+op_set op_decl_set_core(int size, const char* name) {
   if (size < 0) op_fail(-1, " op_decl_set error -- negative/zero size for set: %s\n", name);
-  char const* const exhausted = " op_decl_set error -- error reallocating memory";
+  const char* const exhausted = " op_decl_set error -- error reallocating memory";
   grow_if_full(OP_set_list, OP_set_index, OP_set_max, exhausted);
   auto* const set = new_record<op_set_core>(exhausted);
   set->index = OP_set_index;
@@ -188,15 +188,15 @@ op_set op_decl_set_core(int size, char const* name) {
   return set;
 }
 
-void op_require_map(op_set from, op_set to, int dim, char const* name) {
+void op_require_map(op_set from, op_set to, int dim, const char* name) {
   if (from == nullptr) op_fail(-1, " op_decl_map error -- invalid 'from' set for map %s\n", name);
   if (to == nullptr) op_fail(-1, "op_decl_map error -- invalid 'to' set for map %s\n", name);
   if (dim < 1) op_fail(-1, "op_decl_map error -- negative/zero dimension for map %s\n", name);
 }
 
-op_map op_decl_map_core(op_set from, op_set to, int dim, int* table, char const* name) {
+op_map op_decl_map_core(op_set from, op_set to, int dim, int* table, const char* name) {
   op_require_map(from, to, dim, name);
-  char const* const exhausted = " op_decl_map error -- error reallocating memory";
+  const char* const exhausted = " op_decl_map error -- error reallocating memory";
   grow_if_full(OP_map_list, OP_map_index, OP_map_max, exhausted);
   if (OP_maps_base_index == 1) {
     // Unsigned, since a table from a file can hold anything.
@@ -216,39 +216,39 @@ op_map op_decl_map_core(op_set from, op_set to, int dim, int* table, char const*
   return map;
 }
 
-void check_map(char const* name, op_set from, op_set to, int dim, int const* table) {
+void check_map(const char* name, op_set from, op_set to, int dim, const int* table) {
   for (std::size_t i = 0; i < table_size(from, dim); ++i) {
     if (table[i] >= 0 && table[i] < to->size) continue;
-    auto const width = static_cast<std::size_t>(dim);
+    const auto width = static_cast<std::size_t>(dim);
     std::printf("op_decl_map error -- invalid data for map %s\n", name);
     op_fail(-1, "element = %d, dimension = %d, map = %d\n", static_cast<int>(i / width),
             static_cast<int>(i % width), table[i]);
   }
 }
 
-void op_check_map_columns(op_map map, int const* used) {
-  int const base = OP_maps_base_index == 1 ? 1 : 0;  // shown as the file counts
-  int const* row = map->map;
+void op_check_map_columns(op_map map, const int* used) {
+  const int base = OP_maps_base_index == 1 ? 1 : 0;  // shown as the file counts
+  const int* row = map->map;
   for (int i = 0; i < map->from->size; ++i, row += map->dim) {
-    int const columns = used == nullptr ? map->dim : used[i];
+    const int columns = used == nullptr ? map->dim : used[i];
     if (columns < 0 || columns > map->dim) {
       op_fail(2, "map %s: row %d uses %d columns, which is not in the range 0 to %d\n", map->name,
               i, columns, map->dim);
     }
-    int const* const end = row + columns;
-    int const* const wrong =
+    const int* const end = row + columns;
+    const int* const wrong =
         std::find_if(row, end, [=](int entry) { return entry < 0 || entry >= map->to->size; });
     if (wrong != end) fail_entry(map, i, static_cast<int>(wrong - row), *wrong, base);
   }
 }
 
-void op_require_dat(op_set set, int dim, char const* name) {
+void op_require_dat(op_set set, int dim, const char* name) {
   if (set == nullptr) op_fail(-1, "op_decl_dat error -- invalid set for data: %s\n", name);
   if (dim < 1) op_fail(-1, "op_decl_dat error -- negative/zero dimension for data: %s\n", name);
 }
 
-op_dat op_decl_dat_core(op_set set, int dim, char const* type, int size, char* data,
-                        char const* name) {
+op_dat op_decl_dat_core(op_set set, int dim, const char* type, int size, char* data,
+                        const char* name) {
   op_require_dat(set, dim, name);
   if (size > INT_MAX / dim) {
     op_fail(-1, "op_decl_dat error -- %d values of %d bytes are too many for one element: %s\n",
@@ -267,14 +267,14 @@ op_dat op_decl_dat_core(op_set set, int dim, char const* type, int size, char* d
   return dat;
 }
 
-op_dat op_decl_dat_temp_core(op_set set, int dim, char const* type, int size, char const* name) {
+op_dat op_decl_dat_temp_core(op_set set, int dim, const char* type, int size, const char* name) {
   op_require_dat(set, dim, name);
   if (search_dat(set, dim, size, type, name) != nullptr) {
     op_fail(2, "op_dat with name %s already exists, cannot create temporary op_dat\n ", name);
   }
-  op_dat const dat = op_decl_dat_core(set, dim, type, size, nullptr, name);
+  const op_dat dat = op_decl_dat_core(set, dim, type, size, nullptr, name);
   dat->user_managed = 0;
-  auto const elements = static_cast<std::size_t>(set->size);
+  const auto elements = static_cast<std::size_t>(set->size);
   dat->data = static_cast<char*>(xcalloc(elements, static_cast<std::size_t>(dat->size)));
   if (dat->data == nullptr && elements > 0 && dat->size > 0) {
     op_fail(-1, "\nop_decl_dat error -- no memory for the values of data: %s\n", name);
@@ -294,9 +294,9 @@ bool compare_sets(op_set a, op_set b) {
   return a->index == b->index && op_same_text(a->name, b->name);
 }
 
-op_dat_entry* search_dat(op_set set, int dim, int size, char const* type, char const* name) {
+op_dat_entry* search_dat(op_set set, int dim, int size, const char* type, const char* name) {
   for (op_dat_entry* entry = OP_dat_list.first; entry != nullptr; entry = entry->next) {
-    op_dat const dat = entry->dat;
+    const op_dat dat = entry->dat;
     if (op_same_text(dat->name, name) && dat->dim == dim && dat->size == dim * size &&
         compare_sets(dat->set, set) && op_same_text(dat->type, type)) {
       return entry;
@@ -314,7 +314,7 @@ void op_exit_core() {
   OP_set_list = nullptr;
 
   for (int i = 0; i < OP_map_index; ++i) {
-    op_map const map = OP_map_list[i];
+    const op_map map = OP_map_list[i];
     if (map->user_managed == 0) op_free(map->map);
     free_text(map->name);
     op_free(map);

@@ -15,7 +15,7 @@ enum op_access { OP_READ = 0, OP_WRITE = 1, OP_RW = 2, OP_INC = 3, OP_MIN = 4, O
 struct op_set_core {
   int index;         ///< position in OP_set_list
   int size;          ///< number of elements
-  char const* name;  ///< private copy
+  const char* name;  ///< private copy
   int core_size;     ///< elements that need no communication: all of them
   int exec_size;     ///< extra elements that are executed: none
   int nonexec_size;  ///< extra elements that are only read: none
@@ -29,7 +29,7 @@ struct op_map_core {
   int dim;           ///< entries per source element
   int* map;          ///< from->size * dim entries, row after row
   int* map_d;        ///< device copy, always null
-  char const* name;  ///< private copy
+  const char* name;  ///< private copy
   int user_managed;  ///< 0 if the runtime frees `map` at exit
 };
 using op_map = op_map_core*;
@@ -41,8 +41,8 @@ struct op_dat_core {
   int size;          ///< bytes per element
   char* data;        ///< values, element after element
   char* data_d;      ///< device copy, always null
-  char const* type;  ///< type string, private copy
-  char const* name;  ///< private copy
+  const char* type;  ///< type string, private copy
+  const char* name;  ///< private copy
   char* buffer_d;    ///< device buffers, always null
   char* buffer_d_r;
   int dirtybit;      ///< reserved for halo exchange
@@ -63,7 +63,7 @@ struct op_arg {
   char* data_d;
   int* map_data;  ///< table of the map, or null
   int* map_data_d;
-  char const* type;  ///< type string
+  const char* type;  ///< type string
   op_access acc;
   int argtype;  ///< 1 for a dat, 0 for a global
   int sent;
@@ -72,7 +72,7 @@ struct op_arg {
 
 /// Timing record of one loop.
 struct op_kernel {
-  char const* name;  ///< loop name, not copied; "unused" until the loop has run
+  const char* name;  ///< loop name, not copied; "unused" until the loop has run
   int count;         ///< calls of the loop
   double time;       ///< wall time of all calls [s]
   double* times;     ///< wall time per thread [s], `ntimes` entries
@@ -123,36 +123,36 @@ void op_init_core(int argc, char** argv, int diags);
 
 /// Takes the settings that stand in one argument, anywhere inside it, such as "OP_BLOCK_SIZE=128".
 /// @param argc not looked at
-void op_set_args(int argc, char const* arg);
+void op_set_args(int argc, const char* arg);
 
 /// New set of `size` elements. Ends the process if the size is negative.
-op_set op_decl_set_core(int size, char const* name);
+op_set op_decl_set_core(int size, const char* name);
 
 /// Ends the process unless a map could be declared between these sets: both there, dim positive.
-void op_require_map(op_set from, op_set to, int dim, char const* name);
+void op_require_map(op_set from, op_set to, int dim, const char* name);
 
 /// New map over the caller's table of from->size * dim entries, which stays the caller's. Entries
 /// that count from 1 (see OP_maps_base_index) are changed in place to count from 0.
-op_map op_decl_map_core(op_set from, op_set to, int dim, int* table, char const* name);
+op_map op_decl_map_core(op_set from, op_set to, int dim, int* table, const char* name);
 
 /// Ends the process with the first entry of the table that is no element of the target set.
-void check_map(char const* name, op_set from, op_set to, int dim, int const* table);
+void check_map(const char* name, op_set from, op_set to, int dim, const int* table);
 
 /// Ends the process with status 2 at the first entry of a map that is no element of its target set,
 /// and at a row that claims to use more columns than there are.
 /// @param used for each row the number of leading columns that count; null if all of them do
-void op_check_map_columns(op_map map, int const* used);
+void op_check_map_columns(op_map map, const int* used);
 
 /// Ends the process unless a dat could be declared: the set there, dim positive.
-void op_require_dat(op_set set, int dim, char const* name);
+void op_require_dat(op_set set, int dim, const char* name);
 
 /// New dat over the caller's values, which stay the caller's.
 /// @param size bytes of one value
-op_dat op_decl_dat_core(op_set set, int dim, char const* type, int size, char* data,
-                        char const* name);
+op_dat op_decl_dat_core(op_set set, int dim, const char* type, int size, char* data,
+                        const char* name);
 
 /// New dat with storage of its own, all zero. Ends the process if there is an equal one already.
-op_dat op_decl_dat_temp_core(op_set set, int dim, char const* type, int size, char const* name);
+op_dat op_decl_dat_temp_core(op_set set, int dim, const char* type, int size, const char* name);
 
 /// Removes a dat from the list and frees it, and its values unless they are the caller's.
 /// @return 1, or -1 if the list holds no dat of that name, dim, set and type
@@ -162,7 +162,7 @@ int op_free_dat_temp_core(op_dat dat);
 bool compare_sets(op_set a, op_set b);
 
 /// The entry of the dat of that set, dim, value size, type and name, or null.
-op_dat_entry* search_dat(op_set set, int dim, int size, char const* type, char const* name);
+op_dat_entry* search_dat(op_set set, int dim, int size, const char* type, const char* name);
 
 /// Ends the runtime: frees all sets, maps, dats and timing records.
 void op_exit_core();

@@ -27,7 +27,7 @@ namespace op {
 template <std::size_t N>
 struct Text {
   // NOLINTNEXTLINE(google-explicit-constructor,cppcoreguidelines-avoid-c-arrays): literals
-  constexpr Text(char const (&literal)[N]) { std::copy_n(literal, N, characters.data()); }
+  constexpr Text(const char (&literal)[N]) { std::copy_n(literal, N, characters.data()); }
   std::array<char, N> characters{};
 };
 
@@ -65,7 +65,7 @@ struct always {};
 
 /// The type string of the runtime for a value type.
 template <class Value>
-constexpr char const* typeText() {
+constexpr const char* typeText() {
   static_assert(std::is_same_v<Value, double> || std::is_same_v<Value, int>);
   return std::is_same_v<Value, double> ? "double" : "int";
 }
@@ -84,7 +84,7 @@ struct DatRow {
   static constexpr bool optional = !std::is_same_v<Flag, always>;
   static constexpr int entries = Reach::columns;
 
-  using Element = std::conditional_t<Access == OP_READ, Value const, Value>;
+  using Element = std::conditional_t<Access == OP_READ, const Value, Value>;
   using Parameter = std::conditional_t<vector, Element* const*, Element*>;
 
   static constexpr auto flag() { return Flag::value; }
@@ -103,7 +103,7 @@ struct GlobalRow {
   static constexpr int entries = 1;
   static constexpr bool reduction = Access == OP_INC || Access == OP_MIN || Access == OP_MAX;
 
-  using Element = std::conditional_t<Access == OP_READ, T const, T>;
+  using Element = std::conditional_t<Access == OP_READ, const T, T>;
   using Parameter = Element*;
 };
 
@@ -127,7 +127,7 @@ using highest = GlobalRow<OP_MAX, T>;
 /// A loop over `Set`; `Slot` is its place among the timing records.
 template <Text Name, int Slot, auto Kernel, auto Set, Order Visit, class... Rows>
 struct Loop {
-  static constexpr char const* name() { return text.characters.data(); }
+  static constexpr const char* name() { return text.characters.data(); }
   static constexpr int slot = Slot;
   static constexpr auto kernel = Kernel;
   static constexpr auto set = Set;

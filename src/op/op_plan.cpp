@@ -16,15 +16,15 @@ namespace {
 constexpr int PLAN_LIST_STEP = 10;  // records by which the full list grows
 
 // What a loop has to share with the one that a plan was built for.
-bool same_argument(op_plan const& plan, int m, op_arg const& arg) {
-  bool const had_dat = plan.dats[m] != nullptr;
+bool same_argument(const op_plan& plan, int m, const op_arg& arg) {
+  const bool had_dat = plan.dats[m] != nullptr;
   if (had_dat != (arg.dat != nullptr)) return false;
   if (had_dat && (plan.dims[m] != arg.dat->dim || plan.sizes[m] != arg.dat->size)) return false;
   return plan.maps[m] == arg.map && plan.idxs[m] == arg.idx && plan.accs[m] == arg.acc;
 }
 
-bool is_plan_of(op_plan const& plan, char const* name, op_set set, int part_size, int nargs,
-                op_arg const* args, int ninds) {
+bool is_plan_of(const op_plan& plan, const char* name, op_set set, int part_size, int nargs,
+                const op_arg* args, int ninds) {
   if (!op_same_text(plan.name, name) || plan.set != set || plan.nargs != nargs ||
       plan.ninds != ninds || plan.part_size != part_size) {
     return false;
@@ -39,7 +39,7 @@ bool is_plan_of(op_plan const& plan, char const* name, op_set set, int part_size
 op_plan& add_record() {
   if (OP_plan_index == OP_plan_max) {
     OP_plan_max += PLAN_LIST_STEP;
-    auto const bytes = static_cast<std::size_t>(OP_plan_max) * sizeof(op_plan);
+    const auto bytes = static_cast<std::size_t>(OP_plan_max) * sizeof(op_plan);
     OP_plans = static_cast<op_plan*>(op_realloc(OP_plans, bytes));
     if (OP_plans == nullptr) {
       op_fail(-1, " op_plan error -- error reallocating memory for OP_plans");
@@ -50,7 +50,7 @@ op_plan& add_record() {
   return plan;
 }
 
-void fill_signature(op_plan_loop const& loop, op_plan& plan) {
+void fill_signature(const op_plan_loop& loop, op_plan& plan) {
   plan.name = loop.name;
   plan.set = loop.set;
   plan.nargs = loop.nargs;
@@ -67,7 +67,7 @@ void fill_signature(op_plan_loop const& loop, op_plan& plan) {
   plan.dims = op_plan_array<int>(loop.nargs);
   plan.sizes = op_plan_array<int>(loop.nargs);
   for (int m = 0; m < loop.nargs; ++m) {
-    op_arg const& arg = loop.args[m];
+    const op_arg& arg = loop.args[m];
     plan.maps[m] = arg.map;
     plan.dats[m] = arg.dat;
     plan.idxs[m] = arg.idx;
@@ -79,23 +79,23 @@ void fill_signature(op_plan_loop const& loop, op_plan& plan) {
   }
 }
 
-op_plan& build(op_plan_loop const& loop) {
+op_plan& build(const op_plan_loop& loop) {
   op_plan& plan = add_record();
   fill_signature(loop, plan);
   op_plan_cut_blocks(loop, plan);
   op_plan_list_targets(loop, plan);
   op_plan_colour_elements(loop, plan);
   op_plan_colour_blocks(loop, plan);
-  op_plan_costs const costs = op_plan_estimate(loop, plan);
+  const op_plan_costs costs = op_plan_estimate(loop, plan);
   if (OP_diags > 1) op_plan_report(loop, plan, costs);
   op_plan_check(plan, plan.nargs_staged, plan.inds_staged);
   return plan;
 }
 
-void account_time(char const* name, double seconds) {
+void account_time(const char* name, double seconds) {
   op_kernel* const end = OP_kernels + OP_kern_max;
   op_kernel* const kernel = std::find_if(
-      OP_kernels, end, [=](op_kernel const& record) { return op_same_text(record.name, name); });
+      OP_kernels, end, [=](const op_kernel& record) { return op_same_text(record.name, name); });
   if (kernel != end) kernel->plan_time += static_cast<float>(seconds);
   OP_plan_time += seconds;
 }
@@ -114,7 +114,7 @@ void free_plan(op_plan& plan) {
 
 }  // namespace
 
-op_plan* op_plan_core(char const* name, op_set set, int part_size, int nargs, op_arg* args,
+op_plan* op_plan_core(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                       int ninds, int* inds, int staging) {
   for (int i = 0; i < OP_plan_index; ++i) {
     if (!is_plan_of(OP_plans[i], name, set, part_size, nargs, args, ninds)) continue;
@@ -135,17 +135,17 @@ op_plan* op_plan_core(char const* name, op_set set, int part_size, int nargs, op
   return &plan;
 }
 
-op_plan* op_plan_get(char const* name, op_set set, int part_size, int nargs, op_arg* args,
+op_plan* op_plan_get(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                      int ninds, int* inds) {
   return op_plan_get_stage(name, set, part_size, nargs, args, ninds, inds, OP_STAGED);
 }
 
-op_plan* op_plan_get_stage(char const* name, op_set set, int part_size, int nargs, op_arg* args,
+op_plan* op_plan_get_stage(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                            int ninds, int* inds, int staging) {
   return op_plan_core(name, set, part_size, nargs, args, ninds, inds, staging);
 }
 
-op_plan* op_plan_get_stage_upload(char const* name, op_set set, int part_size, int nargs,
+op_plan* op_plan_get_stage_upload(const char* name, op_set set, int part_size, int nargs,
                                   op_arg* args, int ninds, int* inds, int staging, int /*upload*/) {
   return op_plan_core(name, set, part_size, nargs, args, ninds, inds, staging);
 }

@@ -30,7 +30,7 @@ enum op_staging {
 /// colours `ncolors`. Staged indirections are numbered in order of first appearance; entry
 /// s + b * nargs_staged of `ind_offs` and `ind_sizes` is that of indirection s in block b.
 struct op_plan {
-  char const* name;  ///< of the loop, not copied
+  const char* name;  ///< of the loop, not copied
   op_set set;        ///< that the loop runs over
   int nargs;
   int ninds;         ///< indirect dats of the loop
@@ -80,22 +80,22 @@ struct op_plan {
 /// @param inds for each argument the number of its indirect dat, from 0 to ninds - 1; negative if
 ///        the argument is direct or global
 /// @param staging see op_staging
-op_plan* op_plan_core(char const* name, op_set set, int part_size, int nargs, op_arg* args,
+op_plan* op_plan_core(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                       int ninds, int* inds, int staging);
 
 /// The same with all indirect arguments staged.
-op_plan* op_plan_get(char const* name, op_set set, int part_size, int nargs, op_arg* args,
+op_plan* op_plan_get(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                      int ninds, int* inds);
-op_plan* op_plan_get_stage(char const* name, op_set set, int part_size, int nargs, op_arg* args,
+op_plan* op_plan_get_stage(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                            int ninds, int* inds, int staging);
 /// @param upload whether a device gets a copy: there is none
-op_plan* op_plan_get_stage_upload(char const* name, op_set set, int part_size, int nargs,
+op_plan* op_plan_get_stage_upload(const char* name, op_set set, int part_size, int nargs,
                                   op_arg* args, int ninds, int* inds, int staging, int upload);
 
 /// Prints what is inconsistent in a plan and, if the diagnostic level is above 6, what is not.
 /// @param nargs_staged staged indirections
 /// @param inds_staged for each argument its staged indirection, or -1
-void op_plan_check(op_plan plan, int nargs_staged, int const* inds_staged);
+void op_plan_check(op_plan plan, int nargs_staged, const int* inds_staged);
 
 /// Frees all plans.
 void op_rt_exit();

@@ -11,14 +11,14 @@ namespace {
 
 // A plan with what its checks need besides. Nothing in it is trusted to be in range.
 struct Plan {
-  op_plan const& record;
+  const op_plan& record;
   int nargs_staged;
-  int const* inds_staged;
+  const int* inds_staged;
   int exec_length;
 
   bool holds_block(int b) const {
-    int const begin = record.offset[b];
-    int const elements = record.nelems[b];
+    const int begin = record.offset[b];
+    const int elements = record.nelems[b];
     return begin >= 0 && elements >= 0 && begin <= exec_length && elements <= exec_length - begin;
   }
   int list_entry(int b, int s) const { return s + b * nargs_staged; }
@@ -29,13 +29,13 @@ struct Plan {
            static_cast<long long>(exec_length);
   }
   bool holds_list(int b, int s) const {
-    int const offset = record.ind_offs[list_entry(b, s)];
-    int const size = record.ind_sizes[list_entry(b, s)];
+    const int offset = record.ind_offs[list_entry(b, s)];
+    const int size = record.ind_sizes[list_entry(b, s)];
     return offset >= 0 && size >= 0 && offset <= list_room(s) - size;
   }
 };
 
-int executed_elements(op_plan const& plan) {
+int executed_elements(const op_plan& plan) {
   for (int m = 0; m < plan.nargs; ++m) {
     if (plan.optflags[m] != 0 && plan.idxs[m] != -1 && plan.accs[m] != OP_READ) {
       return plan.set->size + plan.set->exec_size;
@@ -44,7 +44,7 @@ int executed_elements(op_plan const& plan) {
   return plan.set->size;
 }
 
-void report(char const* item, bool good, char const* confirmation) {
+void report(const char* item, bool good, const char* confirmation) {
   if (!good) {
     std::printf(" *** OP_plan_check: %s error \n", item);
   } else if (OP_diags > 6) {
@@ -52,13 +52,13 @@ void report(char const* item, bool good, char const* confirmation) {
   }
 }
 
-bool elements_add_up(Plan const& plan) {
+bool elements_add_up(const Plan& plan) {
   long long elements = 0;
   for (int b = 0; b < plan.record.nblocks; ++b) elements += plan.record.nelems[b];
   return elements == plan.exec_length;
 }
 
-bool offsets_follow(Plan const& plan) {
+bool offsets_follow(const Plan& plan) {
   long long sum = 0;
   for (int b = 0; b < plan.record.nblocks; ++b) {
     if (plan.record.offset[b] != sum) return false;
@@ -67,7 +67,7 @@ bool offsets_follow(Plan const& plan) {
   return true;
 }
 
-bool lists_all_blocks(Plan const& plan) {
+bool lists_all_blocks(const Plan& plan) {
   std::vector<int> blocks(plan.record.blkmap, plan.record.blkmap + plan.record.nblocks);
   quickSort(blocks.data(), 0, plan.record.nblocks - 1);
   for (int b = 0; b < plan.record.nblocks; ++b) {
@@ -76,7 +76,7 @@ bool lists_all_blocks(Plan const& plan) {
   return true;
 }
 
-bool list_offsets_follow(Plan const& plan) {
+bool list_offsets_follow(const Plan& plan) {
   for (int s = 0; s < plan.nargs_staged; ++s) {
     long long sum = 0;
     for (int b = 0; b < plan.record.nblocks; ++b) {
@@ -88,17 +88,17 @@ bool list_offsets_follow(Plan const& plan) {
 }
 
 // The argument in use that stands for a staged indirection, or -1.
-int argument_of(Plan const& plan, int s) {
+int argument_of(const Plan& plan, int s) {
   for (int m = 0; m < plan.record.nargs; ++m) {
     if (plan.inds_staged[m] == s && plan.record.optflags[m] != 0) return m;
   }
   return -1;
 }
 
-bool list_rises(Plan const& plan, int b, int s, int targets) {
+bool list_rises(const Plan& plan, int b, int s, int targets) {
   if (!plan.holds_list(b, s)) return false;
-  int const* const list = plan.record.ind_maps[s] + plan.record.ind_offs[plan.list_entry(b, s)];
-  int const size = plan.record.ind_sizes[plan.list_entry(b, s)];
+  const int* const list = plan.record.ind_maps[s] + plan.record.ind_offs[plan.list_entry(b, s)];
+  const int size = plan.record.ind_sizes[plan.list_entry(b, s)];
   int previous = -1;
   for (int i = 0; i < size; ++i) {
     if (list[i] <= previous || list[i] >= targets) return false;
@@ -107,10 +107,10 @@ bool list_rises(Plan const& plan, int b, int s, int targets) {
   return true;
 }
 
-bool lists_rise(Plan const& plan) {
+bool lists_rise(const Plan& plan) {
   for (int s = 0; s < plan.nargs_staged; ++s) {
-    int const m = argument_of(plan, s);
-    int const targets = m < 0 ? 0 : op_plan_whole_size(plan.record.maps[m]->to);
+    const int m = argument_of(plan, s);
+    const int targets = m < 0 ? 0 : op_plan_whole_size(plan.record.maps[m]->to);
     for (int b = 0; b < plan.record.nblocks; ++b) {
       if (!list_rises(plan, b, s, targets)) return false;
     }
@@ -118,24 +118,24 @@ bool lists_rise(Plan const& plan) {
   return true;
 }
 
-int wrong_places(Plan const& plan, int m, int b) {
-  int const s = plan.inds_staged[m];
+int wrong_places(const Plan& plan, int m, int b) {
+  const int s = plan.inds_staged[m];
   if (!plan.holds_block(b) || !plan.holds_list(b, s)) return 0;  // reported already
-  op_map const map = plan.record.maps[m];
-  int const* const list = plan.record.ind_maps[s] + plan.record.ind_offs[plan.list_entry(b, s)];
-  int const size = plan.record.ind_sizes[plan.list_entry(b, s)];
-  int const begin = plan.record.offset[b];
-  int const end = begin + plan.record.nelems[b];
+  const op_map map = plan.record.maps[m];
+  const int* const list = plan.record.ind_maps[s] + plan.record.ind_offs[plan.list_entry(b, s)];
+  const int size = plan.record.ind_sizes[plan.list_entry(b, s)];
+  const int begin = plan.record.offset[b];
+  const int end = begin + plan.record.nelems[b];
   int errors = 0;
   for (int e = begin; e < end; ++e) {
-    int const place = plan.record.loc_maps[m][e];
-    int const target = map->map[static_cast<std::ptrdiff_t>(e) * map->dim + plan.record.idxs[m]];
+    const int place = plan.record.loc_maps[m][e];
+    const int target = map->map[static_cast<std::ptrdiff_t>(e) * map->dim + plan.record.idxs[m]];
     if (place < 0 || place >= size || list[place] != target) ++errors;
   }
   return errors;
 }
 
-void check_places(Plan const& plan) {
+void check_places(const Plan& plan) {
   int errors = 0;
   for (int m = 0; m < plan.record.nargs; ++m) {
     if (plan.inds_staged[m] < 0 || plan.record.optflags[m] == 0) continue;
@@ -150,8 +150,8 @@ void check_places(Plan const& plan) {
 
 }  // namespace
 
-void op_plan_check(op_plan plan, int nargs_staged, int const* inds_staged) {
-  Plan const checked{plan, nargs_staged, inds_staged, executed_elements(plan)};
+void op_plan_check(op_plan plan, int nargs_staged, const int* inds_staged) {
+  const Plan checked{plan, nargs_staged, inds_staged, executed_elements(plan)};
   report("nelems", elements_add_up(checked), "nelems   OK");
   report("offset", offsets_follow(checked), "offset   OK");
   report("blkmap", lists_all_blocks(checked), "blkmap   OK");

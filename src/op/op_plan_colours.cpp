@@ -23,7 +23,7 @@ using Words = std::vector<std::uint32_t>;
 // One argument that changes a dat through a map.
 struct Change {
   Words* words;
-  int const* column;
+  const int* column;
   std::ptrdiff_t stride;
 
   std::uint32_t& word(int element) const {
@@ -34,10 +34,10 @@ struct Change {
 // All changes of a loop. Arguments that lead to the same dat share its words.
 class Changes {
  public:
-  explicit Changes(op_plan_loop const& loop) {
+  explicit Changes(const op_plan_loop& loop) {
     for (int m = 0; m < loop.nargs; ++m) {
-      op_arg const& arg = loop.args[m];
-      bool const changes = arg.acc == OP_RW || arg.acc == OP_INC;
+      const op_arg& arg = loop.args[m];
+      const bool changes = arg.acc == OP_RW || arg.acc == OP_INC;
       if (!loop.is_indirect(m) || !loop.in_use(m) || !changes) continue;
       Words& words = words_[arg.dat];
       words.resize(static_cast<std::size_t>(op_plan_whole_size(arg.map->to)));
@@ -49,20 +49,20 @@ class Changes {
     for (auto& [dat, words] : words_) std::fill(words.begin(), words.end(), 0U);
   }
   void clear(int begin, int end) const {
-    for (Change const& change : list_) {
+    for (const Change& change : list_) {
       for (int e = begin; e < end; ++e) change.word(e) = 0;
     }
   }
   /// Colours of all that the elements change.
   std::uint32_t taken(int begin, int end) const {
     std::uint32_t mask = 0;
-    for (Change const& change : list_) {
+    for (const Change& change : list_) {
       for (int e = begin; e < end; ++e) mask |= change.word(e);
     }
     return mask;
   }
   void take(int begin, int end, std::uint32_t colour) const {
-    for (Change const& change : list_) {
+    for (const Change& change : list_) {
       for (int e = begin; e < end; ++e) change.word(e) |= colour;
     }
   }
@@ -79,7 +79,7 @@ int lowest_colour(std::uint32_t mask, int base) {
 
 // Colours the elements of one block. Those from `barred` on do not get colour 0.
 // @return number of colours
-int colour_block(Changes const& changes, int begin, int end, int barred, int* colours) {
+int colour_block(const Changes& changes, int begin, int end, int barred, int* colours) {
   std::fill(colours + begin, colours + end, -1);
   int ncolors = 0;
   bool waiting = begin < end;
@@ -88,8 +88,8 @@ int colour_block(Changes const& changes, int begin, int end, int barred, int* co
     waiting = false;
     for (int e = begin; e < end; ++e) {
       if (colours[e] >= 0) continue;
-      std::uint32_t const first = base == 0 && e >= barred ? 1 : 0;
-      std::uint32_t const mask = changes.taken(e, e + 1) | first;
+      const std::uint32_t first = base == 0 && e >= barred ? 1 : 0;
+      const std::uint32_t mask = changes.taken(e, e + 1) | first;
       if (mask == ALL) {
         waiting = true;
         continue;
@@ -105,16 +105,16 @@ int colour_block(Changes const& changes, int begin, int end, int barred, int* co
 // Sorts the elements of a block by colour, those of one colour in ascending order.
 void sort_block(op_plan& plan, int b, int* offsets) {
   using Pair = std::array<int, 2>;
-  int const begin = plan.offset[b];
+  const int begin = plan.offset[b];
   std::vector<Pair> pairs(static_cast<std::size_t>(plan.nelems[b]));
   for (int i = 0; i < plan.nelems[b]; ++i) {
     pairs[static_cast<std::size_t>(i)] = {plan.thrcol[begin + i], begin + i};
   }
-  std::stable_sort(pairs.begin(), pairs.end(), [](Pair const& first, Pair const& second) {
+  std::stable_sort(pairs.begin(), pairs.end(), [](const Pair& first, const Pair& second) {
     return comp2(first.data(), second.data()) < 0;
   });
   for (int i = 0; i < plan.nelems[b]; ++i) {
-    auto const [colour, element] = pairs[static_cast<std::size_t>(i)];
+    const auto [colour, element] = pairs[static_cast<std::size_t>(i)];
     plan.thrcol[begin + i] = colour;
     plan.col_reord[begin + i] = element;
     ++offsets[colour + 1];
@@ -122,7 +122,7 @@ void sort_block(op_plan& plan, int b, int* offsets) {
   for (int c = 0; c < plan.nthrcol[b]; ++c) offsets[c + 1] += offsets[c];
 }
 
-void sort_elements(op_plan_loop const& loop, op_plan& plan) {
+void sort_elements(const op_plan_loop& loop, op_plan& plan) {
   plan.col_reord = op_plan_array<int>(static_cast<std::size_t>(loop.exec_length) + SPARE_ENTRIES);
   plan.col_offsets = op_plan_array<int*>(plan.nblocks);
   std::size_t entries = 0;
@@ -139,20 +139,20 @@ void sort_elements(op_plan_loop const& loop, op_plan& plan) {
 
 // The colours below `limit` in a pass from `base` on.
 std::uint32_t colours_below(int limit, int base) {
-  int const count = std::clamp(limit - base, 0, PASS_COLOURS);
+  const int count = std::clamp(limit - base, 0, PASS_COLOURS);
   return count == PASS_COLOURS ? ALL : (1U << count) - 1;
 }
 
 // Colours the blocks of a plan, which come in three kinds: core, owned, and executed for others.
 class BlockColours {
  public:
-  BlockColours(op_plan_loop const& loop, op_plan& plan)
+  BlockColours(const op_plan_loop& loop, op_plan& plan)
       : loop_(loop),
         plan_(plan),
         changes_(loop),
         colours_(static_cast<std::size_t>(plan.nblocks), -1) {}
 
-  std::vector<int> const& run() {
+  const std::vector<int>& run() {
     plan_.ncolors = 0;
     plan_.ncolors_core = plan_.ncolors_owned = -1;
     bool waiting = plan_.nblocks > 0;
@@ -172,12 +172,12 @@ class BlockColours {
     for (int b = 0; b < plan_.nblocks; ++b) {
       int& colour = colours_[static_cast<std::size_t>(b)];
       if (colour >= 0) continue;
-      int const begin = plan_.offset[b];
-      int const end = begin + plan_.nelems[b];
+      const int begin = plan_.offset[b];
+      const int end = begin + plan_.nelems[b];
       // The number of colours of one kind is known when all its blocks have one.
       if (opens_kind(begin) && waiting) break;
       close_kinds_before(begin);
-      std::uint32_t const mask =
+      const std::uint32_t mask =
           changes_.taken(begin, end) | colours_below(barred_below(begin), base);
       if (mask == ALL) {
         waiting = true;
@@ -206,41 +206,41 @@ class BlockColours {
     return is_behind_core(begin) ? plan_.ncolors_core : 0;
   }
 
-  op_plan_loop const& loop_;
+  const op_plan_loop& loop_;
   op_plan& plan_;
   Changes changes_;
   std::vector<int> colours_;
 };
 
-void order_blocks(op_plan& plan, std::vector<int> const& colours) {
+void order_blocks(op_plan& plan, const std::vector<int>& colours) {
   plan.blkmap = op_plan_array<int>(plan.nblocks);
   int* const end = plan.blkmap + plan.nblocks;
   std::iota(plan.blkmap, end, 0);
-  auto const colour = [&](int b) { return colours[static_cast<std::size_t>(b)]; };
+  const auto colour = [&](int b) { return colours[static_cast<std::size_t>(b)]; };
   std::stable_sort(plan.blkmap, end, [&](int a, int b) { return colour(a) < colour(b); });
-  for (int const c : colours) ++plan.ncolblk[c];
+  for (const int c : colours) ++plan.ncolblk[c];
 }
 
 }  // namespace
 
-void op_plan_colour_elements(op_plan_loop const& loop, op_plan& plan) {
-  Changes const changes(loop);
+void op_plan_colour_elements(const op_plan_loop& loop, op_plan& plan) {
+  const Changes changes(loop);
   plan.nthrcol = op_plan_array<int>(plan.nblocks);
   plan.thrcol = op_plan_array<int>(loop.exec_length);
-  bool const keepsFirst = loop.staging == OP_ONE_BLOCK && loop.halo;
-  int const barred = keepsFirst ? loop.set->core_size : loop.exec_length;
+  const bool keepsFirst = loop.staging == OP_ONE_BLOCK && loop.halo;
+  const int barred = keepsFirst ? loop.set->core_size : loop.exec_length;
   for (int b = 0; b < plan.nblocks; ++b) {
-    int const begin = plan.offset[b];
+    const int begin = plan.offset[b];
     plan.nthrcol[b] = colour_block(changes, begin, begin + plan.nelems[b], barred, plan.thrcol);
   }
   if (loop.permutes()) sort_elements(loop, plan);
 }
 
-void op_plan_colour_blocks(op_plan_loop const& loop, op_plan& plan) {
+void op_plan_colour_blocks(const op_plan_loop& loop, op_plan& plan) {
   BlockColours blocks(loop, plan);
-  std::vector<int> const& colours = blocks.run();
+  const std::vector<int>& colours = blocks.run();
   // Of a single block, the elements take the place of the blocks.
-  int const elementColours = loop.staging == OP_ONE_BLOCK ? plan.nthrcol[0] : 0;
+  const int elementColours = loop.staging == OP_ONE_BLOCK ? plan.nthrcol[0] : 0;
   plan.ncolblk = op_plan_array<int>(std::max(plan.ncolors, elementColours));
   order_blocks(plan, colours);
   if (loop.staging == OP_ONE_BLOCK) plan.ncolors = elementColours;

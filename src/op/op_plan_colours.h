@@ -7,9 +7,9 @@
 #include "op/op_plan_loop.h"
 
 /// Colours of the elements of each block; the order by colours if the staging asks for it.
-void op_plan_colour_elements(op_plan_loop const& loop, op_plan& plan);
+void op_plan_colour_elements(const op_plan_loop& loop, op_plan& plan);
 
 /// Colours of the blocks, and the blocks in the order of their colours. Blocks behind the core, and
 /// in a loop with a reduction those behind the set's own elements, share no colour with the blocks
 /// before them.
-void op_plan_colour_blocks(op_plan_loop const& loop, op_plan& plan);
+void op_plan_colour_blocks(const op_plan_loop& loop, op_plan& plan);

@@ -15,24 +15,24 @@ constexpr float MB = 9.536743e-7F;
 
 // One list of one block.
 struct List {
-  int const* begin;
+  const int* begin;
   int size;
 };
 
-List list_of(op_plan const& plan, int b, int s) {
-  int const entry = s + b * plan.nargs_staged;
+List list_of(const op_plan& plan, int b, int s) {
+  const int entry = s + b * plan.nargs_staged;
   return {plan.ind_maps[s] + plan.ind_offs[entry], plan.ind_sizes[entry]};
 }
 
-op_arg const& leader(op_plan_loop const& loop, int s) {
+const op_arg& leader(const op_plan_loop& loop, int s) {
   return loop.args[loop.leaders[static_cast<std::size_t>(s)]];
 }
 
 // Each list starts at a multiple of 64 bytes.
-int shared_bytes(op_plan_loop const& loop, op_plan const& plan, int b) {
+int shared_bytes(const op_plan_loop& loop, const op_plan& plan, int b) {
   long long bytes = 0;
   for (int s = 0; s < plan.nargs_staged; ++s) {
-    long long const size = list_of(plan, b, s).size;
+    const long long size = list_of(plan, b, s).size;
     if (size > 0) bytes += (size * leader(loop, s).dat->size + 63) & ~63LL;
   }
   if (bytes > INT_MAX) {
@@ -44,13 +44,13 @@ int shared_bytes(op_plan_loop const& loop, op_plan const& plan, int b) {
   return static_cast<int>(bytes);
 }
 
-float estimate_shared(op_plan_loop const& loop, op_plan& plan) {
+float estimate_shared(const op_plan_loop& loop, op_plan& plan) {
   plan.nsharedCol = op_plan_array<int>(std::max(plan.ncolors, 1));
   float total = 0.0F;
   int next = 0;
   for (int c = 0; c < plan.ncolors; ++c) {
     for (int i = 0; i < plan.ncolblk[c]; ++i) {
-      int const bytes = shared_bytes(loop, plan, plan.blkmap[next++]);
+      const int bytes = shared_bytes(loop, plan, plan.blkmap[next++]);
       plan.nsharedCol[c] = std::max(plan.nsharedCol[c], bytes);
     }
     plan.nshared = std::max(plan.nshared, plan.nsharedCol[c]);
@@ -64,8 +64,8 @@ long long lines_touched(List list, long long size, long long line) {
   long long lines = 0;
   long long previous = -1;
   for (int i = 0; i < list.size; ++i) {
-    long long const first = list.begin[i] * size / line;
-    long long const last = (list.begin[i] * size + size - 1) / line;
+    const long long first = list.begin[i] * size / line;
+    const long long last = (list.begin[i] * size + size - 1) / line;
     lines += last - std::max(first, previous + 1) + 1;
     previous = last;
   }
@@ -74,20 +74,20 @@ long long lines_touched(List list, long long size, long long line) {
 
 // Adds the same bytes to all estimates.
 void add_all(op_plan& plan, op_plan_costs& costs, long long bytes) {
-  auto const more = static_cast<float>(bytes);
+  const auto more = static_cast<float>(bytes);
   plan.transfer += more;
   plan.transfer2 += more;
   costs.transfer3 += more;
 }
 
 // What is both read and written moves twice.
-long long passes(op_arg const& arg) {
+long long passes(const op_arg& arg) {
   return arg.acc > OP_WRITE ? 2 : 1;
 }
 
-void add_argument(op_plan_loop const& loop, int m, int elements, op_plan& plan,
+void add_argument(const op_plan_loop& loop, int m, int elements, op_plan& plan,
                   op_plan_costs& costs) {
-  op_arg const& arg = loop.args[m];
+  const op_arg& arg = loop.args[m];
   if (!loop.in_use(m)) return;
   if (loop.is_indirect(m)) {
     add_all(plan, costs, 2LL * elements);  // its part of loc_map
@@ -96,13 +96,13 @@ void add_argument(op_plan_loop const& loop, int m, int elements, op_plan& plan,
   }
 }
 
-void add_list(op_plan_loop const& loop, int b, int s, op_plan& plan, op_plan_costs& costs) {
-  op_arg const& arg = leader(loop, s);
+void add_list(const op_plan_loop& loop, int b, int s, op_plan& plan, op_plan_costs& costs) {
+  const op_arg& arg = leader(loop, s);
   if (arg.opt == 0) return;
-  List const list = list_of(plan, b, s);
-  long long const line = OP_cache_line_size;
-  long long const wide = line * arg.dat->dim;
-  long long const size = arg.dat->size;
+  const List list = list_of(plan, b, s);
+  const long long line = OP_cache_line_size;
+  const long long wide = line * arg.dat->dim;
+  const long long size = arg.dat->size;
   plan.transfer += static_cast<float>(passes(arg) * list.size * size);
   plan.transfer2 += static_cast<float>(passes(arg) * line * lines_touched(list, size, line));
   costs.transfer3 += static_cast<float>(passes(arg) * wide * lines_touched(list, size, wide));
@@ -116,7 +116,7 @@ double ratio(double part, double whole) {
 
 }  // namespace
 
-op_plan_costs op_plan_estimate(op_plan_loop const& loop, op_plan& plan) {
+op_plan_costs op_plan_estimate(const op_plan_loop& loop, op_plan& plan) {
   op_plan_costs costs;
   costs.shared = estimate_shared(loop, plan);
   if (loop.staging == OP_STAGED_INCREMENTS || loop.staging == OP_ONE_BLOCK) return costs;
@@ -127,16 +127,16 @@ op_plan_costs op_plan_estimate(op_plan_loop const& loop, op_plan& plan) {
   return costs;
 }
 
-void op_plan_report(op_plan_loop const& loop, op_plan const& plan, op_plan_costs const& costs) {
-  double const colours = std::accumulate(plan.nthrcol, plan.nthrcol + plan.nblocks, 0.0);
-  double const staged = static_cast<double>(loop.exec_length) * static_cast<double>(loop.maxbytes);
+void op_plan_report(const op_plan_loop& loop, const op_plan& plan, const op_plan_costs& costs) {
+  const double colours = std::accumulate(plan.nthrcol, plan.nthrcol + plan.nblocks, 0.0);
+  const double staged = static_cast<double>(loop.exec_length) * static_cast<double>(loop.maxbytes);
   std::printf(" number of blocks       = %d \n", plan.nblocks);
   std::printf(" number of block colors = %d \n", plan.ncolors);
   std::printf(" maximum block size     = %d \n", loop.bsize);
   std::printf(" average thread colors  = %.2f \n", ratio(colours, plan.nblocks));
   std::printf(" shared memory required = ");
   for (int c = 0; c < plan.ncolors; ++c) {
-    char const* const end = c + 1 < plan.ncolors ? "," : "\n";
+    const char* const end = c + 1 < plan.ncolors ? "," : "\n";
     std::printf(" %.2f KB%s", static_cast<float>(plan.nsharedCol[c]) * KB, end);
   }
   if (plan.ncolors == 0) std::printf("\n");

@@ -12,7 +12,7 @@ struct op_plan_costs {
 };
 
 /// Shared memory of each colour and of the largest block, and the bytes that the loop moves.
-op_plan_costs op_plan_estimate(op_plan_loop const& loop, op_plan& plan);
+op_plan_costs op_plan_estimate(const op_plan_loop& loop, op_plan& plan);
 
 /// Prints blocks, colours and costs.
-void op_plan_report(op_plan_loop const& loop, op_plan const& plan, op_plan_costs const& costs);
+void op_plan_report(const op_plan_loop& loop, const op_plan& plan, const op_plan_costs& costs);

@@ -11,15 +11,15 @@ constexpr int DEFAULT_BLOCK = 256;
 constexpr int SHARED_BYTES = 24 * 1024;  // of a block
 constexpr int LINE_BYTES = 64;           // each list starts at a multiple of it
 
-[[noreturn]] void fail_argument(char const* loop, int m, char const* message) {
+[[noreturn]] void fail_argument(const char* loop, int m, const char* message) {
   op_fail(-1, " op_plan error -- loop %s, argument %d: %s\n", loop, m, message);
 }
 
 // Every entry of an argument's column has to be an element of its target set.
-void require_targets(op_plan_loop const& loop, int m) {
-  op_arg const& arg = loop.args[m];
-  int const size = op_plan_whole_size(arg.map->to);
-  int const* entry = arg.map->map + arg.idx;
+void require_targets(const op_plan_loop& loop, int m) {
+  const op_arg& arg = loop.args[m];
+  const int size = op_plan_whole_size(arg.map->to);
+  const int* entry = arg.map->map + arg.idx;
   for (int e = 0; e < loop.exec_length; ++e, entry += arg.map->dim) {
     if (*entry >= 0 && *entry < size) continue;
     op_fail(-1,
@@ -29,8 +29,8 @@ void require_targets(op_plan_loop const& loop, int m) {
   }
 }
 
-void require_indirect(op_plan_loop const& loop, int m) {
-  op_arg const& arg = loop.args[m];
+void require_indirect(const op_plan_loop& loop, int m) {
+  const op_arg& arg = loop.args[m];
   if (loop.inds[m] >= loop.ninds) {
     op_fail(-1, " op_plan error -- loop %s, argument %d: indirect dat %d, but there are %d\n",
             loop.name, m, loop.inds[m], loop.ninds);
@@ -52,7 +52,7 @@ void require_indirect(op_plan_loop const& loop, int m) {
 }
 
 // Arguments with the same number share lists and colours.
-void require_one_dat(op_plan_loop const& loop, int m) {
+void require_one_dat(const op_plan_loop& loop, int m) {
   if (!loop.in_use(m)) return;
   for (int other = 0; other < m; ++other) {
     if (loop.inds[other] != loop.inds[m] || !loop.in_use(other)) continue;
@@ -62,7 +62,7 @@ void require_one_dat(op_plan_loop const& loop, int m) {
   }
 }
 
-void require_loop(op_plan_loop const& loop) {
+void require_loop(const op_plan_loop& loop) {
   if (loop.part_size < 0) {
     op_fail(-1, " op_plan error -- loop %s: part_size is %d, must be 0 or more\n", loop.name,
             loop.part_size);
@@ -79,19 +79,19 @@ void require_loop(op_plan_loop const& loop) {
 }
 
 template <class Condition>
-bool any_argument(op_plan_loop const& loop, Condition condition) {
+bool any_argument(const op_plan_loop& loop, Condition condition) {
   return std::any_of(loop.args, loop.args + loop.nargs, condition);
 }
 
-bool is_staged(op_plan_loop const& loop, int m) {
+bool is_staged(const op_plan_loop& loop, int m) {
   if (!loop.is_indirect(m)) return false;
   if (loop.staging == OP_STAGED_INCREMENTS) return loop.args[m].acc == OP_INC;
   return loop.staging == OP_STAGED || loop.staging == OP_STAGED_BY_COLOUR;
 }
 
-int executed_elements(op_plan_loop const& loop) {
-  bool const changes = any_argument(
-      loop, [](op_arg const& arg) { return arg.opt != 0 && arg.idx != -1 && arg.acc != OP_READ; });
+int executed_elements(const op_plan_loop& loop) {
+  const bool changes = any_argument(
+      loop, [](const op_arg& arg) { return arg.opt != 0 && arg.idx != -1 && arg.acc != OP_READ; });
   return loop.set->size + (changes ? loop.set->exec_size : 0);
 }
 
@@ -113,7 +113,7 @@ void number_staged(op_plan_loop& loop) {
   }
 }
 
-long long staged_bytes(op_plan_loop const& loop) {
+long long staged_bytes(const op_plan_loop& loop) {
   long long bytes = 0;
   for (int m = 0; m < loop.nargs; ++m) {
     if (loop.in_use(m) && is_staged(loop, m)) bytes += loop.args[m].dat->size;
@@ -121,10 +121,10 @@ long long staged_bytes(op_plan_loop const& loop) {
   return bytes;
 }
 
-int block_size(op_plan_loop const& loop) {
+int block_size(const op_plan_loop& loop) {
   if (loop.staging == OP_ONE_BLOCK) return loop.exec_length;
   if (loop.maxbytes >= 1 && loop.part_size == 0) {
-    long long const fitting = SHARED_BYTES / (loop.maxbytes * LINE_BYTES) * LINE_BYTES;
+    const long long fitting = SHARED_BYTES / (loop.maxbytes * LINE_BYTES) * LINE_BYTES;
     return std::max(static_cast<int>(fitting), DEFAULT_BLOCK);
   }
   return loop.part_size > 0 ? loop.part_size : DEFAULT_BLOCK;
@@ -132,8 +132,8 @@ int block_size(op_plan_loop const& loop) {
 
 }  // namespace
 
-op_plan_loop op_plan_describe(char const* name, op_set set, int part_size, int nargs,
-                              op_arg const* args, int ninds, int const* inds, int staging) {
+op_plan_loop op_plan_describe(const char* name, op_set set, int part_size, int nargs,
+                              const op_arg* args, int ninds, const int* inds, int staging) {
   if (set == nullptr) op_fail(-1, " op_plan error -- loop %s has no set\n", name);
   op_plan_loop loop{};
   loop.name = name;
@@ -147,10 +147,10 @@ op_plan_loop op_plan_describe(char const* name, op_set set, int part_size, int n
 
   loop.exec_length = executed_elements(loop);
   require_loop(loop);
-  loop.halo = any_argument(loop, [](op_arg const& arg) {
+  loop.halo = any_argument(loop, [](const op_arg& arg) {
     return arg.opt != 0 && arg.idx != -1 && arg.acc != OP_WRITE && arg.acc != OP_INC;
   });
-  loop.reduct = ninds > 0 && any_argument(loop, [](op_arg const& arg) {
+  loop.reduct = ninds > 0 && any_argument(loop, [](const op_arg& arg) {
                   return arg.argtype == 0 && arg.acc != OP_READ;
                 });
   number_staged(loop);

@@ -10,13 +10,13 @@
 #include "op/op_plan.h"
 
 struct op_plan_loop {
-  char const* name;
+  const char* name;
   op_set set;
   int part_size;
   int nargs;
-  op_arg const* args;
+  const op_arg* args;
   int ninds;
-  int const* inds;
+  const int* inds;
   int staging;
 
   int exec_length;     ///< elements that the loop runs over
@@ -34,8 +34,8 @@ struct op_plan_loop {
 
 /// Ends the process with status -1 if the arguments make no loop: an indirect dat out of range, a
 /// map that does not lead from the set to the dat, a column or an entry that does not exist.
-op_plan_loop op_plan_describe(char const* name, op_set set, int part_size, int nargs,
-                              op_arg const* args, int ninds, int const* inds, int staging);
+op_plan_loop op_plan_describe(const char* name, op_set set, int part_size, int nargs,
+                              const op_arg* args, int ninds, const int* inds, int staging);
 
 /// Elements of a set with those that belong to other processes.
 int op_plan_whole_size(op_set set);

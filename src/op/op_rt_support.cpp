@@ -14,7 +14,7 @@
 namespace {
 
 // clang-format off
-constexpr char const* TABLE_HEAD =
+constexpr const char* TABLE_HEAD =
     "\n  count   plan time     MPI time(std)        time(std)           GB/s      GB/s   kernel name "
     "\n -------------------------------------------------------------------------------------------";
 // clang-format on
@@ -28,7 +28,7 @@ void complete_times(op_kernel& kernel) {
   }
 }
 
-double longest_time(op_kernel const& kernel) {
+double longest_time(const op_kernel& kernel) {
   return *std::max_element(kernel.times, kernel.times + kernel.ntimes);
 }
 
@@ -38,31 +38,31 @@ double floored(double bandwidth) {
 
 void print_timing(op_kernel& kernel) {
   complete_times(kernel);
-  double const nanoseconds = longest_time(kernel) * 1e9;
+  const double nanoseconds = longest_time(kernel) * 1e9;
   double m1 = 0.0;
   double m2 = 0.0;
   double p1 = 0.0;
   double p2 = 0.0;
   op_compute_moment_across_times(kernel.times, kernel.ntimes, true, &m1, &m2);
   op_compute_moment(kernel.mpi_time, &p1, &p2);
-  double const p_deviation = std::sqrt(p2 - p1 * p1);
-  double const m_deviation = std::sqrt(m2 - m1 * m1);
+  const double p_deviation = std::sqrt(p2 - p1 * p1);
+  const double m_deviation = std::sqrt(m2 - m1 * m1);
   if (kernel.transfer2 < 1e-8F) {
-    double const used = floored(kernel.transfer / (nanoseconds - kernel.mpi_time));
+    const double used = floored(kernel.transfer / (nanoseconds - kernel.mpi_time));
     std::printf(" %6d;  %8.4f;  %8.4f(%8.4f);  %8.4f(%8.4f);  %8.4f;         ;   %s \n",
                 kernel.count, kernel.plan_time, p1, p_deviation, m1, m_deviation, used,
                 kernel.name);
     return;
   }
-  double const d = nanoseconds - kernel.plan_time - kernel.mpi_time;
+  const double d = nanoseconds - kernel.plan_time - kernel.mpi_time;
   std::printf(" %6d;  %8.4f;  %8.4f(%8.4f);  %8.4f(%8.4f); %8.4f; %8.4f;   %s \n", kernel.count,
               kernel.plan_time, p1, p_deviation, m1, m_deviation, floored(kernel.transfer / d),
               floored(kernel.transfer2 / d), kernel.name);
 }
 
-void write_timing(std::FILE* file, op_kernel const& kernel) {
-  double const time = longest_time(kernel);
-  double const used = kernel.transfer / (time * 1e9);
+void write_timing(std::FILE* file, const op_kernel& kernel) {
+  const double time = longest_time(kernel);
+  const double used = kernel.transfer / (time * 1e9);
   if (kernel.transfer2 < 1e-8F) {
     std::fprintf(file, " %6d  %8.4f %8.4f            %s \n", kernel.count, time, used, kernel.name);
     return;
@@ -83,7 +83,7 @@ void write_timings(std::FILE* file) {
   std::fprintf(file, "Total kernel time = %f\n", total);
 }
 
-void write_values(std::FILE* file, op_kernel const& kernel) {
+void write_values(std::FILE* file, const op_kernel& kernel) {
   for (int j = 0; j < kernel.ntimes; ++j) {
     if (kernel.times[j] == 0.0) continue;
     std::fprintf(file, "%d,%d,%d,%d,%d,%f,%f,%f,%f,%f,%s\n", 0, j, 1, kernel.ntimes, kernel.count,
@@ -94,7 +94,7 @@ void write_values(std::FILE* file, op_kernel const& kernel) {
 
 // Some errors show when the last lines leave the buffer. @return false if something is lost
 bool close_written(std::FILE* file) {
-  bool const isWritten = std::ferror(file) == 0;
+  const bool isWritten = std::ferror(file) == 0;
   return std::fclose(file) == 0 && isWritten;
 }
 
@@ -110,7 +110,7 @@ void print_maps() {
   std::printf("\n       map        dim       from         to\n");
   std::printf("  -----------------------------------------\n");
   for (int i = 0; i < OP_map_index; ++i) {
-    op_map const map = OP_map_list[i];
+    const op_map map = OP_map_list[i];
     std::printf("%10s %10d %10s %10s\n", map->name, map->dim, map->from->name, map->to->name);
   }
 }
@@ -118,7 +118,7 @@ void print_maps() {
 void print_dats() {
   std::printf("\n       dat        dim        set\n");
   std::printf("  ------------------------------\n");
-  for (op_dat_entry const* entry = OP_dat_list.first; entry != nullptr; entry = entry->next) {
+  for (const op_dat_entry* entry = OP_dat_list.first; entry != nullptr; entry = entry->next) {
     std::printf("%10s %10d %10s\n", entry->dat->name, entry->dat->dim, entry->dat->set->name);
   }
 }
@@ -142,8 +142,8 @@ void op_timing_realloc(int slot) {
 void op_timing_realloc_manytime(int slot, int threads) {
   OP_kern_curr = slot;
   if (slot < OP_kern_max) return;
-  int const capacity = slot + SPARE_SLOTS;
-  auto const bytes = static_cast<std::size_t>(capacity) * sizeof(op_kernel);
+  const int capacity = slot + SPARE_SLOTS;
+  const auto bytes = static_cast<std::size_t>(capacity) * sizeof(op_kernel);
   OP_kernels = static_cast<op_kernel*>(op_realloc(OP_kernels, bytes));
   if (OP_kernels == nullptr) op_fail(-1, " op_timing_realloc error ");
   for (int i = OP_kern_max; i < capacity; ++i) {
@@ -163,7 +163,7 @@ void op_compute_moment(double value, double* first, double* second) {
   *second = value * value;
 }
 
-void op_compute_moment_across_times(double const* values, int count, bool ignore_zeros,
+void op_compute_moment_across_times(const double* values, int count, bool ignore_zeros,
                                     double* first, double* second) {
   double sum = 0.0;
   double squares = 0.0;
@@ -192,14 +192,14 @@ void op_timing_output_core() {
   }
 }
 
-void op_timing_output_2_file(char const* path) {
+void op_timing_output_2_file(const char* path) {
   std::FILE* const file = std::fopen(path, "w+");
   if (file == nullptr) op_fail(1, "Bad output file");
   if (OP_kern_max >= 1) write_timings(file);
   if (!close_written(file)) op_fail(1, "Bad output file");
 }
 
-void op_timings_to_csv(char const* path) {
+void op_timings_to_csv(const char* path) {
   std::FILE* const file = std::fopen(path, "w");
   if (file == nullptr) {
     std::printf("ERROR: Failed to open file for writing: '%s'\n", path);

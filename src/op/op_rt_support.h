@@ -24,7 +24,7 @@ void op_compute_moment(double value, double* first, double* second);
 
 /// Stores the mean of the values and the mean of their squares, 0 if no value counts.
 /// @param ignore_zeros if true, zeros do not count
-void op_compute_moment_across_times(double const* values, int count, bool ignore_zeros,
+void op_compute_moment_across_times(const double* values, int count, bool ignore_zeros,
                                     double* first, double* second);
 
 /// Prints the timing table: one line for each loop that has run.
@@ -34,11 +34,11 @@ void op_timing_output_core();
 /// Writes a shorter table, without plans and communication, to a file. It lists the times per
 /// thread: those of a loop that was timed as a whole are 0 until op_timing_output has run. Ends the
 /// process with status 1 if the file cannot be written.
-void op_timing_output_2_file(char const* path);
+void op_timing_output_2_file(const char* path);
 
 /// Writes one line of comma-separated values for each loop and thread that took time. A file that
 /// cannot be written is reported on standard output, and the call returns.
-void op_timings_to_csv(char const* path);
+void op_timings_to_csv(const char* path);
 
 /// Prints all sets, maps and dats, if the diagnostic level is at least 2.
 void op_diagnostic_output();

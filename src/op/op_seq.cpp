@@ -12,13 +12,13 @@ namespace {
 
 // Copies `count` elements of a dat from element `first` on.
 void copy_elements(op_dat dat, char* destination, int first, int count) {
-  auto const width = static_cast<std::size_t>(dat->size);
-  auto const bytes = static_cast<std::size_t>(count) * width;
+  const auto width = static_cast<std::size_t>(dat->size);
+  const auto bytes = static_cast<std::size_t>(count) * width;
   if (bytes == 0) return;
   std::memcpy(destination, dat->data + static_cast<std::size_t>(first) * width, bytes);
 }
 
-[[noreturn]] void fail_absent(char const* call) {
+[[noreturn]] void fail_absent(const char* call) {
   op_fail(1, "%s is not available in a sequential build\n", call);
 }
 
@@ -45,20 +45,20 @@ void op_exit() {
   op_exit_core();
 }
 
-op_set op_decl_set(int size, char const* name) {
+op_set op_decl_set(int size, const char* name) {
   return op_decl_set_core(size, name);
 }
 
-op_map op_decl_map(op_set from, op_set to, int dim, int* table, char const* name) {
+op_map op_decl_map(op_set from, op_set to, int dim, int* table, const char* name) {
   return op_decl_map_core(from, to, dim, table, name);
 }
 
-op_dat op_decl_dat_char(op_set set, int dim, char const* type, int size, char* data,
-                        char const* name) {
+op_dat op_decl_dat_char(op_set set, int dim, const char* type, int size, char* data,
+                        const char* name) {
   return op_decl_dat_core(set, dim, type, size, data, name);
 }
 
-op_dat op_decl_dat_temp_char(op_set set, int dim, char const* type, int size, char const* name) {
+op_dat op_decl_dat_temp_char(op_set set, int dim, const char* type, int size, const char* name) {
   return op_decl_dat_temp_core(set, dim, type, size, name);
 }
 
@@ -66,27 +66,27 @@ int op_free_dat_temp_char(op_dat dat) {
   return op_free_dat_temp_core(dat);
 }
 
-void op_decl_const_char(int /*dim*/, char const* /*type*/, int /*size*/, char* /*data*/,
-                        char const* /*name*/) {}
+void op_decl_const_char(int /*dim*/, const char* /*type*/, int /*size*/, char* /*data*/,
+                        const char* /*name*/) {}
 
-op_arg op_arg_dat(op_dat dat, int idx, op_map map, int dim, char const* type, op_access acc) {
+op_arg op_arg_dat(op_dat dat, int idx, op_map map, int dim, const char* type, op_access acc) {
   return op_arg_dat_core(dat, idx, map, dim, type, acc);
 }
 
-op_arg op_opt_arg_dat(int opt, op_dat dat, int idx, op_map map, int dim, char const* type,
+op_arg op_opt_arg_dat(int opt, op_dat dat, int idx, op_map map, int dim, const char* type,
                       op_access acc) {
   return op_opt_arg_dat_core(opt, dat, idx, map, dim, type, acc);
 }
 
-op_arg op_arg_gbl_char(char* data, int dim, char const* type, int size, op_access acc) {
+op_arg op_arg_gbl_char(char* data, int dim, const char* type, int size, op_access acc) {
   return op_arg_gbl_core(data, dim, type, size, acc);
 }
 
-op_arg op_arg_gbl(double* data, int dim, char const* type, op_access acc) {
+op_arg op_arg_gbl(double* data, int dim, const char* type, op_access acc) {
   return op_arg_gbl_char(reinterpret_cast<char*>(data), dim, type, sizeof(double), acc);
 }
 
-op_arg op_arg_gbl(int* data, int dim, char const* type, op_access acc) {
+op_arg op_arg_gbl(int* data, int dim, const char* type, op_access acc) {
   return op_arg_gbl_char(reinterpret_cast<char*>(data), dim, type, sizeof(int), acc);
 }
 
@@ -106,15 +106,15 @@ int op_get_size(op_set set) {
   return set->size;
 }
 
-int op_size_of_set(char const* name) {
+int op_size_of_set(const char* name) {
   for (int i = 0; i < OP_set_index; ++i) {
-    op_set const set = OP_set_list[i];
+    const op_set set = OP_set_list[i];
     if (op_same_text(set->name, name)) return set->size + set->exec_size + set->nonexec_size;
   }
   op_fail(-1, "Error: set %s not found\n", name);
 }
 
-int getSetSizeFromOpArg(op_arg const* arg) {
+int getSetSizeFromOpArg(const op_arg* arg) {
   return arg->opt == 0 ? 0 : arg->dat->set->size;
 }
 
@@ -122,7 +122,7 @@ void set_maps_base(int base) {
   if (base == 0 || base == 1) OP_maps_base_index = base;
 }
 
-void op_printf(char const* format, ...) {
+void op_printf(const char* format, ...) {
   va_list arguments;
   va_start(arguments, format);
   // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it is not, the line above fills it
@@ -130,7 +130,7 @@ void op_printf(char const* format, ...) {
   va_end(arguments);
 }
 
-void op_print(char const* line) {
+void op_print(const char* line) {
   std::puts(line);
 }
 
@@ -168,7 +168,7 @@ void op_mpi_reset_halos(int /*nargs*/, op_arg* /*args*/) {}
 
 void op_mpi_barrier() {}
 
-void op_mpi_perf_time(char const* /*name*/, double /*time*/) {}
+void op_mpi_perf_time(const char* /*name*/, double /*time*/) {}
 
 void op_partition() {}
 

@@ -25,37 +25,37 @@ void op_mpi_init_soa(int argc, char** argv, int diags, int soa);
 /// Ends the runtime and frees its records.
 void op_exit();
 
-op_set op_decl_set(int size, char const* name);
+op_set op_decl_set(int size, const char* name);
 
 /// @param table from->size * dim entries, row after row; stays the caller's
-op_map op_decl_map(op_set from, op_set to, int dim, int* table, char const* name);
+op_map op_decl_map(op_set from, op_set to, int dim, int* table, const char* name);
 
 /// @param size bytes of one value
 /// @param data set->size * dim values, element after element; stays the caller's
-op_dat op_decl_dat_char(op_set set, int dim, char const* type, int size, char* data,
-                        char const* name);
+op_dat op_decl_dat_char(op_set set, int dim, const char* type, int size, char* data,
+                        const char* name);
 
 /// A dat with storage of its own, all zero. Ends the process with status 2 if an equal one exists.
-op_dat op_decl_dat_temp_char(op_set set, int dim, char const* type, int size, char const* name);
+op_dat op_decl_dat_temp_char(op_set set, int dim, const char* type, int size, const char* name);
 
 /// @return 1, or -1 if there is no dat of that name, dim, set and type
 int op_free_dat_temp_char(op_dat dat);
 
 /// Does nothing: kernels read constants as plain global arrays.
-void op_decl_const_char(int dim, char const* type, int size, char* data, char const* name);
+void op_decl_const_char(int dim, const char* type, int size, char* data, const char* name);
 
 /// @param idx column of the map, -1 for direct access, -k for k columns
 /// @param map null for direct access
-op_arg op_arg_dat(op_dat dat, int idx, op_map map, int dim, char const* type, op_access acc);
+op_arg op_arg_dat(op_dat dat, int idx, op_map map, int dim, const char* type, op_access acc);
 
 /// @param opt 1 if the argument is in use
-op_arg op_opt_arg_dat(int opt, op_dat dat, int idx, op_map map, int dim, char const* type,
+op_arg op_opt_arg_dat(int opt, op_dat dat, int idx, op_map map, int dim, const char* type,
                       op_access acc);
 
 /// @param size bytes of one value
-op_arg op_arg_gbl_char(char* data, int dim, char const* type, int size, op_access acc);
-op_arg op_arg_gbl(double* data, int dim, char const* type, op_access acc);
-op_arg op_arg_gbl(int* data, int dim, char const* type, op_access acc);
+op_arg op_arg_gbl_char(char* data, int dim, const char* type, int size, op_access acc);
+op_arg op_arg_gbl(double* data, int dim, const char* type, op_access acc);
+op_arg op_arg_gbl(int* data, int dim, const char* type, op_access acc);
 
 /// Copies all values of a dat, set->size * dat->size bytes.
 void op_fetch_data_char(op_dat dat, char* destination);
@@ -68,17 +68,17 @@ int op_get_size(op_set set);
 
 /// Elements of the set of that name, with the extra ones. Ends the process with status -1 if there
 /// is none.
-int op_size_of_set(char const* name);
+int op_size_of_set(const char* name);
 
 /// Elements that a loop over this argument's set runs over; 0 for an argument not in use.
-int getSetSizeFromOpArg(op_arg const* arg);
+int getSetSizeFromOpArg(const op_arg* arg);
 
 /// Sets OP_maps_base_index, if `base` is 0 or 1.
 void set_maps_base(int base);
 
 /// As printf and puts, once for all processes.
-[[gnu::format(printf, 1, 2)]] void op_printf(char const* format, ...);
-void op_print(char const* line);
+[[gnu::format(printf, 1, 2)]] void op_printf(const char* format, ...);
+void op_print(const char* line);
 
 /// 1 on the process that prints: the only one.
 int op_is_root();
@@ -99,7 +99,7 @@ void op_mpi_reduce_bool(op_arg* arg, bool* data);
 void op_mpi_reduce_combined(op_arg* args, int nargs);
 void op_mpi_reset_halos(int nargs, op_arg* args);
 void op_mpi_barrier();
-void op_mpi_perf_time(char const* name, double time);
+void op_mpi_perf_time(const char* name, double time);
 
 /// Nothing to partition, to renumber or to upload, no device to wait for.
 void op_partition();

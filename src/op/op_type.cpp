@@ -5,7 +5,7 @@
 #include <string_view>
 #include <utility>
 
-op_type op_type_of(char const* name) {
+op_type op_type_of(const char* name) {
   using Entry = std::pair<std::string_view, op_type>;
   static constexpr std::array<Entry, 17> NAMES{{
       {"double", op_type::Double},
@@ -26,12 +26,12 @@ op_type op_type_of(char const* name) {
       {"long long", op_type::LongLong},
       {"long long:soa", op_type::LongLong},
   }};
-  auto const* const found = std::find_if(NAMES.begin(), NAMES.end(),
-                                         [=](Entry const& entry) { return entry.first == name; });
+  const auto* const found = std::find_if(NAMES.begin(), NAMES.end(),
+                                         [=](const Entry& entry) { return entry.first == name; });
   return found == NAMES.end() ? op_type::Unknown : found->second;
 }
 
-bool op_type_is_stored(char const* name) {
+bool op_type_is_stored(const char* name) {
   static constexpr std::string_view SUFFIX = ":soa";
   static constexpr std::array<std::string_view, 5> NAMES{"double", "float", "int", "long",
                                                          "long long"};

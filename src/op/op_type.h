@@ -7,8 +7,8 @@
 
 enum class op_type { Double, Float, Int, Long, LongLong, Unknown };
 
-op_type op_type_of(char const* name);
+op_type op_type_of(const char* name);
 
 /// Whether a new dataset can be made for dats of this type: of the names of C only, which are those
 /// that a dataset's own type is given when it is read.
-bool op_type_is_stored(char const* name);
+bool op_type_is_stored(const char* name);

@@ -12,9 +12,9 @@ namespace {
 
 // Hoare's scheme; `swap` exchanges two entries together with what belongs to them.
 template <class Swap>
-void sort_range(int const* keys, int left, int right, Swap swap) {
+void sort_range(const int* keys, int left, int right, Swap swap) {
   while (left < right) {
-    int const pivot = keys[left + (right - left) / 2];
+    const int pivot = keys[left + (right - left) / 2];
     int i = left;
     int j = right;
     while (i <= j) {
@@ -40,15 +40,15 @@ void swap_rows(T* rows, int i, int j, int width) {
   if (first != second) std::swap_ranges(first, first + width, second);
 }
 
-int compare_ints(void const* a, void const* b) {
-  int const first = *static_cast<int const*>(a);
-  int const second = *static_cast<int const*>(b);
+int compare_ints(const void* a, const void* b) {
+  const int first = *static_cast<const int*>(a);
+  const int second = *static_cast<const int*>(b);
   return static_cast<int>(first > second) - static_cast<int>(first < second);
 }
 
 }  // namespace
 
-void op_fail(int status, char const* format, ...) {
+void op_fail(int status, const char* format, ...) {
   va_list arguments;
   va_start(arguments, format);
   // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized): it is not, the line above fills it
@@ -98,25 +98,25 @@ void* xcalloc(std::size_t count, std::size_t size) {
   return memory;
 }
 
-char* op_copy_text(char const* text) {
-  std::size_t const bytes = std::strlen(text) + 1;
+char* op_copy_text(const char* text) {
+  const std::size_t bytes = std::strlen(text) + 1;
   auto* const copy = static_cast<char*>(xmalloc(bytes));
   if (copy == nullptr) op_fail(-1, "\n");
   std::memcpy(copy, text, bytes);
   return copy;
 }
 
-bool op_same_text(char const* a, char const* b) {
+bool op_same_text(const char* a, const char* b) {
   return std::strcmp(a, b) == 0;
 }
 
 int compute_local_size(int global_size, int blocks, int rank) {
-  int const remainder = global_size % blocks;
+  const int remainder = global_size % blocks;
   return global_size / blocks + (remainder > rank ? 1 : 0);
 }
 
-int min(int const* array, int size) {
-  int const limit = 99;
+int min(const int* array, int size) {
+  const int limit = 99;
   int smallest = -1;
   for (int i = 0; i < size; ++i) {
     if (array[i] < (smallest < 0 ? limit : array[smallest])) smallest = i;
@@ -124,14 +124,14 @@ int min(int const* array, int size) {
   return smallest;
 }
 
-int binary_search(int const* array, int value, int low, int high) {
+int binary_search(const int* array, int value, int low, int high) {
   if (low > high) return -1;
-  int const* const end = array + high + 1;
-  int const* const place = std::lower_bound(array + low, end, value);
+  const int* const end = array + high + 1;
+  const int* const place = std::lower_bound(array + low, end, value);
   return place != end && *place == value ? static_cast<int>(place - array) : -1;
 }
 
-int linear_search(int const* array, int value, int low, int high) {
+int linear_search(const int* array, int value, int low, int high) {
   for (int i = low; i <= high; ++i) {
     if (array[i] == value) return i;
   }
@@ -167,15 +167,15 @@ int removeDups(int* array, int size) {
   return static_cast<int>(std::unique(array, array + size) - array);
 }
 
-int file_exist(char const* path) {
+int file_exist(const char* path) {
   std::error_code error;
   return std::filesystem::exists(path, error) ? 1 : 0;
 }
 
-int comp(void const* a, void const* b) {
+int comp(const void* a, const void* b) {
   return compare_ints(a, b);
 }
 
-int comp2(void const* a, void const* b) {
+int comp2(const void* a, const void* b) {
   return compare_ints(a, b);
 }

@@ -9,7 +9,7 @@
 #include <cstddef>
 
 /// Prints as printf does, flushes standard output and ends the process with `status`.
-[[noreturn]] [[gnu::format(printf, 2, 3)]] void op_fail(int status, char const* format, ...);
+[[noreturn]] [[gnu::format(printf, 2, 3)]] void op_fail(int status, const char* format, ...);
 
 /// The allocator of the runtime: what it hands out is given back with op_free.
 void* op_malloc(std::size_t size);
@@ -24,21 +24,21 @@ void* xrealloc(void* ptr, std::size_t size);
 void* xcalloc(std::size_t count, std::size_t size);
 
 /// A private copy of a text, with its terminating zero. Ends the process if memory runs out.
-char* op_copy_text(char const* text);
+char* op_copy_text(const char* text);
 
 /// True if the two texts are the same.
-bool op_same_text(char const* a, char const* b);
+bool op_same_text(const char* a, const char* b);
 
 /// Number of elements of block `rank` when `global_size` elements are dealt out to `blocks` blocks.
 int compute_local_size(int global_size, int blocks, int rank);
 
 /// Index of the smallest entry among those below 99, or -1 if there is none.
-int min(int const* array, int size);
+int min(const int* array, int size);
 
 /// Index of `value` in the entries `low` to `high` (both included), or -1. The binary search needs
 /// them sorted ascending.
-int binary_search(int const* array, int value, int low, int high);
-int linear_search(int const* array, int value, int low, int high);
+int binary_search(const int* array, int value, int low, int high);
+int linear_search(const int* array, int value, int low, int high);
 
 /// Sort the entries `left` to `right` (both included) of `keys` ascending, in place; what belongs
 /// to a key moves along: an entry of `other`, a row of `row_bytes` bytes of `rows`, a row of `dim`
@@ -52,8 +52,8 @@ void quickSort_map(int* keys, int* map, int left, int right, int dim);
 int removeDups(int* array, int size);
 
 /// 1 if there is something of that name in the file system, else 0.
-int file_exist(char const* path);
+int file_exist(const char* path);
 
 /// Comparators for qsort: of ints, and of pairs of ints by the first one.
-int comp(void const* a, void const* b);
-int comp2(void const* a, void const* b);
+int comp(const void* a, const void* b);
+int comp2(const void* a, const void* b);

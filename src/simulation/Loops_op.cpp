@@ -30,7 +30,7 @@
 
 // One line per loop ties a description to its kernel body and gives the frame its name.
 #define LOOP_FRAME(NAME, DESCRIPTION, BODY)                                                   \
-  void op_par_loop_##NAME(char const* name, op_set set, loops::DESCRIPTION::Arguments args) { \
+  void op_par_loop_##NAME(const char* name, op_set set, loops::DESCRIPTION::Arguments args) { \
     op::par_loop<loops::DESCRIPTION, kernels::BODY>(name, set, args);                         \
   }
 

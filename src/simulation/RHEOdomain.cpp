@@ -118,7 +118,7 @@ op_arg RHEOdomain::argument(const GlobalTuple& globals) {
 }
 
 template <class L, class... Globals>
-void RHEOdomain::parLoop(void (*frame)(char const*, op_set, typename L::Arguments),
+void RHEOdomain::parLoop(void (*frame)(const char*, op_set, typename L::Arguments),
                          Globals&... globals) {
   const std::tuple<Globals&...> given(globals...);
   [&]<std::size_t... I>(std::index_sequence<I...> /*rows*/) {

@@ -57,7 +57,7 @@ class RHEOdomain : public RHEOcommon {
   /// Builds the arguments of loop L from the model's data and maps and calls its frame.
   /// @param globals the global arguments, in the order of the rows
   template <class L, class... Globals>
-  void parLoop(void (*frame)(char const*, op_set, typename L::Arguments), Globals&... globals);
+  void parLoop(void (*frame)(const char*, op_set, typename L::Arguments), Globals&... globals);
   template <class L, std::size_t I, class GlobalTuple>
   op_arg argument(const GlobalTuple& globals);
 

@@ -12,7 +12,7 @@ namespace console = common::console;
 namespace {
 
 template <class T>
-void copySetupOutput(T const& item, const int& rows, const int& columns,
+void copySetupOutput(const T& item, const int& rows, const int& columns,
                      api::IH5Reader* const& from, api::IH5Writer* const& to, int logLevel) {
   const std::string path = item->getH5Path();
   const std::string type = item->getType();

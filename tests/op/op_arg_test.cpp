@@ -31,7 +31,7 @@ class OpArg : public op_test::RuntimeTest {
 };
 
 TEST_F(OpArg, OfADatThroughAMap) {
-  op_arg const arg = op_arg_dat(dat_, 1, map_, 2, "double", OP_RW);
+  const op_arg arg = op_arg_dat(dat_, 1, map_, 2, "double", OP_RW);
   EXPECT_EQ(arg.index, -1);
   EXPECT_EQ(arg.dat, dat_);
   EXPECT_EQ(arg.map, map_);
@@ -68,16 +68,16 @@ TEST_F(OpArg, OptionalAccessKeepsTheCallersFlag) {
 }
 
 TEST_F(OpArg, WithoutADatHasNoData) {
-  op_arg const arg = op_arg_dat(nullptr, 0, map_, 2, "double", OP_READ);
+  const op_arg arg = op_arg_dat(nullptr, 0, map_, 2, "double", OP_READ);
   EXPECT_EQ(arg.data, nullptr);
   EXPECT_EQ(arg.size, -1);
   EXPECT_EQ(arg.map_data, nullptr);
 }
 
 TEST_F(OpArg, SharesTheUsualTypeStrings) {
-  for (std::string const type : {"double", "float", "int", "bool"}) {
-    std::string const copy = type;
-    char const* const first = op_arg_dat(dat_, -1, nullptr, 2, type.c_str(), OP_READ).type;
+  for (const std::string type : {"double", "float", "int", "bool"}) {
+    const std::string copy = type;
+    const char* const first = op_arg_dat(dat_, -1, nullptr, 2, type.c_str(), OP_READ).type;
     EXPECT_EQ(first, op_arg_dat(dat_, -1, nullptr, 2, copy.c_str(), OP_READ).type);
     EXPECT_EQ(first, type);
   }
@@ -85,14 +85,14 @@ TEST_F(OpArg, SharesTheUsualTypeStrings) {
 
 TEST_F(OpArg, KeepsACopyOfOtherTypeStrings) {
   std::string type = "double:soa";
-  op_arg const arg = op_arg_dat(dat_, -1, nullptr, 2, type.c_str(), OP_READ);
+  const op_arg arg = op_arg_dat(dat_, -1, nullptr, 2, type.c_str(), OP_READ);
   type = "overwritten";
   EXPECT_STREQ(arg.type, "double:soa");
 }
 
 TEST_F(OpArg, OfAGlobal) {
   double value = 1.5;
-  op_arg const arg = op_arg_gbl(&value, 3, "double", OP_MIN);
+  const op_arg arg = op_arg_gbl(&value, 3, "double", OP_MIN);
   EXPECT_EQ(arg.index, -1);
   EXPECT_EQ(arg.dat, nullptr);
   EXPECT_EQ(arg.map, nullptr);
@@ -122,10 +122,10 @@ class OpArgCheck : public OpArg {
  protected:
   int ninds_ = 0;
 
-  std::string check(op_set set, op_arg const& arg) {
+  std::string check(op_set set, const op_arg& arg) {
     return outputOf([&] { op_arg_check(set, 4, arg, &ninds_, "loop"); });
   }
-  static std::string error(std::string const& message) {
+  static std::string error(const std::string& message) {
     return "error: arg 4 in kernel \"loop\"\n" + message + " \n";
   }
 };
@@ -183,9 +183,9 @@ TEST_F(OpArgCheck, ReportsAnotherType) {
 }
 
 TEST_F(OpArgCheck, AcceptsTheShortFormsOfTypes) {
-  op_dat const soa = op_decl_dat_char(cells_, 2, "double:soa", 8, dat_->data, "soa");
-  op_dat const whole = op_decl_dat_char(cells_, 2, "int", 4, dat_->data, "whole");
-  auto const passes = [&](op_dat dat, char const* type) {
+  const op_dat soa = op_decl_dat_char(cells_, 2, "double:soa", 8, dat_->data, "soa");
+  const op_dat whole = op_decl_dat_char(cells_, 2, "int", 4, dat_->data, "whole");
+  const auto passes = [&](op_dat dat, const char* type) {
     return check(cells_, op_arg_dat(dat, -1, nullptr, 2, type, OP_READ)).empty();
   };
   EXPECT_TRUE(passes(dat_, "r8"));
@@ -213,15 +213,15 @@ TEST_F(OpArgCheck, ReportsGlobals) {
 }
 
 TEST(OpTypeEquivalence, HoldsWithinEachGroup) {
-  std::vector<std::vector<char const*>> const groups{
+  const std::vector<std::vector<const char*>> groups{
       {"double", "double:soa", "real(8)", "double precision"},
       {"float", "float:soa", "real(4)", "real"},
       {"int", "int:soa", "integer(4)", "integer"},
   };
-  for (auto const& one : groups) {
-    for (auto const& other : groups) {
-      for (char const* const a : one) {
-        for (char const* const b : other) {
+  for (const auto& one : groups) {
+    for (const auto& other : groups) {
+      for (const char* const a : one) {
+        for (const char* const b : other) {
           EXPECT_EQ(op_type_equivalence(a, b), &one == &other) << a << ", " << b;
         }
       }

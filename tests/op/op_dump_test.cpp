@@ -20,8 +20,8 @@ using testing::ExitedWithCode;
 class OpDump : public op_test::FileTest {
  protected:
   template <class T>
-  static op_dat dat(char const* type, std::vector<T>& values, int dim = 1) {
-    int const elements = static_cast<int>(values.size()) / dim;
+  static op_dat dat(const char* type, std::vector<T>& values, int dim = 1) {
+    const int elements = static_cast<int>(values.size()) / dim;
     return op_decl_dat_char(op_decl_set(elements, "cells"), dim, type, sizeof(T),
                             reinterpret_cast<char*>(values.data()), "bed");
   }
@@ -29,12 +29,12 @@ class OpDump : public op_test::FileTest {
     op_print_dat_to_txtfile(what, path("dat.txt").c_str());
     return contents("dat.txt");
   }
-  std::string contents(std::string const& name) const {
+  std::string contents(const std::string& name) const {
     std::ifstream file(path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
   template <class Call>
-  static void expectExit(Call call, int status, std::string const& message) {
+  static void expectExit(Call call, int status, const std::string& message) {
     EXPECT_EXIT((outputToStderr(), call()), ExitedWithCode(status), literally(message));
   }
 };
@@ -65,10 +65,10 @@ TEST_F(OpDump, EndsWithoutAnErrorForAnotherType) {
 
 TEST_F(OpDump, RefusesValuesThatAreNotOfTheSizeOfTheirType) {
   std::vector<short> values{1, 2};
-  std::string const message = "dat bed has values of 2 bytes, which is not the size of its type ";
+  const std::string message = "dat bed has values of 2 bytes, which is not the size of its type ";
   expectExit([&] { op_dump_dat(dat("real", values)); }, 2, message + "real\n");
   expectExit([&] { op_dump_dat(dat("integer", values)); }, 2, message + "integer\n");
-  for (std::string const type : {"double", "float", "int", "long"}) {
+  for (const std::string type : {"double", "float", "int", "long"}) {
     expectExit([&] { text(dat(type.c_str(), values)); }, 2, message + type + "\n");
   }
 }
@@ -86,16 +86,16 @@ TEST_F(OpPrintDatToTxtfile, KnowsTheTypeFamilies) {
   std::vector<float> floats{2.5F};
   std::vector<int> ints{-3};
   std::vector<long> longs{1L << 40};
-  for (char const* const type : {"double", "double:soa", "double precision", "real(8)"}) {
+  for (const char* const type : {"double", "double:soa", "double precision", "real(8)"}) {
     EXPECT_EQ(text(dat(type, doubles)), "1 1\n1.500000 \n") << type;
   }
-  for (char const* const type : {"float", "float:soa", "real(4)", "real"}) {
+  for (const char* const type : {"float", "float:soa", "real(4)", "real"}) {
     EXPECT_EQ(text(dat(type, floats)), "1 1\n2.500000 \n") << type;
   }
-  for (char const* const type : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
+  for (const char* const type : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
     EXPECT_EQ(text(dat(type, ints)), "1 1\n-3 \n") << type;
   }
-  for (char const* const type : {"long", "long:soa"}) {
+  for (const char* const type : {"long", "long:soa"}) {
     EXPECT_EQ(text(dat(type, longs)), "1 1\n1099511627776 \n") << type;
     EXPECT_EQ(text(dat(type, ints)), "1 1\n-3 \n") << type << " as the runtime reads it";
   }
@@ -104,7 +104,7 @@ TEST_F(OpPrintDatToTxtfile, KnowsTheTypeFamilies) {
 TEST_F(OpPrintDatToTxtfile, RefusesOtherTypesAndKeepsTheFile) {
   std::ofstream(path("dat.txt")) << "earlier";
   std::vector<long long> values{1};
-  for (std::string const type : {"long long", "bool"}) {
+  for (const std::string type : {"long long", "bool"}) {
     expectExit([&] { text(dat(type.c_str(), values)); }, 2,
                "Unknown type " + type + ", cannot be written to file " + path("dat.txt") + "\n");
   }
@@ -118,8 +118,8 @@ TEST_F(OpPrintDatToTxtfile, WritesTheHeaderOfAnEmptySet) {
 
 TEST_F(OpPrintDatToTxtfile, ReportsWhatCannotBeWritten) {
   std::vector<int> values{1};
-  op_dat const bed = dat("int", values);
-  std::string const nowhere = path("nowhere") + "/dat.txt";
+  const op_dat bed = dat("int", values);
+  const std::string nowhere = path("nowhere") + "/dat.txt";
   expectExit([&] { op_print_dat_to_txtfile(bed, nowhere.c_str()); }, 2,
              "can't open file " + nowhere + "\n");
   expectExit([&] { op_print_dat_to_txtfile(bed, "/dev/full"); }, 2, "error writing to /dev/full\n");
@@ -132,7 +132,7 @@ class OpPrintDatToBinfile : public OpDump {};
 TEST_F(OpPrintDatToBinfile, WritesAHeaderOfEightBytesAndTheValues) {
   std::vector<double> values{1, 2, 3, 4, 5, 6.5};
   op_print_dat_to_binfile(dat("double", values, 2), path("dat.bin").c_str());
-  std::string const file = contents("dat.bin");
+  const std::string file = contents("dat.bin");
   ASSERT_EQ(file.size(), 8U + 48U);
   std::vector<int> header(2);
   std::vector<double> rows(6);
@@ -150,8 +150,8 @@ TEST_F(OpPrintDatToBinfile, WritesTheHeaderOfAnEmptySet) {
 
 TEST_F(OpPrintDatToBinfile, ReportsWhatCannotBeWritten) {
   std::vector<int> values{1};
-  op_dat const bed = dat("int", values);
-  std::string const nowhere = path("nowhere") + "/dat.bin";
+  const op_dat bed = dat("int", values);
+  const std::string nowhere = path("nowhere") + "/dat.bin";
   expectExit([&] { op_print_dat_to_binfile(bed, nowhere.c_str()); }, 2,
              "can't open file " + nowhere + "\n");
   EXPECT_EXIT((outputToStderr(), op_print_dat_to_binfile(bed, "/dev/full")), ExitedWithCode(2),
@@ -163,9 +163,9 @@ TEST_F(OpPrintDatToBinfile, ReportsWhatCannotBeWritten) {
 // The header fits on the disk, the values do not.
 TEST_F(OpPrintDatToBinfile, ReportsADiskThatIsFullBehindTheHeader) {
   std::vector<double> values(1000, 1.0);
-  op_dat const bed = dat("double", values);
-  std::string const file = path("dat.bin");
-  for (rlim_t const bytes : {rlim_t{200}, rlim_t{4000}}) {
+  const op_dat bed = dat("double", values);
+  const std::string file = path("dat.bin");
+  for (const rlim_t bytes : {rlim_t{200}, rlim_t{4000}}) {
     EXPECT_EXIT(
         (outputToStderr(), op_test::limitFiles(bytes), op_print_dat_to_binfile(bed, file.c_str())),
         ExitedWithCode(2), literally("error writing to " + file + "\n"))

@@ -33,7 +33,7 @@ void countedWait(int /*nargs*/, op_arg* /*args*/) {
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
-[[gnu::noinline]] void* operator new(std::size_t size, std::nothrow_t const& /*tag*/) noexcept {
+[[gnu::noinline]] void* operator new(std::size_t size, const std::nothrow_t& /*tag*/) noexcept {
   ++allocations;
   return std::malloc(size);
 }
@@ -56,13 +56,13 @@ using op::all;
 using op::at;
 using op::Order;
 
-void copyBody(double const* in, double* out) {
+void copyBody(const double* in, double* out) {
   out[0] = in[0] + in[1];
 }
 using CopyLoop = op::Loop<"toy_copy", 0, Kernel::toy, Set::cells, Order::any,
                           op::read<Datum::state, double[2]>, op::write<Datum::depth, double>>;
 
-void jumpBody(double const* left, double const* right, double const* factor, double* out) {
+void jumpBody(const double* left, const double* right, const double* factor, double* out) {
   out[0] = (right[0] - left[0]) * factor[0];
 }
 using JumpLoop = op::Loop<"toy_jump", 1, Kernel::toy, Set::cells, Order::any,
@@ -70,7 +70,7 @@ using JumpLoop = op::Loop<"toy_jump", 1, Kernel::toy, Set::cells, Order::any,
                           op::read<Datum::depth, double, at<Map::edgeCells, 1>>, op::given<double>,
                           op::write<Datum::state, double>>;
 
-void sumBody(double const* const* values, int const* number, double* out, double* highest) {
+void sumBody(const double* const* values, const int* number, double* out, double* highest) {
   out[0] = values[0][0] + values[1][0] + values[2][0];
   if (number != nullptr) out[0] += number[0];
   if (out[0] > highest[0]) highest[0] = out[0];
@@ -80,13 +80,13 @@ using SumLoop = op::Loop<"toy_sum", 2, Kernel::toy, Set::cells, Order::any,
                          op::read_if<Switch::on, Datum::flag, int>,
                          op::change<Datum::depth, double>, op::highest<double>>;
 
-void lowestBody(int const* value, int* lowest) {
+void lowestBody(const int* value, int* lowest) {
   if (value[0] < lowest[0]) lowest[0] = value[0];
 }
 using LowestLoop = op::Loop<"toy_lowest", 3, Kernel::toy, Set::cells, Order::ascending,
                             op::read<Datum::flag, int>, op::lowest<int>>;
 
-void flatBody(double const* in, double* out) {
+void flatBody(const double* in, double* out) {
   out[0] = in[0];
 }
 using FlatLoop = op::Loop<"toy_flat", 4, Kernel::toy, Set::cells, Order::any,
@@ -96,7 +96,7 @@ static_assert(CopyLoop::isDirect && CopyLoop::entries == 2);
 static_assert(!JumpLoop::isDirect && JumpLoop::entries == 4);
 static_assert(!SumLoop::isDirect && SumLoop::entries == 6);
 static_assert(
-    std::is_same_v<SumLoop::Body, void(double const* const*, int const*, double*, double*)>);
+    std::is_same_v<SumLoop::Body, void(const double* const*, const int*, double*, double*)>);
 
 class Frame : public ::testing::Test {
  protected:
@@ -130,7 +130,7 @@ class Frame : public ::testing::Test {
          op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
   }
 
-  static op_dat dat(op_set set, int dim, double* data, char const* name) {
+  static op_dat dat(op_set set, int dim, double* data, const char* name) {
     return op_decl_dat_char(set, dim, "double", sizeof(double), reinterpret_cast<char*>(data),
                             name);
   }
@@ -172,14 +172,14 @@ TEST_F(Frame, columnsOfAMapReachBothCells) {
 
 TEST_F(Frame, vectorRowsGiveAllColumnsAndOptionalRowsAPointerOrNull) {
   double highest = 0;
-  op_arg const absent = op_opt_arg_dat(0, nullptr, -1, nullptr, 1, "int", OP_READ);
-  op_arg const values = op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ);
-  op_arg const global = op_arg_gbl(&highest, 1, "double", OP_MAX);
+  const op_arg absent = op_opt_arg_dat(0, nullptr, -1, nullptr, 1, "int", OP_READ);
+  const op_arg values = op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ);
+  const op_arg global = op_arg_gbl(&highest, 1, "double", OP_MAX);
   op::par_loop<SumLoop, sumBody>("sum", cells, {values, absent, direct(depth, 1, OP_RW), global});
   EXPECT_EQ(depths, (std::array<double, 4>{10101, 3, 10101, 10200}));
   EXPECT_EQ(highest, 10200);
 
-  op_arg const present = op_opt_arg_dat(1, numbers, -1, nullptr, 1, "int", OP_READ);
+  const op_arg present = op_opt_arg_dat(1, numbers, -1, nullptr, 1, "int", OP_READ);
   op::par_loop<SumLoop, sumBody>("sum", cells, {values, present, direct(depth, 1, OP_RW), global});
   EXPECT_EQ(depths, (std::array<double, 4>{10106, -4, 10104, 10209}));
 }
@@ -227,7 +227,7 @@ TEST_F(Frame, anIndirectLoopOverAnEmptySetWaitsOnceAndIsAccountedFor) {
 }
 
 TEST_F(Frame, anIndirectLoopWaitsOnceWhereverItsCoreEnds) {
-  for (int const core : {0, 1, 3}) {
+  for (const int core : {0, 1, 3}) {
     edges->core_size = core;
     waits = 0;
     runJump(edges);

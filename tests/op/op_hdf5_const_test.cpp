@@ -26,19 +26,19 @@ class OpConstHdf5 : public op_test::FileTest {
     file_ = path("constants.h5");
   }
   template <class T>
-  void write(std::string const& name, char const* type, std::vector<T> const& values) const {
+  void write(const std::string& name, const char* type, const std::vector<T>& values) const {
     op_write_const_hdf5(name.c_str(), static_cast<int>(values.size()), type,
-                        reinterpret_cast<char const*>(values.data()), file_.c_str());
+                        reinterpret_cast<const char*>(values.data()), file_.c_str());
   }
   template <class T>
-  std::vector<T> read(std::string const& name, char const* type, int dim) const {
+  std::vector<T> read(const std::string& name, const char* type, int dim) const {
     std::vector<T> values(static_cast<std::size_t>(dim));
     op_get_const_hdf5(name.c_str(), dim, type, reinterpret_cast<char*>(values.data()),
                       file_.c_str());
     return values;
   }
   template <class Call>
-  static void expectExit(Call call, std::string const& message) {
+  static void expectExit(Call call, const std::string& message) {
     EXPECT_EXIT((outputToStderr(), call()), testing::ExitedWithCode(2), literally(message));
   }
 };
@@ -53,7 +53,7 @@ TEST_F(OpConstHdf5, ComesBackAsItWasWritten) {
 }
 
 TEST_F(OpConstHdf5, ComesBackInEachTypeFamily) {
-  std::string const output = outputOf([&] {
+  const std::string output = outputOf([&] {
     write("a/real", "real(8)", gravity_);
     write("a/small", "float", std::vector<float>{0.5F});
     write("a/whole", "integer", std::vector<int>{-3});
@@ -70,14 +70,14 @@ TEST_F(OpConstHdf5, ComesBackInEachTypeFamily) {
 
 TEST_F(OpConstHdf5, CarriesItsDimAndType) {
   outputOf([&] { write("gravity", "double:soa", gravity_); });
-  H5Handle const file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
-  H5Handle const dataset(H5Dopen2(file.get(), "gravity", H5P_DEFAULT), H5Dclose);
-  H5Handle const dim(H5Aopen(dataset.get(), "dim", H5P_DEFAULT), H5Aclose);
+  const H5Handle file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
+  const H5Handle dataset(H5Dopen2(file.get(), "gravity", H5P_DEFAULT), H5Dclose);
+  const H5Handle dim(H5Aopen(dataset.get(), "dim", H5P_DEFAULT), H5Aclose);
   int number = 0;
   H5Aread(dim.get(), H5T_NATIVE_INT, &number);
   EXPECT_EQ(number, 2);
-  H5Handle const type(H5Aopen(dataset.get(), "type", H5P_DEFAULT), H5Aclose);
-  H5Handle const text(H5Aget_type(type.get()), H5Tclose);
+  const H5Handle type(H5Aopen(dataset.get(), "type", H5P_DEFAULT), H5Aclose);
+  const H5Handle text(H5Aget_type(type.get()), H5Tclose);
   std::string value(H5Tget_size(text.get()), ' ');
   H5Aread(type.get(), text.get(), value.data());
   EXPECT_EQ(value, "double:soa");
@@ -95,7 +95,7 @@ TEST_F(OpConstHdf5, IsUpdatedInPlace) {
 
 TEST_F(OpConstHdf5, IsNotReplacedByAnotherOne) {
   outputOf([&] { write("a/gravity", "double", gravity_); });
-  std::string const file = "' in file '" + file_ + "' is not a constant of ";
+  const std::string file = "' in file '" + file_ + "' is not a constant of ";
   expectExit(
       [&] {
         write("a/gravity", "float", std::vector<float>{1, 2});
@@ -160,8 +160,8 @@ TEST_F(OpConstHdf5, OfAFileOfAnotherKindIsRefused) {
 }
 
 TEST_F(OpConstHdf5, ThatCannotBeWrittenIsReported) {
-  std::vector<double> const many(20000, 1.0);
-  for (rlim_t const bytes : {rlim_t{1000}, rlim_t{100000}}) {
+  const std::vector<double> many(20000, 1.0);
+  for (const rlim_t bytes : {rlim_t{1000}, rlim_t{100000}}) {
     expectExit(
         [&] {
           op_test::limitFiles(bytes);

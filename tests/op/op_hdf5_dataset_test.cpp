@@ -13,9 +13,9 @@ using op_test::FileWriter;
 
 class OpHdf5Dataset : public op_test::FileTest {
  protected:
-  op_hdf5_dataset_properties propertiesOf(std::string const& name) {
-    H5Handle const file(H5Fopen(path("run.h5").c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
-    H5Handle const dataset(H5Dopen2(file.get(), name.c_str(), H5P_DEFAULT), H5Dclose);
+  op_hdf5_dataset_properties propertiesOf(const std::string& name) {
+    const H5Handle file(H5Fopen(path("run.h5").c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
+    const H5Handle dataset(H5Dopen2(file.get(), name.c_str(), H5P_DEFAULT), H5Dclose);
     op_hdf5_dataset_properties properties{};
     EXPECT_EQ(get_dataset_properties(dataset.get(), &properties), 0);
     return properties;
@@ -24,7 +24,7 @@ class OpHdf5Dataset : public op_test::FileTest {
 
 TEST_F(OpHdf5Dataset, PropertiesOfTwoExtents) {
   FileWriter(path("run.h5")).doubles("a", {3, 2}, {1, 2, 3, 4, 5, 6});
-  op_hdf5_dataset_properties const properties = propertiesOf("a");
+  const op_hdf5_dataset_properties properties = propertiesOf("a");
   EXPECT_EQ(properties.type, "double");
   EXPECT_EQ(properties.size, 3);
   EXPECT_EQ(properties.dim, 2);
@@ -33,7 +33,7 @@ TEST_F(OpHdf5Dataset, PropertiesOfTwoExtents) {
 
 TEST_F(OpHdf5Dataset, PropertiesOfOneExtent) {
   FileWriter(path("run.h5")).longs("a", {3}, {1, 2, 3});
-  op_hdf5_dataset_properties const properties = propertiesOf("a");
+  const op_hdf5_dataset_properties properties = propertiesOf("a");
   EXPECT_EQ(properties.type, "long");
   EXPECT_EQ(properties.size, 3);
   EXPECT_EQ(properties.dim, 1);
@@ -42,14 +42,14 @@ TEST_F(OpHdf5Dataset, PropertiesOfOneExtent) {
 
 TEST_F(OpHdf5Dataset, PropertiesOfRankZero) {
   FileWriter(path("run.h5")).ints("a", {}, {1});
-  op_hdf5_dataset_properties const properties = propertiesOf("a");
+  const op_hdf5_dataset_properties properties = propertiesOf("a");
   EXPECT_EQ(properties.size, 0);
   EXPECT_EQ(properties.dim, 0);
   EXPECT_EQ(properties.elem_bytes, 0U);
 }
 
 TEST_F(OpHdf5Dataset, PropertiesNeedARecordAndADataset) {
-  H5Silence const silence;
+  const H5Silence silence;
   op_hdf5_dataset_properties properties{};
   EXPECT_EQ(get_dataset_properties(H5I_INVALID_HID, &properties), -1);
   EXPECT_EQ(get_dataset_properties(H5I_INVALID_HID, nullptr), -1);
@@ -67,9 +67,9 @@ TEST_F(OpHdf5Dataset, TypesHaveNames) {
 }
 
 TEST_F(OpHdf5Dataset, CreatesTheGroupsThatAreMissing) {
-  H5Handle const file(H5Fcreate(path("a.h5").c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT),
+  const H5Handle file(H5Fcreate(path("a.h5").c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT),
                       H5Fclose);
-  auto const exists = [&](char const* name) {
+  const auto exists = [&](const char* name) {
     return H5Lexists(file.get(), name, H5P_DEFAULT) > 0;
   };
   EXPECT_TRUE(create_path("a/data", file.get()));
@@ -82,27 +82,27 @@ TEST_F(OpHdf5Dataset, CreatesTheGroupsThatAreMissing) {
 }
 
 TEST_F(OpHdf5Dataset, CreatesLongPaths) {
-  H5Handle const file(H5Fcreate(path("a.h5").c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT),
+  const H5Handle file(H5Fcreate(path("a.h5").c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT),
                       H5Fclose);
-  std::string const group(120, 'g');
+  const std::string group(120, 'g');
   EXPECT_TRUE(create_path((group + "/" + group + "/data").c_str(), file.get()));
   EXPECT_GT(H5Lexists(file.get(), (group + "/" + group).c_str(), H5P_DEFAULT), 0);
 }
 
 TEST_F(OpHdf5Dataset, CannotCreateAGroupBelowADataset) {
-  H5Silence const silence;
+  const H5Silence silence;
   FileWriter(path("a.h5")).ints("a", {1}, {1});
-  H5Handle const file(H5Fopen(path("a.h5").c_str(), H5F_ACC_RDWR, H5P_DEFAULT), H5Fclose);
+  const H5Handle file(H5Fopen(path("a.h5").c_str(), H5F_ACC_RDWR, H5P_DEFAULT), H5Fclose);
   EXPECT_FALSE(create_path("a/b/data", file.get()));
 }
 
 TEST_F(OpHdf5Dataset, SilenceEndsWithItsScope) {
-  auto const printer = reinterpret_cast<H5E_auto2_t>(H5Eprint2);
+  const auto printer = reinterpret_cast<H5E_auto2_t>(H5Eprint2);
   H5Eset_auto2(H5E_DEFAULT, printer, nullptr);
   H5E_auto2_t function = nullptr;
   void* data = nullptr;
   {
-    H5Silence const silence;
+    const H5Silence silence;
     H5Eget_auto2(H5E_DEFAULT, &function, &data);
     EXPECT_EQ(function, nullptr);
   }

@@ -27,21 +27,21 @@ class OpDumpToHdf5 : public op_test::FileTest {
     cells_ = op_decl_set(3, "cells");
   }
   template <class T>
-  op_dat dat(int dim, char const* type, std::vector<T>& values, char const* name) {
+  op_dat dat(int dim, const char* type, std::vector<T>& values, const char* name) {
     return op_decl_dat_char(cells_, dim, type, sizeof(T), reinterpret_cast<char*>(values.data()),
                             name);
   }
   template <class T>
-  std::vector<T> read(int dim, char const* type, char const* name) {
-    op_dat const stored = op_decl_dat_hdf5(cells_, dim, type, file_.c_str(), name);
+  std::vector<T> read(int dim, const char* type, const char* name) {
+    const op_dat stored = op_decl_dat_hdf5(cells_, dim, type, file_.c_str(), name);
     if (stored == nullptr) return {};
-    auto const* const values = reinterpret_cast<T const*>(stored->data);
+    const auto* const values = reinterpret_cast<const T*>(stored->data);
     return {values, values + 3L * dim};
   }
   std::string dump() const {
     return outputOf([&] { op_dump_to_hdf5(file_.c_str()); });
   }
-  void expectExit(std::string const& message) const {
+  void expectExit(const std::string& message) const {
     EXPECT_EXIT((outputToStderr(), op_dump_to_hdf5(file_.c_str())), testing::ExitedWithCode(2),
                 literally(message));
   }
@@ -91,7 +91,7 @@ TEST_F(OpDumpToHdf5, RefusesTwoDatsOfOneName) {
 }
 
 TEST_F(OpDumpToHdf5, OfOneDatTakesItsNameAsPath) {
-  op_dat const flow = dat(2, "double", flow_, "cells/flow");
+  const op_dat flow = dat(2, "double", flow_, "cells/flow");
   EXPECT_EQ(outputOf([&] { op_fetch_data_hdf5_file(flow, file_.c_str()); }),
             "Writing 'cells/flow' to file '" + file_ + "'\n");
   EXPECT_EQ(read<double>(2, "double", "cells/flow"), flow_);

@@ -22,7 +22,7 @@ using op_test::outputOf;
 using op_test::outputToStderr;
 using testing::ExitedWithCode;
 
-char const* const Path = "/RESULTS/cells/flow/0000000";
+const char* const Path = "/RESULTS/cells/flow/0000000";
 
 class OpFetchDataHdf5 : public op_test::FileTest {
  protected:
@@ -38,7 +38,7 @@ class OpFetchDataHdf5 : public op_test::FileTest {
     flow_ = dat("double", 8, values_.data());
   }
   template <class T>
-  op_dat dat(char const* type, int bytes, T* values, int dim = 2) {
+  op_dat dat(const char* type, int bytes, T* values, int dim = 2) {
     return op_decl_dat_char(cells_, dim, type, bytes, reinterpret_cast<char*>(values), "flow");
   }
   std::string write(op_dat what) const {
@@ -47,7 +47,7 @@ class OpFetchDataHdf5 : public op_test::FileTest {
   std::string announcement() const {
     return "Writing '" + std::string(Path) + "' to file '" + file_ + "'\n";
   }
-  void expectExit(op_dat what, std::string const& message) const {
+  void expectExit(op_dat what, const std::string& message) const {
     EXPECT_EXIT((outputToStderr(), op_fetch_data_hdf5(what, file_.c_str(), Path)),
                 ExitedWithCode(2), literally(message));
   }
@@ -55,30 +55,30 @@ class OpFetchDataHdf5 : public op_test::FileTest {
   template <class T>
   std::vector<T> stored(hid_t type, std::size_t count = 6) const {
     std::vector<T> values(count);
-    H5Handle const file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
-    H5Handle const dataset(H5Dopen2(file.get(), Path, H5P_DEFAULT), H5Dclose);
+    const H5Handle file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
+    const H5Handle dataset(H5Dopen2(file.get(), Path, H5P_DEFAULT), H5Dclose);
     EXPECT_GE(H5Dread(dataset.get(), type, H5S_ALL, H5S_ALL, H5P_DEFAULT, values.data()), 0);
     return values;
   }
   // Does something to the dataset that has been written.
   template <class Change>
   void change(Change what) const {
-    H5Handle const file(H5Fopen(file_.c_str(), H5F_ACC_RDWR, H5P_DEFAULT), H5Fclose);
-    H5Handle const dataset(H5Dopen2(file.get(), Path, H5P_DEFAULT), H5Dclose);
+    const H5Handle file(H5Fopen(file_.c_str(), H5F_ACC_RDWR, H5P_DEFAULT), H5Fclose);
+    const H5Handle dataset(H5Dopen2(file.get(), Path, H5P_DEFAULT), H5Dclose);
     what(dataset.get());
   }
-  void attach(char const* name, hid_t type, std::vector<hsize_t> const& extents,
-              void const* value) const {
+  void attach(const char* name, hid_t type, const std::vector<hsize_t>& extents,
+              const void* value) const {
     change([&](hid_t dataset) {
       if (H5Aexists(dataset, name) > 0) H5Adelete(dataset, name);
-      H5Handle const space(
+      const H5Handle space(
           H5Screate_simple(static_cast<int>(extents.size()), extents.data(), nullptr), H5Sclose);
-      H5Handle const attribute(
+      const H5Handle attribute(
           H5Acreate2(dataset, name, type, space.get(), H5P_DEFAULT, H5P_DEFAULT), H5Aclose);
       H5Awrite(attribute.get(), type, value);
     });
   }
-  void detach(char const* name) const {
+  void detach(const char* name) const {
     change([&](hid_t dataset) { H5Adelete(dataset, name); });
   }
 };
@@ -87,9 +87,9 @@ TEST_F(OpFetchDataHdf5, CreatesTheFileTheGroupsAndTheDataset) {
   EXPECT_EQ(write(flow_), announcement());
   EXPECT_EQ(stored<double>(H5T_NATIVE_DOUBLE), values_);
   EXPECT_EQ(H5Fget_obj_count(H5F_OBJ_ALL, H5F_OBJ_ALL), 0);
-  H5Handle const file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
-  for (char const* const group : {"/RESULTS", "/RESULTS/cells", "/RESULTS/cells/flow"}) {
-    H5Handle const opened(H5Gopen2(file.get(), group, H5P_DEFAULT), H5Gclose);
+  const H5Handle file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
+  for (const char* const group : {"/RESULTS", "/RESULTS/cells", "/RESULTS/cells/flow"}) {
+    const H5Handle opened(H5Gopen2(file.get(), group, H5P_DEFAULT), H5Gclose);
     EXPECT_TRUE(static_cast<bool>(opened)) << group;
   }
 }
@@ -103,9 +103,9 @@ TEST_F(OpFetchDataHdf5, StoresShapeAndType) {
     EXPECT_EQ(properties.size, 3);
     EXPECT_EQ(properties.dim, 2);
 
-    H5Handle const type(H5Aopen(dataset, "type", H5P_DEFAULT), H5Aclose);
-    H5Handle const text(H5Aget_type(type.get()), H5Tclose);
-    H5Handle const space(H5Aget_space(type.get()), H5Sclose);
+    const H5Handle type(H5Aopen(dataset, "type", H5P_DEFAULT), H5Aclose);
+    const H5Handle text(H5Aget_type(type.get()), H5Tclose);
+    const H5Handle space(H5Aget_space(type.get()), H5Sclose);
     EXPECT_EQ(H5Tget_class(text.get()), H5T_STRING);
     EXPECT_EQ(H5Tget_size(text.get()), 6U);
     EXPECT_EQ(H5Sget_simple_extent_type(space.get()), H5S_SCALAR);
@@ -113,9 +113,9 @@ TEST_F(OpFetchDataHdf5, StoresShapeAndType) {
     H5Aread(type.get(), text.get(), value.data());
     EXPECT_EQ(value, "double");
 
-    for (auto const& [name, expected] : {std::pair("size", 16), std::pair("dim", 2)}) {
-      H5Handle const attribute(H5Aopen(dataset, name, H5P_DEFAULT), H5Aclose);
-      H5Handle const extents(H5Aget_space(attribute.get()), H5Sclose);
+    for (const auto& [name, expected] : {std::pair("size", 16), std::pair("dim", 2)}) {
+      const H5Handle attribute(H5Aopen(dataset, name, H5P_DEFAULT), H5Aclose);
+      const H5Handle extents(H5Aget_space(attribute.get()), H5Sclose);
       EXPECT_EQ(H5Sget_simple_extent_ndims(extents.get()), 1);
       int number = 0;
       H5Aread(attribute.get(), H5T_NATIVE_INT, &number);
@@ -128,12 +128,12 @@ TEST_F(OpFetchDataHdf5, AddsToAFileThatIsThere) {
   FileWriter(file_).ints("RESULTS/other", {1}, {7});
   write(flow_);
   EXPECT_EQ(stored<double>(H5T_NATIVE_DOUBLE), values_);
-  H5Handle const file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
+  const H5Handle file(H5Fopen(file_.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
   EXPECT_GT(H5Lexists(file.get(), "RESULTS/other", H5P_DEFAULT), 0);
 }
 
 TEST_F(OpFetchDataHdf5, AddsToAFileThatIsOpenForWriting) {
-  H5Handle const open(H5Fcreate(file_.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
+  const H5Handle open(H5Fcreate(file_.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
                       H5Fclose);
   write(flow_);
   EXPECT_GT(H5Oexists_by_name(open.get(), Path, H5P_DEFAULT), 0);
@@ -141,7 +141,7 @@ TEST_F(OpFetchDataHdf5, AddsToAFileThatIsOpenForWriting) {
 
 TEST_F(OpFetchDataHdf5, UpdatesInPlaceAndLeavesTheAttributesAlone) {
   write(flow_);
-  double const time = 4.5;
+  const double time = 4.5;
   attach("t", H5T_NATIVE_DOUBLE, {1}, &time);
   haddr_t before = 0;
   change([&](hid_t dataset) { before = H5Dget_offset(dataset); });
@@ -160,7 +160,7 @@ TEST_F(OpFetchDataHdf5, TellsItsStepsAtAHighDiagnosticLevel) {
   EXPECT_EQ(write(flow_), announcement() +
                               "op_dat flow does not exists in the file ... creating data set\n" +
                               "File " + file_ + " does not exist .... creating file\n");
-  std::string const existing = announcement() + "File " + file_ +
+  const std::string existing = announcement() + "File " + file_ +
                                " exists .... checking for dataset and path " + Path + " in file\n";
   EXPECT_EQ(write(flow_),
             existing + "dataset '" + Path + "' exists in the file ... updating data\n");
@@ -174,11 +174,11 @@ TEST_F(OpFetchDataHdf5, WritesEveryType) {
   std::vector<int> wholes{1, 2, 3, 4, 5, 6};
   std::vector<float> reals{1, 2, 3, 4, 5, 6};
   std::vector<long long> wides{1, 2, 3, 4, 5, 6};
-  auto const roundTrip = [&](op_dat what, hid_t type) {
+  const auto roundTrip = [&](op_dat what, hid_t type) {
     std::filesystem::remove(file_);
     write(what);
     change([&](hid_t dataset) {
-      H5Handle const stored(H5Dget_type(dataset), H5Tclose);
+      const H5Handle stored(H5Dget_type(dataset), H5Tclose);
       EXPECT_GT(H5Tequal(stored.get(), type), 0) << what->type;
     });
     EXPECT_EQ(stored<double>(H5T_NATIVE_DOUBLE), values_) << what->type;
@@ -195,7 +195,7 @@ TEST_F(OpFetchDataHdf5, WritesEveryType) {
 }
 
 TEST_F(OpFetchDataHdf5, WritesADatOfAnEmptySet) {
-  op_dat const none = op_decl_dat_char(op_decl_set(0, "none"), 2, "double", 8, nullptr, "no flow");
+  const op_dat none = op_decl_dat_char(op_decl_set(0, "none"), 2, "double", 8, nullptr, "no flow");
   write(none);
   write(none);
   change([](hid_t dataset) {
@@ -208,9 +208,9 @@ TEST_F(OpFetchDataHdf5, WritesADatOfAnEmptySet) {
 
 TEST_F(OpFetchDataHdf5, ReadsBackWhatItWrote) {
   write(flow_);
-  op_dat const back = op_decl_dat_hdf5(cells_, 2, "double", file_.c_str(), Path);
+  const op_dat back = op_decl_dat_hdf5(cells_, 2, "double", file_.c_str(), Path);
   ASSERT_NE(back, nullptr);
-  auto const* const values = reinterpret_cast<double const*>(back->data);
+  const auto* const values = reinterpret_cast<const double*>(back->data);
   EXPECT_EQ(std::vector<double>(values, values + 6), values_);
 }
 
@@ -221,17 +221,17 @@ TEST_F(OpFetchDataHdf5, AcceptsAnEquivalentType) {
 }
 
 TEST_F(OpFetchDataHdf5, MakesNoDatasetOfATypeOfFortran) {
-  for (char const* const type : {"real(8)", "double precision"}) {
+  for (const char* const type : {"real(8)", "double precision"}) {
     expectExit(dat(type, 8, values_.data()), "Unknown type for data elements\n");
   }
 }
 
 TEST_F(OpFetchDataHdf5, AcceptsATypeOfVariableLength) {
   write(flow_);
-  H5Handle const text(H5Tcopy(H5T_C_S1), H5Tclose);
+  const H5Handle text(H5Tcopy(H5T_C_S1), H5Tclose);
   H5Tset_size(text.get(), H5T_VARIABLE);
   H5Tset_cset(text.get(), H5T_CSET_UTF8);
-  char const* const name = "double";
+  const char* const name = "double";
   attach("type", text.get(), {1}, &name);
   values_[0] = 7.0;
   write(flow_);
@@ -260,13 +260,13 @@ TEST_F(OpFetchDataHdf5, RefusesAnotherType) {
 
 TEST_F(OpFetchDataHdf5, RefusesAnotherNumberOfElements) {
   write(flow_);
-  op_dat const other = op_decl_dat_char(op_decl_set(2, "fewer"), 2, "double", 8,
+  const op_dat other = op_decl_dat_char(op_decl_set(2, "fewer"), 2, "double", 8,
                                         reinterpret_cast<char*>(values_.data()), "flow");
   expectExit(other, "is 3 by 2 and dat flow is 2 by 2 ... aborting\n");
 }
 
 TEST_F(OpFetchDataHdf5, RefusesADatasetWithoutItsAttributes) {
-  for (std::string const name : {"size", "dim", "type"}) {
+  for (const std::string name : {"size", "dim", "type"}) {
     std::filesystem::remove(file_);
     write(flow_);
     detach(name.c_str());
@@ -277,7 +277,7 @@ TEST_F(OpFetchDataHdf5, RefusesADatasetWithoutItsAttributes) {
 }
 
 TEST_F(OpFetchDataHdf5, RefusesAttributesOfAnotherForm) {
-  int const numbers[2] = {16, 2};  // NOLINT(modernize-avoid-c-arrays)
+  const int numbers[2] = {16, 2};  // NOLINT(modernize-avoid-c-arrays)
   write(flow_);
   attach("type", H5T_NATIVE_INT, {1}, numbers);
   expectExit(flow_, "Could not read attribute 'type' of dataset '" + std::string(Path));
@@ -321,12 +321,12 @@ TEST_F(OpFetchDataHdf5, ReportsAFileThatCannotBeCreated) {
 TEST_F(OpFetchDataHdf5, ReportsAFullDiskAtEverySize) {
   cells_ = op_decl_set(20000, "many cells");
   std::vector<double> many(20000, 1.0);
-  op_dat const bed = dat("double", 8, many.data(), 1);
-  std::string const message =
+  const op_dat bed = dat("double", 8, many.data(), 1);
+  const std::string message =
       literally("Could not write dataset '" + std::string(Path) + "' to file '" + file_ + "'\n");
   write(bed);
-  rlim_t const size = std::filesystem::file_size(file_);
-  for (rlim_t const bytes : {rlim_t{1000}, rlim_t{2100}, rlim_t{4096}, size / 2, size - 1}) {
+  const rlim_t size = std::filesystem::file_size(file_);
+  for (const rlim_t bytes : {rlim_t{1000}, rlim_t{2100}, rlim_t{4096}, size / 2, size - 1}) {
     std::filesystem::remove(file_);
     EXPECT_EXIT((outputToStderr(), limitFiles(bytes), op_fetch_data_hdf5(bed, file_.c_str(), Path)),
                 ExitedWithCode(2), message)
@@ -336,7 +336,7 @@ TEST_F(OpFetchDataHdf5, ReportsAFullDiskAtEverySize) {
 
 TEST_F(OpFetchDataHdf5, ReportsAFullDiskOfAFileThatGrows) {
   write(flow_);
-  rlim_t const size = std::filesystem::file_size(file_);
+  const rlim_t size = std::filesystem::file_size(file_);
   EXPECT_EXIT((outputToStderr(), limitFiles(size),
                op_fetch_data_hdf5(flow_, file_.c_str(), "/RESULTS/cells/flow/0000001")),
               ExitedWithCode(2), "Could not write dataset '/RESULTS/cells/flow/0000001'");

@@ -23,10 +23,10 @@ class OpDeclSetHdf5InferSize : public op_test::FileTest {
     FileTest::SetUp();
     file_ = path("run.h5");
   }
-  op_set declare(char const* dataset) const {
+  op_set declare(const char* dataset) const {
     return op_decl_set_hdf5_infer_size(file_.c_str(), "cells", dataset);
   }
-  void expectExit(char const* dataset, std::string const& message) const {
+  void expectExit(const char* dataset, const std::string& message) const {
     EXPECT_EXIT((outputToStderr(), declare(dataset)), testing::ExitedWithCode(2),
                 literally(message));
   }
@@ -35,7 +35,7 @@ class OpDeclSetHdf5InferSize : public op_test::FileTest {
 TEST_F(OpDeclSetHdf5InferSize, TakesTheNumberOfRows) {
   FileWriter(file_).ints("cells/nodes", {4, 3}, std::vector<int>(12));
   FileWriter(file_).doubles("cells/none", {0, 2}, {});
-  op_set const set = declare("cells/nodes");
+  const op_set set = declare("cells/nodes");
   EXPECT_EQ(set->size, 4);
   EXPECT_STREQ(set->name, "cells");
   EXPECT_EQ(declare("cells/none")->size, 0);

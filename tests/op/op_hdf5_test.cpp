@@ -29,7 +29,7 @@ class OpHdf5 : public op_test::FileTest {
     FileTest::SetUp();
     file_ = path("run.h5");
   }
-  char const* file() const { return file_.c_str(); }
+  const char* file() const { return file_.c_str(); }
 
   // A file that holds a valid one, but for its second half.
   void truncate() const {
@@ -38,7 +38,7 @@ class OpHdf5 : public op_test::FileTest {
   }
 
   template <class Call>
-  void expectExit(Call call, int status, std::string const& message) {
+  void expectExit(Call call, int status, const std::string& message) {
     EXPECT_EXIT((outputToStderr(), call()), ExitedWithCode(status), literally(message));
   }
 };
@@ -49,7 +49,7 @@ bool fileIsOpen() {
 
 template <class T>
 std::vector<T> valuesOf(op_dat dat) {
-  auto const* const values = reinterpret_cast<T const*>(dat->data);
+  const auto* const values = reinterpret_cast<const T*>(dat->data);
   return {values, values + static_cast<std::ptrdiff_t>(dat->set->size) * dat->dim};
 }
 
@@ -57,7 +57,7 @@ class OpDeclSetHdf5 : public OpHdf5 {};
 
 TEST_F(OpDeclSetHdf5, ReadsTheSize) {
   FileWriter(file_).ints("cells/set", {1}, {12});
-  op_set const set = op_decl_set_hdf5(file(), "cells/set");
+  const op_set set = op_decl_set_hdf5(file(), "cells/set");
   EXPECT_EQ(set->size, 12);
   EXPECT_STREQ(set->name, "cells/set");
   EXPECT_FALSE(fileIsOpen());
@@ -122,7 +122,7 @@ TEST_F(OpDeclSetHdf5, RefusesANegativeSize) {
 }
 
 TEST_F(OpDeclSetHdf5, RefusesAText) {
-  hid_t const text = H5Tcopy(H5T_C_S1);
+  const hid_t text = H5Tcopy(H5T_C_S1);
   H5Tset_size(text, 4);
   FileWriter(file_).write("cells/set", {1}, text, text, std::vector<char>{'a', 'b', 'c', 'd'});
   H5Tclose(text);
@@ -140,14 +140,14 @@ class OpDeclMapHdf5 : public OpHdf5 {
     edges_ = op_decl_set(2, "edges");
     cells_ = op_decl_set(3, "cells");
   }
-  op_map declare(char const* name, int dim = 2) {
+  op_map declare(const char* name, int dim = 2) {
     return op_decl_map_hdf5(edges_, cells_, dim, file(), name);
   }
 };
 
 TEST_F(OpDeclMapHdf5, ReadsTheTableForTheRuntime) {
   FileWriter(file_).ints("edges/cells", {2, 2}, {0, 1, 1, 2});
-  op_map const map = declare("edges/cells");
+  const op_map map = declare("edges/cells");
   ASSERT_NE(map, nullptr);
   EXPECT_EQ(std::vector<int>(map->map, map->map + 4), (std::vector<int>{0, 1, 1, 2}));
   EXPECT_STREQ(map->name, "edges/cells");
@@ -168,15 +168,15 @@ TEST_F(OpDeclMapHdf5, ReadsAnotherByteOrder) {
 
 TEST_F(OpDeclMapHdf5, ReadsAnEmptyTable) {
   FileWriter(file_).ints("none/cells", {0, 2}, {});
-  op_set const none = op_decl_set(0, "none");
-  op_map const map = op_decl_map_hdf5(none, cells_, 2, file(), "none/cells");
+  const op_set none = op_decl_set(0, "none");
+  const op_map map = op_decl_map_hdf5(none, cells_, 2, file(), "none/cells");
   ASSERT_NE(map, nullptr);
   EXPECT_EQ(map->map, nullptr);
 }
 
 TEST_F(OpDeclMapHdf5, NarrowsWideEntries) {
   FileWriter(file_).longs("edges/cells", {2, 2}, {0, 1, 1, 2});
-  op_map const map = declare("edges/cells");
+  const op_map map = declare("edges/cells");
   EXPECT_EQ(std::vector<int>(map->map, map->map + 4), (std::vector<int>{0, 1, 1, 2}));
 }
 
@@ -189,7 +189,7 @@ TEST_F(OpDeclMapHdf5, RefusesWideEntriesThatDoNotFit) {
 TEST_F(OpDeclMapHdf5, CountsFromZeroUnderBaseIndexOne) {
   FileWriter(file_).ints("edges/cells", {2, 1}, {1, 3});
   set_maps_base(1);
-  op_map const map = declare("edges/cells", 1);
+  const op_map map = declare("edges/cells", 1);
   EXPECT_EQ(map->map[0], 0);
   EXPECT_EQ(map->map[1], 2);
 }
@@ -281,8 +281,8 @@ TEST_F(OpDeclMapHdf5, LeavesPaddedNodestringsToTheLaterCheck) {
   table[40] = 0;
   table[41] = 5;
   FileWriter(file_).ints("NodeStrg/CellsAll", {2, 40}, table);
-  op_set const strings = op_decl_set(2, "NodeStrg/set");
-  op_map const map = op_decl_map_hdf5(strings, cells_, 40, file(), "NodeStrg/CellsAll");
+  const op_set strings = op_decl_set(2, "NodeStrg/set");
+  const op_map map = op_decl_map_hdf5(strings, cells_, 40, file(), "NodeStrg/CellsAll");
   ASSERT_NE(map, nullptr);
   std::vector<int> used{1, 1};
   op_check_map_columns(map, used.data());
@@ -294,14 +294,14 @@ TEST_F(OpDeclMapHdf5, LeavesPaddedNodestringsToTheLaterCheck) {
 
 TEST_F(OpDeclMapHdf5, ChecksOtherMapsOfNodestrings) {
   FileWriter(file_).ints("NodeStrg/CellsAll", {2, 1}, {0, -999});
-  op_set const strings = op_decl_set(2, "NodeStrg/set");
+  const op_set strings = op_decl_set(2, "NodeStrg/set");
   expectExit([&] { op_decl_map_hdf5(strings, cells_, 1, file(), "NodeStrg/CellsAll"); }, 2,
              "row 1, column 0 holds -999");
 }
 
 TEST_F(OpDeclMapHdf5, RefusesATableBeyondTheMemory) {
   FileWriter(file_).hollow("huge/cells", {INT_MAX, 1U << 30}, H5T_NATIVE_INT);
-  op_set const huge = op_decl_set(INT_MAX, "huge");
+  const op_set huge = op_decl_set(INT_MAX, "huge");
   expectExit([&] { op_decl_map_hdf5(huge, cells_, 1 << 30, file(), "huge/cells"); }, 2,
              "values of dataset 'huge/cells' in file '" + file_ + "'\n");
 }
@@ -314,7 +314,7 @@ class OpDeclDatHdf5 : public OpHdf5 {
     OpHdf5::SetUp();
     cells_ = op_decl_set(3, "cells");
   }
-  op_dat declare(char const* name, char const* type, int dim = 1) {
+  op_dat declare(const char* name, const char* type, int dim = 1) {
     return op_decl_dat_hdf5(cells_, dim, type, file(), name);
   }
 };
@@ -347,20 +347,20 @@ TEST_F(OpDeclDatHdf5, ReadsEveryTypeFamily) {
   FileWriter(file_).ints("whole", {3}, {1, 2, 3});
   FileWriter(file_).longs("wide", {3}, {1, 2, 3});
   outputOf([&] {
-    for (char const* const type : {"double", "double:soa", "double precision", "real(8)"}) {
+    for (const char* const type : {"double", "double:soa", "double precision", "real(8)"}) {
       EXPECT_EQ(valuesOf<double>(declare("real", type)), (std::vector<double>{1, 2, 3})) << type;
     }
-    for (char const* const type : {"float", "float:soa", "real(4)", "real"}) {
+    for (const char* const type : {"float", "float:soa", "real(4)", "real"}) {
       EXPECT_EQ(valuesOf<float>(declare("real", type)), (std::vector<float>{1, 2, 3})) << type;
     }
-    for (char const* const type : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
+    for (const char* const type : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
       EXPECT_EQ(valuesOf<int>(declare("whole", type)), (std::vector<int>{1, 2, 3})) << type;
     }
-    for (char const* const type : {"long", "long:soa"}) {
+    for (const char* const type : {"long", "long:soa"}) {
       EXPECT_EQ(valuesOf<int>(declare("wide", type)), (std::vector<int>{1, 2, 3})) << type;
       EXPECT_EQ(OP_dat_list.first->dat->dim, 1);
     }
-    for (char const* const type : {"long long", "long long:soa"}) {
+    for (const char* const type : {"long long", "long long:soa"}) {
       EXPECT_EQ(valuesOf<long long>(declare("wide", type)), (std::vector<long long>{1, 2, 3}))
           << type;
     }
@@ -375,7 +375,7 @@ TEST_F(OpDeclDatHdf5, RefusesLongValuesThatDoNotFit) {
 
 TEST_F(OpDeclDatHdf5, ReadsNoValuesForAnEmptySet) {
   FileWriter(file_).doubles("none/bed", {0, 1}, {});
-  op_dat const dat = op_decl_dat_hdf5(op_decl_set(0, "none"), 1, "double", file(), "none/bed");
+  const op_dat dat = op_decl_dat_hdf5(op_decl_set(0, "none"), 1, "double", file(), "none/bed");
   ASSERT_NE(dat, nullptr);
   EXPECT_EQ(dat->data, nullptr);
 }
@@ -426,7 +426,7 @@ TEST_F(OpDeclDatHdf5, RefusesAMissingSet) {
 
 TEST_F(OpDeclDatHdf5, RefusesValuesBeyondTheMemory) {
   FileWriter(file_).hollow("huge/bed", {INT_MAX, 1U << 24}, H5T_NATIVE_DOUBLE);
-  op_set const huge = op_decl_set(INT_MAX, "huge");
+  const op_set huge = op_decl_set(INT_MAX, "huge");
   expectExit([&] { op_decl_dat_hdf5(huge, 1 << 24, "double", file(), "huge/bed"); }, 2,
              "values of dataset 'huge/bed' in file '" + file_ + "'\n");
 }

@@ -93,7 +93,7 @@ TEST_F(OpInit, KeepsAValidBaseIndexOnly) {
 
 class OpSetArgs : public op_test::RuntimeTest {
  protected:
-  static std::string scan(char const* argument) {
+  static std::string scan(const char* argument) {
     return outputOf([=] { op_set_args(2, argument); });
   }
 };
@@ -148,7 +148,7 @@ class OpDeclSet : public op_test::RuntimeTest {};
 
 TEST_F(OpDeclSet, FillsTheRecord) {
   std::string name = "cells";
-  op_set const set = op_decl_set(7, name.c_str());
+  const op_set set = op_decl_set(7, name.c_str());
   name = "other";
   EXPECT_EQ(set->index, 0);
   EXPECT_EQ(set->size, 7);
@@ -166,7 +166,7 @@ TEST_F(OpDeclSet, AcceptsAnEmptySet) {
 TEST_F(OpDeclSet, StoresTheEleventhSetInAGrownList) {
   for (int i = 0; i < 10; ++i) op_decl_set(i, "set");
   EXPECT_EQ(OP_set_max, 10);
-  op_set const set = op_decl_set(10, "eleventh");
+  const op_set set = op_decl_set(10, "eleventh");
   EXPECT_EQ(OP_set_max, 20);
   EXPECT_EQ(OP_set_index, 11);
   EXPECT_EQ(OP_set_list[10], set);
@@ -192,7 +192,7 @@ class OpDeclMap : public op_test::RuntimeTest {
 };
 
 TEST_F(OpDeclMap, FillsTheRecord) {
-  op_map const map = op_decl_map(edges_, cells_, 2, table_.data(), "edges/cells");
+  const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "edges/cells");
   EXPECT_EQ(map->index, 0);
   EXPECT_EQ(map->from, edges_);
   EXPECT_EQ(map->to, cells_);
@@ -250,16 +250,16 @@ TEST_F(OpDeclMap, CheckMapStopsAtTheFirstEntryOutOfRange) {
 
 TEST_F(OpDeclMap, CheckMapColumnsLooksAtTheUsedColumnsOnly) {
   table_ = {0, -7, 99, 99, 2, 0};
-  std::vector<int> const used{1, 0, 2};
-  op_map const map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
+  const std::vector<int> used{1, 0, 2};
+  const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
   EXPECT_EQ(outputOf([&] { op_check_map_columns(map, used.data()); }), "");
 }
 
 TEST_F(OpDeclMap, CheckMapColumnsNamesTheEntry) {
   table_[5] = 3;
-  std::vector<int> const used{2, 2, 2};
-  op_map const map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
-  std::string const message = literally(
+  const std::vector<int> used{2, 2, 2};
+  const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
+  const std::string message = literally(
       "map map: row 2, column 1 holds 3, which is not in the range 0 to 2 of set cells\n");
   EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, used.data())), ExitedWithCode(2),
               message);
@@ -267,7 +267,7 @@ TEST_F(OpDeclMap, CheckMapColumnsNamesTheEntry) {
 }
 
 TEST_F(OpDeclMap, CheckMapColumnsRefusesMoreColumnsThanThereAre) {
-  op_map const map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
+  const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
   std::vector<int> used{2, 3, 2};
   EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, used.data())), ExitedWithCode(2),
               literally("map map: row 1 uses 3 columns, which is not in the range 0 to 2\n"));
@@ -277,7 +277,7 @@ TEST_F(OpDeclMap, CheckMapColumnsRefusesMoreColumnsThanThereAre) {
 }
 
 TEST_F(OpDeclMap, CheckMapColumnsTellsOfAnEmptyTarget) {
-  op_map const map = op_decl_map(edges_, op_decl_set(0, "none"), 2, table_.data(), "map");
+  const op_map map = op_decl_map(edges_, op_decl_set(0, "none"), 2, table_.data(), "map");
   EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, nullptr)), ExitedWithCode(2),
               "row 0, column 0 holds 0, but the set none has no elements");
 }
@@ -285,7 +285,7 @@ TEST_F(OpDeclMap, CheckMapColumnsTellsOfAnEmptyTarget) {
 TEST_F(OpDeclMap, CheckMapColumnsCountsAsTheCallerDoes) {
   set_maps_base(1);
   table_ = {1, 2, 2, 3, INT_MIN, 1};
-  op_map const map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
+  const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
   EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, nullptr)), ExitedWithCode(2),
               "row 2, column 0 holds .* not in the range 1 to 3 of set cells");
 }
@@ -303,7 +303,7 @@ class OpDeclDat : public op_test::RuntimeTest {
 };
 
 TEST_F(OpDeclDat, FillsTheRecord) {
-  op_dat const dat = op_decl_dat_char(cells_, 2, "double", 8, data(), "flow");
+  const op_dat dat = op_decl_dat_char(cells_, 2, "double", 8, data(), "flow");
   EXPECT_EQ(dat->index, 0);
   EXPECT_EQ(dat->set, cells_);
   EXPECT_EQ(dat->dim, 2);
@@ -320,8 +320,8 @@ TEST_F(OpDeclDat, FillsTheRecord) {
 }
 
 TEST_F(OpDeclDat, KeepsTheOrderOfDeclaration) {
-  op_dat const first = op_decl_dat_char(cells_, 2, "double", 8, data(), "a");
-  op_dat const second = op_decl_dat_char(cells_, 2, "double", 8, data(), "b");
+  const op_dat first = op_decl_dat_char(cells_, 2, "double", 8, data(), "a");
+  const op_dat second = op_decl_dat_char(cells_, 2, "double", 8, data(), "b");
   ASSERT_NE(OP_dat_list.first, nullptr);
   EXPECT_EQ(OP_dat_list.first->dat, first);
   EXPECT_EQ(OP_dat_list.first->next->dat, second);
@@ -348,13 +348,13 @@ TEST_F(OpDeclDat, RefusesElementsOfTooManyBytes) {
 }
 
 TEST_F(OpDeclDat, TemporaryStorageIsZeroAndTheRuntimes) {
-  op_dat const dat = op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
+  const op_dat dat = op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
   EXPECT_EQ(dat->user_managed, 0);
   EXPECT_EQ(std::vector<char>(dat->data, dat->data + 48), std::vector<char>(48, 0));
 }
 
 TEST_F(OpDeclDat, TemporaryStorageOfAnEmptySetIsNull) {
-  op_dat const dat = op_decl_dat_temp_char(op_decl_set(0, "none"), 2, "double", 8, "temp");
+  const op_dat dat = op_decl_dat_temp_char(op_decl_set(0, "none"), 2, "double", 8, "temp");
   EXPECT_EQ(dat->set->size, 0);
 }
 
@@ -366,7 +366,7 @@ TEST_F(OpDeclDat, RefusesATemporaryThatExists) {
 }
 
 TEST_F(OpDeclDat, AcceptsATemporaryThatDiffers) {
-  op_set const other = op_decl_set(3, "cells");
+  const op_set other = op_decl_set(3, "cells");
   op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
   op_decl_dat_temp_char(cells_, 1, "double", 8, "temp");
   op_decl_dat_temp_char(cells_, 2, "double", 4, "temp");
@@ -378,15 +378,15 @@ TEST_F(OpDeclDat, AcceptsATemporaryThatDiffers) {
 
 TEST_F(OpDeclDat, FreesATemporaryOnce) {
   op_decl_dat_char(cells_, 2, "double", 8, data(), "before");
-  op_dat const temp = op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
-  op_dat const after = op_decl_dat_char(cells_, 2, "double", 8, data(), "after");
+  const op_dat temp = op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
+  const op_dat after = op_decl_dat_char(cells_, 2, "double", 8, data(), "after");
   EXPECT_EQ(op_free_dat_temp_char(temp), 1);
   EXPECT_EQ(OP_dat_list.first->next->dat, after);
   EXPECT_EQ(OP_dat_list.first->next->prev, &OP_dat_list.first->next);
 }
 
 TEST_F(OpDeclDat, FreeingTheTailMovesTheEndOfTheList) {
-  op_dat const temp = op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
+  const op_dat temp = op_decl_dat_temp_char(cells_, 2, "double", 8, "temp");
   EXPECT_EQ(op_free_dat_temp_char(temp), 1);
   EXPECT_EQ(OP_dat_list.first, nullptr);
   EXPECT_EQ(OP_dat_list.last, &OP_dat_list.first);
@@ -401,8 +401,8 @@ TEST_F(OpDeclDat, FreeingAnUnknownDatIsMinusOne) {
 }
 
 TEST_F(OpDeclDat, SearchComparesEveryField) {
-  op_dat const dat = op_decl_dat_char(cells_, 2, "double", 8, data(), "flow");
-  op_set const other = op_decl_set(3, "cells");
+  const op_dat dat = op_decl_dat_char(cells_, 2, "double", 8, data(), "flow");
+  const op_set other = op_decl_set(3, "cells");
   ASSERT_NE(search_dat(cells_, 2, 8, "double", "flow"), nullptr);
   EXPECT_EQ(search_dat(cells_, 2, 8, "double", "flow")->dat, dat);
   EXPECT_EQ(search_dat(other, 2, 8, "double", "flow"), nullptr);
@@ -425,7 +425,7 @@ TEST_F(OpDeclDat, SetsAreEqualByIndexAndName) {
 TEST(OpExit, ClearsTheListsSoThatTheRuntimeCanStartAgain) {
   outputOf([] { op_init(0, nullptr, 0); });
   std::vector<int> table{0};
-  op_set const set = op_decl_set(1, "cells");
+  const op_set set = op_decl_set(1, "cells");
   op_decl_map(set, set, 1, table.data(), "map");
   op_decl_dat_temp_char(set, 1, "int", 4, "dat");
   op_exit();

@@ -24,25 +24,25 @@ class OpPlanBlocks : public op_test::PlanTest {
     loop.set->size = size;
     loop.set->exec_size = exec;
     loop.name += "'";
-    op_plan const& plan = *loop.plan(staging);
+    const op_plan& plan = *loop.plan(staging);
     EXPECT_EQ(plan.offset[0], 0);
     for (int b = 1; b < plan.nblocks; ++b) {
       EXPECT_EQ(plan.offset[b], plan.offset[b - 1] + plan.nelems[b - 1]);
     }
     return {plan.nelems, plan.nelems + plan.nblocks};
   }
-  static Ints list(op_plan const& plan, int b, int s) {
-    int const entry = s + b * plan.nargs_staged;
-    int const* const begin = plan.ind_maps[s] + plan.ind_offs[entry];
+  static Ints list(const op_plan& plan, int b, int s) {
+    const int entry = s + b * plan.nargs_staged;
+    const int* const begin = plan.ind_maps[s] + plan.ind_offs[entry];
     return {begin, begin + plan.ind_sizes[entry]};
   }
-  static Ints places(op_plan const& plan, int m) {
+  static Ints places(const op_plan& plan, int m) {
     return {plan.loc_maps[m], plan.loc_maps[m] + plan.set->size};
   }
 };
 
 TEST_F(OpPlanBlocks, AreOfOneSizeButTheLast) {
-  EdgeMesh const mesh = EdgeMesh::chain(600);
+  const EdgeMesh mesh = EdgeMesh::chain(600);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 256;
   EXPECT_EQ(blocks(600, 600, 0, loop), (Ints{256, 256, 88}));
@@ -55,7 +55,7 @@ TEST_F(OpPlanBlocks, AreOfOneSizeButTheLast) {
 }
 
 TEST_F(OpPlanBlocks, EndWithTheCore) {
-  EdgeMesh const mesh = EdgeMesh::chain(1500);
+  const EdgeMesh mesh = EdgeMesh::chain(1500);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 256;
   EXPECT_EQ(blocks(1000, 1500, 0, loop), (Ints{256, 256, 256, 232, 256, 244}));
@@ -65,7 +65,7 @@ TEST_F(OpPlanBlocks, EndWithTheCore) {
 }
 
 TEST_F(OpPlanBlocks, EndWithTheOwnElementsInAReductionOnly) {
-  EdgeMesh const mesh = EdgeMesh::chain(700);
+  const EdgeMesh mesh = EdgeMesh::chain(700);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 256;
   EXPECT_EQ(blocks(300, 600, 100, loop), (Ints{256, 44, 256, 144}));
@@ -78,7 +78,7 @@ TEST_F(OpPlanBlocks, EndWithTheOwnElementsInAReductionOnly) {
 }
 
 TEST_F(OpPlanBlocks, OneCoversEverythingIfAskedFor) {
-  EdgeMesh const mesh = EdgeMesh::chain(700);
+  const EdgeMesh mesh = EdgeMesh::chain(700);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   double sum = 0.0;
   loop.add(op_arg_gbl(&sum, 1, "double", OP_INC));
@@ -87,16 +87,16 @@ TEST_F(OpPlanBlocks, OneCoversEverythingIfAskedFor) {
 }
 
 TEST_F(OpPlanBlocks, ListWhatTheyReachAndWhereItStands) {
-  EdgeMesh const mesh(6, {5, 0, 0, 3, 3, 5, 4, 1, 1, 4});
-  op_dat const written = mesh.dat(mesh.cells);
-  op_dat const read = mesh.dat(mesh.cells, 2);
+  const EdgeMesh mesh(6, {5, 0, 0, 3, 3, 5, 4, 1, 1, 4});
+  const op_dat written = mesh.dat(mesh.cells);
+  const op_dat read = mesh.dat(mesh.cells, 2);
   PlannedLoop loop;
   loop.set = mesh.edges;
   loop.part_size = 3;
   loop.add(mesh.of(written, 0, OP_INC), 0);
   loop.add(mesh.of(written, 1, OP_INC), 0);
   loop.add(mesh.of(read, 1, OP_READ), 1);
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   ASSERT_EQ(plan.nargs_staged, 2);
   EXPECT_EQ(list(plan, 0, 0), (Ints{0, 3, 5}));
   EXPECT_EQ(list(plan, 1, 0), (Ints{1, 4}));
@@ -111,25 +111,25 @@ TEST_F(OpPlanBlocks, ListWhatTheyReachAndWhereItStands) {
 }
 
 TEST_F(OpPlanBlocks, ListNothingForArgumentsThatAreNotStaged) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.args[1].acc = OP_READ;
   loop.inds[1] = 1;
-  op_plan const& plan = *loop.plan(OP_STAGED_INCREMENTS);
+  const op_plan& plan = *loop.plan(OP_STAGED_INCREMENTS);
   EXPECT_EQ(plan.nargs_staged, 1);
   EXPECT_NE(plan.loc_maps[0], nullptr);
   EXPECT_EQ(plan.loc_maps[1], nullptr);
 }
 
 TEST_F(OpPlanBlocks, ListNothingForArgumentsOutOfUse) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 3;
   op_arg absent = op_opt_arg_dat(0, nullptr, 0, nullptr, 1, "double", OP_READ);
   loop.add(absent, 1);
   OP_diags = 7;
-  std::string const output = op_test::outputOf([&] { loop.plan(); });
-  op_plan const& plan = OP_plans[0];
+  const std::string output = op_test::outputOf([&] { loop.plan(); });
+  const op_plan& plan = OP_plans[0];
   ASSERT_EQ(plan.nargs_staged, 2);
   EXPECT_EQ(list(plan, 0, 1), Ints());
   EXPECT_EQ(list(plan, 1, 1), Ints());
@@ -138,10 +138,10 @@ TEST_F(OpPlanBlocks, ListNothingForArgumentsOutOfUse) {
 }
 
 TEST_F(OpPlanBlocks, HoldListsOfUpTo32767Entries) {
-  EdgeMesh const mesh = EdgeMesh::chain(32767);
+  const EdgeMesh mesh = EdgeMesh::chain(32767);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 32766;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(plan.ind_sizes[0], INT16_MAX);
   EXPECT_EQ(plan.loc_maps[1][32765], INT16_MAX - 1);
   loop.part_size = 32767;

@@ -37,13 +37,13 @@ class OpPlanCheck : public op_test::PlanTest {
   }
   template <class T>
   std::string checkWith(T& value, T wrong) const {
-    T const right = value;
+    const T right = value;
     value = wrong;
-    std::string const output = check();
+    const std::string output = check();
     value = right;
     return output;
   }
-  static std::string error(std::string const& item) {
+  static std::string error(const std::string& item) {
     return " *** OP_plan_check: " + item + " error \n";
   }
 };
@@ -111,7 +111,7 @@ TEST_F(OpPlanCheck, FindsBlocksThatAreMissingInTheMap) {
 }
 
 TEST_F(OpPlanCheck, KeepsThePlan) {
-  std::vector<int> const before(plan_.blkmap, plan_.blkmap + 3);
+  const std::vector<int> before(plan_.blkmap, plan_.blkmap + 3);
   EXPECT_EQ(before, (std::vector<int>{0, 2, 1}));
   check();
   EXPECT_EQ(std::vector<int>(plan_.blkmap, plan_.blkmap + 3), before);
@@ -143,7 +143,7 @@ TEST_F(OpPlanCheck, FindsElementsOutsideTheTargetSet) {
 
 TEST_F(OpPlanCheck, FindsPlacesThatLeadElsewhere) {
   std::int16_t& place = plan_.loc_maps[1][4];
-  for (int const wrong : {1, -1, 4}) {
+  for (const int wrong : {1, -1, 4}) {
     EXPECT_EQ(checkWith(place, static_cast<std::int16_t>(wrong)),
               " *** OP_plan_check: 1 maps error(s) \n");
   }

@@ -31,8 +31,8 @@ class OpPlanColours : public op_test::PlanTest {
 };
 
 TEST_F(OpPlanColours, OfElementsAlternateAlongAChain) {
-  EdgeMesh const mesh = EdgeMesh::chain(5);
-  for (op_access const access : {OP_INC, OP_RW}) {
+  const EdgeMesh mesh = EdgeMesh::chain(5);
+  for (const op_access access : {OP_INC, OP_RW}) {
     PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells), access);
     EXPECT_EQ(coloursOf(loop), (Ints{0, 1, 0, 1, 0}));
     EXPECT_EQ(OP_plans[OP_plan_index - 1].nthrcol[0], 2);
@@ -40,36 +40,36 @@ TEST_F(OpPlanColours, OfElementsAlternateAlongAChain) {
 }
 
 TEST_F(OpPlanColours, AreNotNeededForWhatIsReadOrWritten) {
-  EdgeMesh const mesh = EdgeMesh::chain(5);
-  for (op_access const access : {OP_READ, OP_WRITE}) {
+  const EdgeMesh mesh = EdgeMesh::chain(5);
+  for (const op_access access : {OP_READ, OP_WRITE}) {
     PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells), access);
     EXPECT_EQ(coloursOf(loop), Ints(5, 0));
   }
 }
 
 TEST_F(OpPlanColours, AreNotNeededForArgumentsOutOfUse) {
-  EdgeMesh const mesh = EdgeMesh::chain(5);
+  const EdgeMesh mesh = EdgeMesh::chain(5);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   for (op_arg& arg : loop.args) arg.opt = 0;
   EXPECT_EQ(coloursOf(loop), Ints(5, 0));
 }
 
 TEST_F(OpPlanColours, BeginAnewInEachBlock) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 3;
   EXPECT_EQ(coloursOf(loop), (Ints{0, 1, 0, 0, 1, 0}));
 }
 
 TEST_F(OpPlanColours, AnElementThatReachesACellTwiceIsInNobodysWay) {
-  EdgeMesh const mesh(2, {0, 0, 1, 1});
+  const EdgeMesh mesh(2, {0, 0, 1, 1});
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   EXPECT_EQ(coloursOf(loop), (Ints{0, 0}));
 }
 
 TEST_F(OpPlanColours, ContinueBeyond32InFurtherPasses) {
-  for (int const edges : {32, 33, 64, 65, 100}) {
-    EdgeMesh const mesh = EdgeMesh::star(edges);
+  for (const int edges : {32, 33, 64, 65, 100}) {
+    const EdgeMesh mesh = EdgeMesh::star(edges);
     PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
     loop.name = std::to_string(edges);
     EXPECT_EQ(coloursOf(loop), ascending(edges));
@@ -78,20 +78,20 @@ TEST_F(OpPlanColours, ContinueBeyond32InFurtherPasses) {
 }
 
 TEST_F(OpPlanColours, TwoNumbersForOneDatShareItsColours) {
-  EdgeMesh const mesh = EdgeMesh::chain(5);
+  const EdgeMesh mesh = EdgeMesh::chain(5);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.inds[1] = 1;
   loop.part_size = 2;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(elementColours(plan, 5), (Ints{0, 1, 0, 1, 0}));
   EXPECT_EQ(plan.ncolors, 2);
 }
 
 TEST_F(OpPlanColours, SortTheElementsOfEachBlock) {
-  EdgeMesh const mesh = EdgeMesh::chain(7);
+  const EdgeMesh mesh = EdgeMesh::chain(7);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 4;
-  op_plan const& plan = *loop.plan(OP_STAGED_BY_COLOUR);
+  const op_plan& plan = *loop.plan(OP_STAGED_BY_COLOUR);
   EXPECT_EQ(Ints(plan.col_reord, plan.col_reord + 7 + 16),
             (Ints{0, 2, 1, 3, 4, 6, 5, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0}));
   EXPECT_EQ(Ints(plan.thrcol, plan.thrcol + 7), (Ints{0, 0, 1, 1, 0, 0, 1}));
@@ -101,17 +101,17 @@ TEST_F(OpPlanColours, SortTheElementsOfEachBlock) {
 }
 
 TEST_F(OpPlanColours, LeaveTheElementsInPlaceOtherwise) {
-  EdgeMesh const mesh = EdgeMesh::chain(7);
+  const EdgeMesh mesh = EdgeMesh::chain(7);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
-  op_plan const& plan = *loop.plan(OP_STAGED);
+  const op_plan& plan = *loop.plan(OP_STAGED);
   EXPECT_EQ(plan.col_reord, nullptr);
   EXPECT_EQ(plan.col_offsets, nullptr);
 }
 
 TEST_F(OpPlanColours, OfTheElementsAreThoseOfTheSingleBlock) {
-  EdgeMesh const mesh = EdgeMesh::star(40);
+  const EdgeMesh mesh = EdgeMesh::star(40);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
-  op_plan const& plan = *loop.plan(OP_ONE_BLOCK);
+  const op_plan& plan = *loop.plan(OP_ONE_BLOCK);
   EXPECT_EQ(plan.nblocks, 1);
   EXPECT_EQ(plan.ncolors, 40);
   EXPECT_EQ(plan.ncolors_core, 1);
@@ -123,7 +123,7 @@ TEST_F(OpPlanColours, OfTheElementsAreThoseOfTheSingleBlock) {
 }
 
 TEST_F(OpPlanColours, TheFirstIsTheCoresInTheSingleBlockOfALoopThatWaits) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   mesh.edges->core_size = 3;
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells), OP_RW);
   EXPECT_EQ(coloursOf(loop, OP_ONE_BLOCK), (Ints{0, 1, 0, 1, 2, 1}));
@@ -135,10 +135,10 @@ TEST_F(OpPlanColours, TheFirstIsTheCoresInTheSingleBlockOfALoopThatWaits) {
 }
 
 TEST_F(OpPlanColours, OfBlocksAlternateAlongAChain) {
-  EdgeMesh const mesh = EdgeMesh::chain(10);
+  const EdgeMesh mesh = EdgeMesh::chain(10);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 2;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(plan.ncolors, 2);
   EXPECT_EQ(plan.ncolors_core, 2);
   EXPECT_EQ(plan.ncolors_owned, 2);
@@ -147,10 +147,10 @@ TEST_F(OpPlanColours, OfBlocksAlternateAlongAChain) {
 }
 
 TEST_F(OpPlanColours, OfBlocksContinueBeyond32) {
-  EdgeMesh const mesh = EdgeMesh::star(80);
+  const EdgeMesh mesh = EdgeMesh::star(80);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 2;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(plan.ncolors, 40);
   EXPECT_EQ(blockColours(plan), ascending(40));
   EXPECT_EQ(blockCollisions(plan, loop, 80), 0);
@@ -158,11 +158,11 @@ TEST_F(OpPlanColours, OfBlocksContinueBeyond32) {
 }
 
 TEST_F(OpPlanColours, OfTheCoreAreItsOwn) {
-  EdgeMesh const mesh = EdgeMesh::chain(10);
+  const EdgeMesh mesh = EdgeMesh::chain(10);
   mesh.edges->core_size = 4;
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 2;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(blockColours(plan), (Ints{0, 1, 2, 3, 2}));
   EXPECT_EQ(plan.ncolors_core, 2);
   EXPECT_EQ(plan.ncolors_owned, 4);
@@ -170,7 +170,7 @@ TEST_F(OpPlanColours, OfTheCoreAreItsOwn) {
 }
 
 TEST_F(OpPlanColours, OfTheOwnElementsAreTheirOwnInAReduction) {
-  EdgeMesh const mesh = EdgeMesh::chain(14);
+  const EdgeMesh mesh = EdgeMesh::chain(14);
   mesh.edges->core_size = 4;
   mesh.edges->size = 10;
   mesh.edges->exec_size = 4;
@@ -179,7 +179,7 @@ TEST_F(OpPlanColours, OfTheOwnElementsAreTheirOwnInAReduction) {
   EXPECT_EQ(blockColours(*loop.plan()), (Ints{0, 1, 2, 3, 2, 3, 2}));
   double sum = 0.0;
   loop.add(op_arg_gbl(&sum, 1, "double", OP_INC));
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(blockColours(plan), (Ints{0, 1, 2, 3, 2, 4, 5}));
   EXPECT_EQ(plan.ncolors_core, 2);
   EXPECT_EQ(plan.ncolors_owned, 4);
@@ -187,7 +187,7 @@ TEST_F(OpPlanColours, OfTheOwnElementsAreTheirOwnInAReduction) {
 }
 
 TEST_F(OpPlanColours, OfAnEmptyCoreAreNone) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   mesh.edges->core_size = 0;
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.part_size = 2;
@@ -197,7 +197,7 @@ TEST_F(OpPlanColours, OfAnEmptyCoreAreNone) {
 
 // More than one pass for the core: the others wait until all its blocks have a colour.
 TEST_F(OpPlanColours, OfALargeCoreAreItsOwn) {
-  EdgeMesh const mesh = EdgeMesh::star(100);
+  const EdgeMesh mesh = EdgeMesh::star(100);
   mesh.edges->core_size = 40;
   mesh.edges->size = 80;
   mesh.edges->exec_size = 20;
@@ -205,7 +205,7 @@ TEST_F(OpPlanColours, OfALargeCoreAreItsOwn) {
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.add(op_arg_gbl(&sum, 1, "double", OP_INC));
   loop.part_size = 1;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(plan.ncolors_core, 40);
   EXPECT_EQ(plan.ncolors_owned, 80);
   EXPECT_EQ(blockColours(plan), ascending(100));

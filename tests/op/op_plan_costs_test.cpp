@@ -16,7 +16,7 @@ using op_test::PlannedLoop;
 class OpPlanCosts : public op_test::PlanTest {
  protected:
   // Two blocks of three edges; a block reaches four cells.
-  static PlannedLoop loopOf(EdgeMesh const& mesh) {
+  static PlannedLoop loopOf(const EdgeMesh& mesh) {
     PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells, 3));
     loop.part_size = 3;
     return loop;
@@ -24,10 +24,10 @@ class OpPlanCosts : public op_test::PlanTest {
 };
 
 TEST_F(OpPlanCosts, SharedMemoryRoundsEachListUpTo64Bytes) {
-  EdgeMesh const mesh = EdgeMesh::chain(7);
+  const EdgeMesh mesh = EdgeMesh::chain(7);
   PlannedLoop loop = loopOf(mesh);
   loop.add(mesh.of(mesh.dat(mesh.cells), 0, OP_READ), 1);
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   ASSERT_EQ(plan.ncolors, 2);
   // Four cells of 24 bytes, three of 8 bytes; the last block has one edge, its colour is 0.
   EXPECT_EQ(plan.nsharedCol[0], 128 + 64);
@@ -36,9 +36,9 @@ TEST_F(OpPlanCosts, SharedMemoryRoundsEachListUpTo64Bytes) {
 }
 
 TEST_F(OpPlanCosts, SharedMemoryIsThatOfTheLargestBlockOfAColour) {
-  EdgeMesh const mesh = EdgeMesh::chain(4);
+  const EdgeMesh mesh = EdgeMesh::chain(4);
   PlannedLoop loop = loopOf(mesh);
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   ASSERT_EQ(plan.ncolors, 2);
   EXPECT_EQ(plan.nsharedCol[0], 128);
   EXPECT_EQ(plan.nsharedCol[1], 64);
@@ -46,14 +46,14 @@ TEST_F(OpPlanCosts, SharedMemoryIsThatOfTheLargestBlockOfAColour) {
 }
 
 TEST_F(OpPlanCosts, TransferCountsListsAndDirectData) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = loopOf(mesh);
   loop.add(op_arg_dat(mesh.dat(mesh.edges), -1, nullptr, 1, "double", OP_READ));
   loop.add(op_arg_dat(mesh.dat(mesh.edges, 2), -1, nullptr, 2, "double", OP_RW));
   op_arg absent = op_arg_dat(mesh.dat(mesh.edges), -1, nullptr, 1, "double", OP_READ);
   absent.opt = 0;
   loop.add(absent);
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   // Per block: 2 columns of 3 places, 3 edges of 8 bytes, 3 of 16 bytes twice; 4 cells of 24 bytes
   // twice and their numbers.
   EXPECT_EQ(plan.transfer, 2.0F * (12 + 24 + 96 + 192 + 16));
@@ -63,27 +63,27 @@ TEST_F(OpPlanCosts, TransferCountsListsAndDirectData) {
 }
 
 TEST_F(OpPlanCosts, TransferCountsALineOnceAndAnElementOverTwoLinesTwice) {
-  EdgeMesh const mesh(40, {0, 39, 5, 6});
+  const EdgeMesh mesh(40, {0, 39, 5, 6});
   PlannedLoop loop;
   loop.set = mesh.edges;
-  op_dat const dat = mesh.dat(mesh.cells, 3);
+  const op_dat dat = mesh.dat(mesh.cells, 3);
   loop.add(mesh.of(dat, 0, OP_READ), 0);
   loop.add(mesh.of(dat, 1, OP_READ), 0);
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   // Cells 0, 5 (bytes 120 to 143), 6 and 39 touch the lines 0, 0 and 1, 1, 7.
   EXPECT_EQ(plan.transfer2, 8.0F + 3 * 128.0F + 16.0F);
 }
 
 TEST_F(OpPlanCosts, TransferCountsAChangedListOfNumbersTwice) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = loopOf(mesh);
   for (op_arg& arg : loop.args) arg.acc = OP_RW;
   EXPECT_EQ(loop.plan()->transfer, 2.0F * (12 + 192 + 32));
 }
 
 TEST_F(OpPlanCosts, TransferIsNotEstimatedForSomeStagings) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
-  for (int const staging : {OP_STAGED_INCREMENTS, OP_ONE_BLOCK}) {
+  const EdgeMesh mesh = EdgeMesh::chain(6);
+  for (const int staging : {OP_STAGED_INCREMENTS, OP_ONE_BLOCK}) {
     PlannedLoop loop = loopOf(mesh);
     loop.name = std::to_string(staging);
     EXPECT_EQ(loop.plan(staging)->transfer, 0.0F);
@@ -92,7 +92,7 @@ TEST_F(OpPlanCosts, TransferIsNotEstimatedForSomeStagings) {
 }
 
 TEST_F(OpPlanCosts, AreReportedAboveLevelOne) {
-  EdgeMesh const mesh = EdgeMesh::chain(6000);
+  const EdgeMesh mesh = EdgeMesh::chain(6000);
   PlannedLoop loop = loopOf(mesh);
   loop.part_size = 3000;
   OP_diags = 2;
@@ -113,7 +113,7 @@ TEST_F(OpPlanCosts, AreReportedAboveLevelOne) {
 }
 
 TEST_F(OpPlanCosts, RatioComparesLinesOfOneComponentWithLinesOfAll) {
-  EdgeMesh const mesh(1000, {0, 999});
+  const EdgeMesh mesh(1000, {0, 999});
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells, 4), OP_READ);
   OP_diags = 2;
   // Two cells: 4 bytes of places, 8 of numbers, two lines of 128 or of 512 bytes.

@@ -17,30 +17,30 @@ using op_test::PlannedLoop;
 
 class OpPlanLoop : public op_test::PlanTest {
  protected:
-  static op_plan_loop describe(PlannedLoop const& loop, int staging = OP_STAGED) {
+  static op_plan_loop describe(const PlannedLoop& loop, int staging = OP_STAGED) {
     return op_plan_describe(loop.name.c_str(), loop.set, loop.part_size,
                             static_cast<int>(loop.args.size()), loop.args.data(), loop.ninds(),
                             loop.inds.data(), staging);
   }
   // A loop over edges that moves so many bytes of cells per element.
-  static PlannedLoop moving(EdgeMesh const& mesh, int bytes) {
-    std::string const name = "dat" + std::to_string(OP_dat_index);
+  static PlannedLoop moving(const EdgeMesh& mesh, int bytes) {
+    const std::string name = "dat" + std::to_string(OP_dat_index);
     return mesh.changes(op_decl_dat_temp_char(mesh.cells, bytes / 2, "char", 1, name.c_str()));
   }
-  static void refuses(PlannedLoop loop, std::string const& message) {
+  static void refuses(PlannedLoop loop, const std::string& message) {
     EXPECT_EXIT((outputToStderr(), loop.plan()), testing::ExitedWithCode(255),
                 literally(" op_plan error -- loop loop" + message));
   }
 };
 
 TEST_F(OpPlanLoop, BlockSizeFollowsFromTheBytesPerElement) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
   EXPECT_EQ(describe(moving(mesh, 100)).maxbytes, 100);
   EXPECT_EQ(describe(moving(mesh, 100)).bsize, 256);
 }
 
 TEST_F(OpPlanLoop, FewBytesMakeLargeBlocks) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
   PlannedLoop loop = moving(mesh, 16);
   EXPECT_EQ(describe(loop).maxbytes, 16);
   EXPECT_EQ(describe(loop).bsize, 1536);
@@ -49,7 +49,7 @@ TEST_F(OpPlanLoop, FewBytesMakeLargeBlocks) {
 }
 
 TEST_F(OpPlanLoop, BlockSizeWithoutStagedBytesIsTheUsualOne) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
   PlannedLoop loop = moving(mesh, 16);
   for (op_arg& arg : loop.args) arg.acc = OP_READ;
   EXPECT_EQ(describe(loop, OP_STAGED_INCREMENTS).maxbytes, 0);
@@ -59,16 +59,16 @@ TEST_F(OpPlanLoop, BlockSizeWithoutStagedBytesIsTheUsualOne) {
 }
 
 TEST_F(OpPlanLoop, ArgumentsOutOfUseHaveNoBytes) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.args[0].opt = 0;
   EXPECT_EQ(describe(loop).maxbytes, 8);
 }
 
 TEST_F(OpPlanLoop, StagesByTheOrderOfFirstAppearance) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
-  op_dat const one = mesh.dat(mesh.cells);
-  op_dat const two = mesh.dat(mesh.cells);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
+  const op_dat one = mesh.dat(mesh.cells);
+  const op_dat two = mesh.dat(mesh.cells);
   PlannedLoop loop;
   loop.set = mesh.edges;
   loop.add(op_arg_dat(mesh.dat(mesh.edges), -1, nullptr, 1, "double", OP_READ));
@@ -86,7 +86,7 @@ TEST_F(OpPlanLoop, StagesByTheOrderOfFirstAppearance) {
 }
 
 TEST_F(OpPlanLoop, RunsOverTheExtraElementsIfIndirectDataChange) {
-  EdgeMesh const mesh = EdgeMesh::chain(8);
+  const EdgeMesh mesh = EdgeMesh::chain(8);
   mesh.edges->size = mesh.edges->core_size = 5;
   mesh.edges->exec_size = 3;
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
@@ -98,7 +98,7 @@ TEST_F(OpPlanLoop, RunsOverTheExtraElementsIfIndirectDataChange) {
 }
 
 TEST_F(OpPlanLoop, TellsWhatItWaitsForAndReduces) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   EXPECT_FALSE(describe(loop).halo);
   EXPECT_FALSE(describe(loop).reduct);
@@ -116,9 +116,9 @@ TEST_F(OpPlanLoop, TellsWhatItWaitsForAndReduces) {
 }
 
 TEST_F(OpPlanLoop, RefusesWhatMakesNoLoop) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
-  op_dat const dat = mesh.dat(mesh.cells);
-  PlannedLoop const good = mesh.changes(dat);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
+  const op_dat dat = mesh.dat(mesh.cells);
+  const PlannedLoop good = mesh.changes(dat);
   PlannedLoop loop = good;
   loop.set = nullptr;
   refuses(loop, " has no set\n");
@@ -142,9 +142,9 @@ TEST_F(OpPlanLoop, RefusesWhatMakesNoLoop) {
 
 TEST_F(OpPlanLoop, RefusesNumbersOutOfRange) {
   EdgeMesh mesh = EdgeMesh::chain(3);
-  PlannedLoop const good = mesh.changes(mesh.dat(mesh.cells));
+  const PlannedLoop good = mesh.changes(mesh.dat(mesh.cells));
   PlannedLoop loop = good;
-  for (int const idx : {2, -2}) {
+  for (const int idx : {2, -2}) {
     loop.args[1].idx = idx;
     refuses(loop, ", argument 1: index " + std::to_string(idx) +
                       " is not in the range 0 to 1 of map edges/cells; each column of a vector is "
@@ -154,7 +154,7 @@ TEST_F(OpPlanLoop, RefusesNumbersOutOfRange) {
                                                   good.inds.data(), OP_STAGED)),
               testing::ExitedWithCode(255),
               "loop loop, argument 0: indirect dat 0, but there are 0\n");
-  for (int const cell : {4, -1}) {
+  for (const int cell : {4, -1}) {
     mesh.table[5] = cell;
     refuses(good, ", argument 1: row 2, column 1 of map edges/cells holds " + std::to_string(cell) +
                       ", which is not in the range 0 to 3 of set cells\n");
@@ -162,7 +162,7 @@ TEST_F(OpPlanLoop, RefusesNumbersOutOfRange) {
 }
 
 TEST_F(OpPlanLoop, RefusesCacheLinesWithoutBytes) {
-  EdgeMesh const mesh = EdgeMesh::chain(3);
+  const EdgeMesh mesh = EdgeMesh::chain(3);
   OP_cache_line_size = 0;
   refuses(mesh.changes(mesh.dat(mesh.cells)), ": OP_cache_line_size is 0, must be 1 or more\n");
 }

@@ -30,15 +30,15 @@ struct MeshCase {
   std::array<int, 2> rectangles;
   bool shuffled;
 
-  friend void PrintTo(MeshCase const& mesh, std::ostream* out) {
+  friend void PrintTo(const MeshCase& mesh, std::ostream* out) {
     *out << 2 * mesh.rectangles[0] * mesh.rectangles[1] << (mesh.shuffled ? "_shuffled" : "");
   }
 };
 
 template <std::size_t N>
-Ints flat(std::vector<std::array<int, N>> const& rows) {
+Ints flat(const std::vector<std::array<int, N>>& rows) {
   Ints entries;
-  for (auto const& row : rows) entries.insert(entries.end(), row.begin(), row.end());
+  for (const auto& row : rows) entries.insert(entries.end(), row.begin(), row.end());
   return entries;
 }
 
@@ -79,9 +79,9 @@ class OpPlanMesh : public op_test::PlanTest, public testing::WithParamInterface<
   }
 
   // Each edge changes its two cells and reads another datum of one of them; two globals.
-  PlannedLoop edgeLoop(op_access access, std::string const& name) {
-    op_dat const changed = op_decl_dat_temp_char(cells_, 3, "double", 8, (name + "a").c_str());
-    op_dat const read = op_decl_dat_temp_char(cells_, 1, "double", 8, (name + "b").c_str());
+  PlannedLoop edgeLoop(op_access access, const std::string& name) {
+    const op_dat changed = op_decl_dat_temp_char(cells_, 3, "double", 8, (name + "a").c_str());
+    const op_dat read = op_decl_dat_temp_char(cells_, 1, "double", 8, (name + "b").c_str());
     PlannedLoop loop;
     loop.name = name;
     loop.set = edges_;
@@ -92,8 +92,8 @@ class OpPlanMesh : public op_test::PlanTest, public testing::WithParamInterface<
     return loop;
   }
   // Each cell changes its three edges.
-  PlannedLoop cellLoop(std::string const& name) {
-    op_dat const changed = op_decl_dat_temp_char(edges_, 1, "double", 8, name.c_str());
+  PlannedLoop cellLoop(const std::string& name) {
+    const op_dat changed = op_decl_dat_temp_char(edges_, 1, "double", 8, name.c_str());
     PlannedLoop loop;
     loop.name = name;
     loop.set = cells_;
@@ -109,32 +109,32 @@ class OpPlanMesh : public op_test::PlanTest, public testing::WithParamInterface<
     loop.part_size = part_size;
     SCOPED_TRACE(loop.name);
     EXPECT_EQ(outputOf([&] { loop.plan(staging); }), "");
-    op_plan const& plan = OP_plans[OP_plan_index - 1];
-    int const elements = plan.offset[plan.nblocks - 1] + plan.nelems[plan.nblocks - 1];
+    const op_plan& plan = OP_plans[OP_plan_index - 1];
+    const int elements = plan.offset[plan.nblocks - 1] + plan.nelems[plan.nblocks - 1];
     EXPECT_EQ(elementCollisions(plan, loop, elements), 0);
     EXPECT_EQ(blockCollisions(plan, loop, elements), 0);
     expectKindsApart(plan, staging);
     if (plan.col_reord != nullptr) expectSorted(plan);
   }
   // The core and the set's own elements have colours of their own.
-  static void expectKindsApart(op_plan const& plan, int staging) {
+  static void expectKindsApart(const op_plan& plan, int staging) {
     if (staging == OP_ONE_BLOCK) return;
-    Ints const colours = blockColours(plan);
+    const Ints colours = blockColours(plan);
     int mixed = 0;
     for (int b = 0; b < plan.nblocks; ++b) {
-      int const colour = colours[static_cast<std::size_t>(b)];
-      bool const isCore = plan.offset[b] < plan.set->core_size;
-      bool const isOwn = plan.offset[b] < plan.set->size;
+      const int colour = colours[static_cast<std::size_t>(b)];
+      const bool isCore = plan.offset[b] < plan.set->core_size;
+      const bool isOwn = plan.offset[b] < plan.set->size;
       mixed += static_cast<int>(isCore != (colour < plan.ncolors_core));
       mixed += static_cast<int>(isOwn != (colour < plan.ncolors_owned));
     }
     EXPECT_EQ(mixed, 0);
   }
-  static void expectSorted(op_plan const& plan) {
+  static void expectSorted(const op_plan& plan) {
     int wrong = 0;
     for (int b = 0; b < plan.nblocks; ++b) {
-      int const* const elements = plan.col_reord + plan.offset[b];
-      int const* const colours = plan.thrcol + plan.offset[b];
+      const int* const elements = plan.col_reord + plan.offset[b];
+      const int* const colours = plan.thrcol + plan.offset[b];
       Ints block(elements, elements + plan.nelems[b]);
       for (int c = 0; c < plan.nthrcol[b]; ++c) {
         for (int i = plan.col_offsets[b][c]; i < plan.col_offsets[b][c + 1]; ++i) {
@@ -152,29 +152,29 @@ class OpPlanMesh : public op_test::PlanTest, public testing::WithParamInterface<
 };
 
 TEST_P(OpPlanMesh, EdgesOfOneColourChangeNoCellTwice) {
-  PlannedLoop const increments = edgeLoop(OP_INC, "increments");
-  PlannedLoop const changes = edgeLoop(OP_RW, "changes");
-  for (int const staging : {1, 2, 3, 4}) {
+  const PlannedLoop increments = edgeLoop(OP_INC, "increments");
+  const PlannedLoop changes = edgeLoop(OP_RW, "changes");
+  for (const int staging : {1, 2, 3, 4}) {
     expectSound(increments, staging, 0);
     expectSound(changes, staging, 100);
   }
 }
 
 TEST_P(OpPlanMesh, CellsOfOneColourChangeNoEdgeTwice) {
-  PlannedLoop const loop = cellLoop("cells");
-  for (int const staging : {2, 3, 4}) expectSound(loop, staging, 64);
+  const PlannedLoop loop = cellLoop("cells");
+  for (const int staging : {2, 3, 4}) expectSound(loop, staging, 64);
 }
 
 // A part of a distributed mesh: the last tenths of the edges belong to other processes or wait for
 // them.
 TEST_P(OpPlanMesh, HaloEdgesKeepToColoursOfTheirOwn) {
-  int const tenth = edges_->size / 10;
+  const int tenth = edges_->size / 10;
   edges_->core_size = 7 * tenth;
   edges_->exec_size = tenth;
   edges_->size -= tenth;
-  PlannedLoop const increments = edgeLoop(OP_INC, "increments");
-  PlannedLoop const changes = edgeLoop(OP_RW, "changes");
-  for (int const staging : {1, 2, 3, 4}) {
+  const PlannedLoop increments = edgeLoop(OP_INC, "increments");
+  const PlannedLoop changes = edgeLoop(OP_RW, "changes");
+  for (const int staging : {1, 2, 3, 4}) {
     expectSound(increments, staging, 0);
     expectSound(changes, staging, 100);
   }
@@ -184,22 +184,22 @@ TEST_P(OpPlanMesh, HaloEdgesKeepToColoursOfTheirOwn) {
 // the loop in set order.
 TEST_P(OpPlanMesh, StagedIncrementsGiveTheSumsOfTheSetOrder) {
   PlannedLoop loop = edgeLoop(OP_INC, "sums");
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   std::vector<std::int64_t> expected(static_cast<std::size_t>(cells_->size), 0);
   for (int e = 0; e < edges_->size; ++e) {
     for (std::size_t k = 0; k < 2; ++k) {
-      int const cell = edgeCellTable_[2 * static_cast<std::size_t>(e) + k];
+      const int cell = edgeCellTable_[2 * static_cast<std::size_t>(e) + k];
       expected[static_cast<std::size_t>(cell)] += e + 1;
     }
   }
   std::vector<std::int64_t> sums(expected.size(), 0);
   for (int i = 0; i < plan.nblocks; ++i) {
-    int const b = plan.blkmap[i];
-    int const entry = b * plan.nargs_staged;
-    int const* const list = plan.ind_maps[0] + plan.ind_offs[entry];
+    const int b = plan.blkmap[i];
+    const int entry = b * plan.nargs_staged;
+    const int* const list = plan.ind_maps[0] + plan.ind_offs[entry];
     std::vector<std::int64_t> shared(static_cast<std::size_t>(plan.ind_sizes[entry]), 0);
     for (int e = plan.offset[b]; e < plan.offset[b] + plan.nelems[b]; ++e) {
-      for (int const m : {0, 2}) shared[static_cast<std::size_t>(plan.loc_maps[m][e])] += e + 1;
+      for (const int m : {0, 2}) shared[static_cast<std::size_t>(plan.loc_maps[m][e])] += e + 1;
     }
     for (std::size_t j = 0; j < shared.size(); ++j) {
       sums[static_cast<std::size_t>(list[j])] += shared[j];

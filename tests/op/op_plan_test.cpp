@@ -21,12 +21,12 @@ using testing::Not;
 class OpPlan : public op_test::PlanTest {};
 
 TEST_F(OpPlan, RecordsTheLoop) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
-  op_dat const dat = mesh.dat(mesh.cells);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
+  const op_dat dat = mesh.dat(mesh.cells);
   PlannedLoop loop = mesh.changes(dat);
   loop.add(op_arg_dat(mesh.dat(mesh.edges), -1, nullptr, 1, "double", OP_READ));
   loop.part_size = 4;
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_STREQ(plan.name, "loop");
   EXPECT_EQ(plan.set, mesh.edges);
   EXPECT_EQ(plan.nargs, 3);
@@ -34,11 +34,11 @@ TEST_F(OpPlan, RecordsTheLoop) {
   EXPECT_EQ(plan.nargs_staged, 1);
   EXPECT_EQ(plan.part_size, 4);
   EXPECT_EQ(plan.count, 1);
-  std::vector<op_map> const maps{mesh.map, mesh.map, nullptr};
-  std::vector<int> const idxs{0, 1, -1};
-  std::vector<int> const staged{0, 0, -1};
+  const std::vector<op_map> maps{mesh.map, mesh.map, nullptr};
+  const std::vector<int> idxs{0, 1, -1};
+  const std::vector<int> staged{0, 0, -1};
   for (int m = 0; m < 3; ++m) {
-    auto const i = static_cast<std::size_t>(m);
+    const auto i = static_cast<std::size_t>(m);
     EXPECT_EQ(plan.maps[m], maps[i]);
     EXPECT_EQ(plan.dats[m], loop.args[i].dat);
     EXPECT_EQ(plan.idxs[m], idxs[i]);
@@ -51,12 +51,12 @@ TEST_F(OpPlan, RecordsTheLoop) {
 }
 
 TEST_F(OpPlan, OfTheSameSignatureIsFoundAgain) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
-  op_plan const* const first = loop.plan();
-  for (int const level : {3, 4}) {
+  const op_plan* const first = loop.plan();
+  for (const int level : {3, 4}) {
     OP_diags = level;
-    op_plan const* again = nullptr;
+    const op_plan* again = nullptr;
     EXPECT_EQ(outputOf([&] { again = loop.plan(); }), level > 3 ? " old execution plan #0\n" : "");
     EXPECT_EQ(again, first);
     EXPECT_EQ(again->count, level - 1);
@@ -65,15 +65,15 @@ TEST_F(OpPlan, OfTheSameSignatureIsFoundAgain) {
 }
 
 TEST_F(OpPlan, IsSharedByDatsOfTheSameShapeEvenIfTheFirstOneIsGone) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
-  op_dat const first = mesh.dat(mesh.cells, 2);
-  op_plan const* const plan = mesh.changes(first).plan();
+  const EdgeMesh mesh = EdgeMesh::chain(6);
+  const op_dat first = mesh.dat(mesh.cells, 2);
+  const op_plan* const plan = mesh.changes(first).plan();
   op_free_dat_temp_char(first);
   EXPECT_EQ(mesh.changes(mesh.dat(mesh.cells, 2)).plan(), plan);
 }
 
 TEST_F(OpPlan, OfAnotherDimIsAnother) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   mesh.changes(mesh.dat(mesh.cells, 1)).plan();
   mesh.changes(mesh.dat(mesh.cells, 2)).plan();
   EXPECT_EQ(OP_plan_index, 2);
@@ -81,10 +81,10 @@ TEST_F(OpPlan, OfAnotherDimIsAnother) {
 }
 
 TEST_F(OpPlan, OfAnotherSignatureIsAnother) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
-  EdgeMesh const other = EdgeMesh::chain(6);
-  op_dat const dat = mesh.dat(mesh.cells);
-  PlannedLoop const loop = mesh.changes(dat);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
+  const EdgeMesh other = EdgeMesh::chain(6);
+  const op_dat dat = mesh.dat(mesh.cells);
+  const PlannedLoop loop = mesh.changes(dat);
   std::vector<PlannedLoop> others(8, loop);
   others[0].name = "another loop";
   others[1] = other.changes(other.dat(other.cells));
@@ -101,8 +101,8 @@ TEST_F(OpPlan, OfAnotherSignatureIsAnother) {
 }
 
 TEST_F(OpPlan, ListGrowsByTen) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
-  op_dat const dat = mesh.dat(mesh.cells);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
+  const op_dat dat = mesh.dat(mesh.cells);
   std::vector<PlannedLoop> loops(11, mesh.changes(dat));
   for (std::size_t i = 0; i < loops.size(); ++i) {
     loops[i].name = "loop " + std::to_string(i);
@@ -116,7 +116,7 @@ TEST_F(OpPlan, ListGrowsByTen) {
 }
 
 TEST_F(OpPlan, IsAnnouncedAboveLevelOne) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   EXPECT_EQ(outputOf([&] { loop.plan(); }), "");
   loop.name = "fluxes";
@@ -129,9 +129,9 @@ TEST_F(OpPlan, IsAnnouncedAboveLevelOne) {
 }
 
 TEST_F(OpPlan, EntriesDifferInTheStaging) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
-  op_dat const dat = mesh.dat(mesh.cells);
-  int const count = 2;
+  const EdgeMesh mesh = EdgeMesh::chain(6);
+  const op_dat dat = mesh.dat(mesh.cells);
+  const int count = 2;
   PlannedLoop loop = mesh.changes(dat, OP_RW);
   auto* const args = loop.args.data();
   auto* const inds = loop.inds.data();
@@ -142,8 +142,8 @@ TEST_F(OpPlan, EntriesDifferInTheStaging) {
 }
 
 TEST_F(OpPlan, BooksItsTimeForTheLoop) {
-  EdgeMesh const mesh = EdgeMesh::chain(50000);
-  double const before = OP_plan_time;
+  const EdgeMesh mesh = EdgeMesh::chain(50000);
+  const double before = OP_plan_time;
   op_timing_realloc(0);
   OP_kernels[3].name = "loop";
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
@@ -151,7 +151,7 @@ TEST_F(OpPlan, BooksItsTimeForTheLoop) {
   EXPECT_GT(OP_plan_time, before);
   EXPECT_GT(OP_kernels[3].plan_time, 0.0F);
   EXPECT_EQ(OP_kernels[0].plan_time, 0.0F);
-  double const built = OP_plan_time;
+  const double built = OP_plan_time;
   loop.plan();
   EXPECT_EQ(OP_plan_time, built);
 }
@@ -159,20 +159,20 @@ TEST_F(OpPlan, BooksItsTimeForTheLoop) {
 TEST_F(OpPlan, OfALoopWithoutArgumentsHasOneColour) {
   PlannedLoop loop;
   loop.set = op_decl_set(600, "cells");
-  op_plan const& plan = *loop.plan();
+  const op_plan& plan = *loop.plan();
   EXPECT_EQ(plan.nblocks, 3);
   EXPECT_EQ(plan.ncolors, 1);
   EXPECT_EQ(plan.nthrcol[2], 1);
 }
 
 TEST_F(OpPlan, OfAnEmptySetHasNoBlocks) {
-  EdgeMesh const mesh(3, {});
-  for (int const staging : {1, 2, 3, 4}) {
+  const EdgeMesh mesh(3, {});
+  for (const int staging : {1, 2, 3, 4}) {
     PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
     loop.name = "staging " + std::to_string(staging);
     OP_diags = 2;
-    std::string const output = outputOf([&] { loop.plan(staging); });
-    op_plan const& plan = OP_plans[OP_plan_index - 1];
+    const std::string output = outputOf([&] { loop.plan(staging); });
+    const op_plan& plan = OP_plans[OP_plan_index - 1];
     EXPECT_EQ(plan.nblocks, staging == OP_ONE_BLOCK ? 1 : 0);
     EXPECT_EQ(plan.ncolors, 0);
     EXPECT_THAT(output, Not(HasSubstr("error")));
@@ -181,7 +181,7 @@ TEST_F(OpPlan, OfAnEmptySetHasNoBlocks) {
 }
 
 TEST_F(OpPlan, SurvivesTheEndOfTheRuntimeUntilItsOwn) {
-  EdgeMesh const mesh = EdgeMesh::chain(6);
+  const EdgeMesh mesh = EdgeMesh::chain(6);
   PlannedLoop loop = mesh.changes(mesh.dat(mesh.cells));
   loop.plan();
   op_exit();

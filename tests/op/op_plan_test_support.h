@@ -34,7 +34,7 @@ struct PlannedLoop {
   int part_size = 0;
   std::string name = "loop";
 
-  void add(op_arg const& arg, int ind = -1) {
+  void add(const op_arg& arg, int ind = -1) {
     args.push_back(arg);
     inds.push_back(ind);
   }
@@ -60,8 +60,8 @@ struct EdgeMesh {
     cells = op_decl_set(numberOfCells, "cells");
     map = op_decl_map(edges, cells, 2, table.data(), "edges/cells");
   }
-  EdgeMesh(EdgeMesh const&) = delete;
-  EdgeMesh& operator=(EdgeMesh const&) = delete;
+  EdgeMesh(const EdgeMesh&) = delete;
+  EdgeMesh& operator=(const EdgeMesh&) = delete;
 
   /// Edge e lies between the cells e and e + 1.
   static EdgeMesh chain(int numberOfEdges) {
@@ -77,7 +77,7 @@ struct EdgeMesh {
   }
 
   op_dat dat(op_set set, int dim = 1) const {
-    std::string const name = "dat" + std::to_string(OP_dat_index);
+    const std::string name = "dat" + std::to_string(OP_dat_index);
     return op_decl_dat_temp_char(set, dim, "double", 8, name.c_str());
   }
   op_arg of(op_dat dat, int column, op_access access) const {
@@ -94,7 +94,7 @@ struct EdgeMesh {
 };
 
 /// Colour of each element in its block.
-inline std::vector<int> elementColours(op_plan const& plan, int elements) {
+inline std::vector<int> elementColours(const op_plan& plan, int elements) {
   std::vector<int> colours(plan.thrcol, plan.thrcol + elements);
   if (plan.col_reord == nullptr) return colours;
   for (int i = 0; i < elements; ++i) {
@@ -104,7 +104,7 @@ inline std::vector<int> elementColours(op_plan const& plan, int elements) {
 }
 
 /// Colour of each block.
-inline std::vector<int> blockColours(op_plan const& plan) {
+inline std::vector<int> blockColours(const op_plan& plan) {
   std::vector<int> colours(static_cast<std::size_t>(plan.nblocks), -1);
   int next = 0;
   for (int c = 0; next < plan.nblocks; ++c) {
@@ -124,24 +124,24 @@ struct Mark {
 /// Counts the changes of an element by two units of one group.
 /// @param groupOf and unitOf of an element, in the order of groups
 template <class Group, class Unit>
-int collisions(PlannedLoop const& loop, std::vector<int> const& order, Group groupOf, Unit unitOf) {
+int collisions(const PlannedLoop& loop, const std::vector<int>& order, Group groupOf, Unit unitOf) {
   std::map<op_dat, std::vector<Mark>> marks;
   int found = 0;
   for (std::size_t m = 0; m < loop.args.size(); ++m) {
-    op_arg const& arg = loop.args[m];
-    bool const changes = arg.acc == OP_RW || arg.acc == OP_INC;
+    const op_arg& arg = loop.args[m];
+    const bool changes = arg.acc == OP_RW || arg.acc == OP_INC;
     if (loop.inds[m] < 0 || arg.opt == 0 || !changes) continue;
-    op_set const to = arg.map->to;
+    const op_set to = arg.map->to;
     marks[arg.dat].resize(static_cast<std::size_t>(to->size + to->exec_size + to->nonexec_size));
   }
-  for (int const e : order) {
-    Mark const now{groupOf(e), unitOf(e)};
+  for (const int e : order) {
+    const Mark now{groupOf(e), unitOf(e)};
     for (std::size_t m = 0; m < loop.args.size(); ++m) {
-      op_arg const& arg = loop.args[m];
-      auto const of = marks.find(arg.dat);
+      const op_arg& arg = loop.args[m];
+      const auto of = marks.find(arg.dat);
       if (loop.inds[m] < 0 || of == marks.end() || (arg.acc != OP_RW && arg.acc != OP_INC))
         continue;
-      std::ptrdiff_t const entry = std::ptrdiff_t{e} * arg.map->dim + arg.idx;
+      const std::ptrdiff_t entry = std::ptrdiff_t{e} * arg.map->dim + arg.idx;
       Mark& last = of->second[static_cast<std::size_t>(arg.map->map[entry])];
       if (last.group == now.group && last.unit != now.unit) ++found;
       last = now;
@@ -161,7 +161,7 @@ std::vector<int> orderedBy(int elements, Group groupOf) {
 }
 
 /// The block of each element.
-inline std::vector<int> blocksOf(op_plan const& plan, int elements) {
+inline std::vector<int> blocksOf(const op_plan& plan, int elements) {
   std::vector<int> blocks(static_cast<std::size_t>(elements), -1);
   for (int b = 0; b < plan.nblocks; ++b) {
     std::fill_n(blocks.begin() + plan.offset[b], plan.nelems[b], b);
@@ -170,22 +170,22 @@ inline std::vector<int> blocksOf(op_plan const& plan, int elements) {
 }
 
 /// Elements of one block and one colour that change the same element of another set.
-inline int elementCollisions(op_plan const& plan, PlannedLoop const& loop, int elements) {
-  std::vector<int> const colours = elementColours(plan, elements);
-  std::vector<int> const blocks = blocksOf(plan, elements);
-  auto const group = [&](int e) {
-    auto const i = static_cast<std::size_t>(e);
+inline int elementCollisions(const op_plan& plan, const PlannedLoop& loop, int elements) {
+  const std::vector<int> colours = elementColours(plan, elements);
+  const std::vector<int> blocks = blocksOf(plan, elements);
+  const auto group = [&](int e) {
+    const auto i = static_cast<std::size_t>(e);
     return std::int64_t{blocks[i]} * (elements + 1) + colours[i];
   };
   return collisions(loop, orderedBy(elements, group), group, [](int e) { return e; });
 }
 
 /// Blocks of one colour that change the same element of another set.
-inline int blockCollisions(op_plan const& plan, PlannedLoop const& loop, int elements) {
-  std::vector<int> const colours = blockColours(plan);
-  std::vector<int> const blocks = blocksOf(plan, elements);
-  auto const unit = [&](int e) { return blocks[static_cast<std::size_t>(e)]; };
-  auto const group = [&](int e) {
+inline int blockCollisions(const op_plan& plan, const PlannedLoop& loop, int elements) {
+  const std::vector<int> colours = blockColours(plan);
+  const std::vector<int> blocks = blocksOf(plan, elements);
+  const auto unit = [&](int e) { return blocks[static_cast<std::size_t>(e)]; };
+  const auto group = [&](int e) {
     return std::int64_t{colours[static_cast<std::size_t>(unit(e))]};
   };
   return collisions(loop, orderedBy(elements, group), group, unit);

@@ -17,7 +17,7 @@ namespace {
 
 using op_test::outputOf;
 
-char const* const TableHead =
+const char* const TableHead =
     "\n  count   plan time     MPI time(std)        time(std)           GB/s      GB/s   kernel "
     "name "
     "\n -----------------------------------------------------------------------------------------"
@@ -26,7 +26,7 @@ char const* const TableHead =
 TEST(OpTimers, TellTheSecondsSinceTheEpochAndLeaveTheCpuTimeAlone) {
   double cpu = -1.0;
   double wall = 0.0;
-  auto const before = static_cast<double>(std::time(nullptr));
+  const auto before = static_cast<double>(std::time(nullptr));
   op_timers(&cpu, &wall);
   EXPECT_GE(wall, before);
   EXPECT_EQ(cpu, -1.0);
@@ -42,7 +42,7 @@ TEST_F(OpTiming, MakesTenRecordsFromTheSlotOn) {
   EXPECT_EQ(OP_kern_curr, 3);
   ASSERT_EQ(OP_kern_max, 13);
   for (int i = 0; i < 13; ++i) {
-    op_kernel const& kernel = OP_kernels[i];
+    const op_kernel& kernel = OP_kernels[i];
     EXPECT_STREQ(kernel.name, "unused");
     EXPECT_EQ(kernel.count, 0);
     EXPECT_EQ(kernel.time, 0.0);
@@ -155,11 +155,11 @@ class OpTimingFile : public op_test::FileTest {
   }
 };
 
-char const* const ReportHead =
+const char* const ReportHead =
     "\n  count     time     GB/s     GB/s   kernel name "
     "\n ----------------------------------------------- \n";
 
-char const* const ValuesHead =
+const char* const ValuesHead =
     "rank,thread,nranks,nthreads,count,total time,plan time,mpi time,GB used,GB total,kernel "
     "name\n";
 
@@ -191,8 +191,8 @@ TEST_F(OpTimingFile, ReportTakesTheTimesAsTheyAre) {
 
 TEST_F(OpTimingFile, ReportEndsTheProcessIfItCannotBeWritten) {
   loop(0);
-  std::string const nowhere = path("nowhere") + "/report";
-  for (std::string const& file : {nowhere, std::string("/dev/full")}) {
+  const std::string nowhere = path("nowhere") + "/report";
+  for (const std::string& file : {nowhere, std::string("/dev/full")}) {
     EXPECT_EXIT((op_test::outputToStderr(), op_timing_output_2_file(file.c_str())),
                 testing::ExitedWithCode(1), "^Bad output file$");
   }
@@ -222,7 +222,7 @@ TEST_F(OpTimingFile, ValuesLeaveOutLoopsWithoutTime) {
 }
 
 TEST_F(OpTimingFile, ValuesThatCannotBeWrittenAreReported) {
-  std::string const nowhere = path("nowhere") + "/report";
+  const std::string nowhere = path("nowhere") + "/report";
   EXPECT_EQ(outputOf([&] { op_timings_to_csv(nowhere.c_str()); }),
             "ERROR: Failed to open file for writing: '" + nowhere + "'\n");
   EXPECT_EQ(outputOf([] { op_timings_to_csv("/dev/full"); }),
@@ -238,7 +238,7 @@ TEST(OpComputeMoment, IsTheValueAndItsSquare) {
 }
 
 TEST(OpComputeMomentAcrossTimes, CountsZerosOrLeavesThemOut) {
-  std::array<double, 4> const values{0.0, 2.0, 4.0, 0.0};
+  const std::array<double, 4> values{0.0, 2.0, 4.0, 0.0};
   double first = 0.0;
   double second = 0.0;
   op_compute_moment_across_times(values.data(), 4, false, &first, &second);
@@ -250,7 +250,7 @@ TEST(OpComputeMomentAcrossTimes, CountsZerosOrLeavesThemOut) {
 }
 
 TEST(OpComputeMomentAcrossTimes, IsZeroIfAllValuesAre) {
-  std::array<double, 2> const values{0.0, 0.0};
+  const std::array<double, 2> values{0.0, 0.0};
   double first = 1.0;
   double second = 1.0;
   op_compute_moment_across_times(values.data(), 2, true, &first, &second);
@@ -268,8 +268,8 @@ TEST_F(OpDiagnosticOutput, IsSilentBelowLevelTwo) {
 
 TEST_F(OpDiagnosticOutput, PrintsThreeTables) {
   std::vector<int> table{0, 1, 1, 2};
-  op_set const edges = op_decl_set(2, "edges");
-  op_set const cells = op_decl_set(3, "cells");
+  const op_set edges = op_decl_set(2, "edges");
+  const op_set cells = op_decl_set(3, "cells");
   op_decl_map(edges, cells, 2, table.data(), "neighbour");
   op_decl_dat_temp_char(cells, 1, "double", 8, "bed");
   op_decl_dat_temp_char(edges, 2, "double", 8, "a longer name");

@@ -34,7 +34,7 @@ TEST_F(OpSeq, FetchesAllValues) {
 }
 
 TEST_F(OpSeq, FetchesNothingFromAnEmptySet) {
-  op_dat const none = op_decl_dat_char(op_decl_set(0, "none"), 2, "int", 4, nullptr, "no pairs");
+  const op_dat none = op_decl_dat_char(op_decl_set(0, "none"), 2, "int", 4, nullptr, "no pairs");
   op_fetch_data_char(none, nullptr);
   SUCCEED();
 }
@@ -48,7 +48,7 @@ TEST_F(OpSeq, FetchesHighPlusOneElementsFromLowOn) {
 TEST_F(OpSeq, RefusesToFetchWhatTheDatDoesNotHold) {
   std::vector<int> copy(20);
   auto* const to = reinterpret_cast<char*>(copy.data());
-  std::string const message =
+  const std::string message =
       literally("op_fetch_data: Indices not within range of elements held in pairs\n");
   EXPECT_EXIT((outputToStderr(), op_fetch_data_idx_char(dat_, to, -1, 2)), ExitedWithCode(2),
               message);

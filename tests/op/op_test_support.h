@@ -35,9 +35,9 @@ std::string outputOf(Run run) {
 }
 
 /// A text as a regular expression that matches just this text.
-inline std::string literally(std::string const& text) {
+inline std::string literally(const std::string& text) {
   std::string pattern;
-  for (char const c : text) {
+  for (const char c : text) {
     if (std::string("\\^$.|?*+()[]{}").find(c) != std::string::npos) pattern += '\\';
     pattern += c;
   }
@@ -85,7 +85,7 @@ class FileTest : public RuntimeTest {
  protected:
   void SetUp() override {
     RuntimeTest::SetUp();
-    auto const* const test = testing::UnitTest::GetInstance()->current_test_info();
+    const auto* const test = testing::UnitTest::GetInstance()->current_test_info();
     directory_ =
         std::filesystem::path(testing::TempDir()) / (std::string(test->test_suite_name()) + "_" +
                                                      test->name() + "_" + std::to_string(getpid()));
@@ -96,7 +96,7 @@ class FileTest : public RuntimeTest {
     std::filesystem::remove_all(directory_);
   }
 
-  std::string path(std::string const& name) const { return (directory_ / name).string(); }
+  std::string path(const std::string& name) const { return (directory_ / name).string(); }
 
  private:
   std::filesystem::path directory_;
@@ -105,50 +105,50 @@ class FileTest : public RuntimeTest {
 /// Creates or opens a file and adds datasets to it.
 class FileWriter {
  public:
-  explicit FileWriter(std::string const& file)
+  explicit FileWriter(const std::string& file)
       : file_(std::filesystem::exists(file)
                   ? H5Fopen(file.c_str(), H5F_ACC_RDWR, H5P_DEFAULT)
                   : H5Fcreate(file.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT)) {}
-  FileWriter(FileWriter const&) = delete;
-  FileWriter& operator=(FileWriter const&) = delete;
+  FileWriter(const FileWriter&) = delete;
+  FileWriter& operator=(const FileWriter&) = delete;
   ~FileWriter() { H5Fclose(file_); }
 
   /// Writes values of `memoryType` to a new dataset of `fileType`; groups on the way are made.
   template <class T>
-  void write(std::string const& name, std::vector<hsize_t> const& extents, hid_t fileType,
-             hid_t memoryType, std::vector<T> const& values) {
-    hid_t const dataset = create(name, extents, fileType);
+  void write(const std::string& name, const std::vector<hsize_t>& extents, hid_t fileType,
+             hid_t memoryType, const std::vector<T>& values) {
+    const hid_t dataset = create(name, extents, fileType);
     H5Dwrite(dataset, memoryType, H5S_ALL, H5S_ALL, H5P_DEFAULT, values.data());
     H5Dclose(dataset);
   }
-  void ints(std::string const& name, std::vector<hsize_t> const& extents,
-            std::vector<int> const& values) {
+  void ints(const std::string& name, const std::vector<hsize_t>& extents,
+            const std::vector<int>& values) {
     write(name, extents, H5T_NATIVE_INT, H5T_NATIVE_INT, values);
   }
-  void longs(std::string const& name, std::vector<hsize_t> const& extents,
-             std::vector<long> const& values) {
+  void longs(const std::string& name, const std::vector<hsize_t>& extents,
+             const std::vector<long>& values) {
     write(name, extents, H5T_NATIVE_LONG, H5T_NATIVE_LONG, values);
   }
-  void doubles(std::string const& name, std::vector<hsize_t> const& extents,
-               std::vector<double> const& values) {
+  void doubles(const std::string& name, const std::vector<hsize_t>& extents,
+               const std::vector<double>& values) {
     write(name, extents, H5T_NATIVE_DOUBLE, H5T_NATIVE_DOUBLE, values);
   }
   /// A dataset that claims its extents without taking space in the file.
-  void hollow(std::string const& name, std::vector<hsize_t> const& extents, hid_t type) {
-    hid_t const plan = H5Pcreate(H5P_DATASET_CREATE);
-    std::vector<hsize_t> const chunk(extents.size(), 1);
+  void hollow(const std::string& name, const std::vector<hsize_t>& extents, hid_t type) {
+    const hid_t plan = H5Pcreate(H5P_DATASET_CREATE);
+    const std::vector<hsize_t> chunk(extents.size(), 1);
     H5Pset_chunk(plan, static_cast<int>(chunk.size()), chunk.data());
     H5Dclose(create(name, extents, type, plan));
     H5Pclose(plan);
   }
 
  private:
-  hid_t create(std::string const& name, std::vector<hsize_t> const& extents, hid_t type,
+  hid_t create(const std::string& name, const std::vector<hsize_t>& extents, hid_t type,
                hid_t plan = H5P_DEFAULT) {
-    hid_t const space = H5Screate_simple(static_cast<int>(extents.size()), extents.data(), nullptr);
-    hid_t const links = H5Pcreate(H5P_LINK_CREATE);
+    const hid_t space = H5Screate_simple(static_cast<int>(extents.size()), extents.data(), nullptr);
+    const hid_t links = H5Pcreate(H5P_LINK_CREATE);
     H5Pset_create_intermediate_group(links, 1);
-    hid_t const dataset = H5Dcreate2(file_, name.c_str(), type, space, links, plan, H5P_DEFAULT);
+    const hid_t dataset = H5Dcreate2(file_, name.c_str(), type, space, links, plan, H5P_DEFAULT);
     H5Pclose(links);
     H5Sclose(space);
     return dataset;

@@ -5,34 +5,34 @@
 namespace {
 
 TEST(OpTypeOf, KnowsTheNamesOfEachFamily) {
-  for (char const* const name : {"double", "double:soa", "double precision", "real(8)"}) {
+  for (const char* const name : {"double", "double:soa", "double precision", "real(8)"}) {
     EXPECT_EQ(op_type_of(name), op_type::Double) << name;
   }
-  for (char const* const name : {"float", "float:soa", "real(4)", "real"}) {
+  for (const char* const name : {"float", "float:soa", "real(4)", "real"}) {
     EXPECT_EQ(op_type_of(name), op_type::Float) << name;
   }
-  for (char const* const name : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
+  for (const char* const name : {"int", "int:soa", "int(4)", "integer", "integer(4)"}) {
     EXPECT_EQ(op_type_of(name), op_type::Int) << name;
   }
-  for (char const* const name : {"long", "long:soa"}) {
+  for (const char* const name : {"long", "long:soa"}) {
     EXPECT_EQ(op_type_of(name), op_type::Long) << name;
   }
-  for (char const* const name : {"long long", "long long:soa"}) {
+  for (const char* const name : {"long long", "long long:soa"}) {
     EXPECT_EQ(op_type_of(name), op_type::LongLong) << name;
   }
 }
 
 TEST(OpTypeOf, KnowsNoOtherNames) {
-  for (char const* const name : {"bool", "", "Double", "double:", "long double", "real(16)"}) {
+  for (const char* const name : {"bool", "", "Double", "double:", "long double", "real(16)"}) {
     EXPECT_EQ(op_type_of(name), op_type::Unknown) << name;
   }
 }
 
 TEST(OpTypeIsStored, IsTrueOfTheNamesOfCOnly) {
-  for (char const* const name : {"double", "double:soa", "float", "int:soa", "long", "long long"}) {
+  for (const char* const name : {"double", "double:soa", "float", "int:soa", "long", "long long"}) {
     EXPECT_TRUE(op_type_is_stored(name)) << name;
   }
-  for (char const* const name :
+  for (const char* const name :
        {"real(8)", "double precision", "real", "integer", "bool", ":soa"}) {
     EXPECT_FALSE(op_type_is_stored(name)) << name;
   }

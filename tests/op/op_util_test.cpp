@@ -13,8 +13,8 @@
 #include "op/op_test_support.h"
 
 // Allocations that cannot succeed are part of the tests.
-extern "C" char const* __asan_default_options();   // NOLINT(bugprone-reserved-identifier)
-extern "C" char const* __asan_default_options() {  // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __asan_default_options();   // NOLINT(bugprone-reserved-identifier)
+extern "C" const char* __asan_default_options() {  // NOLINT(bugprone-reserved-identifier)
   return "allocator_may_return_null=1";
 }
 
@@ -92,14 +92,14 @@ TEST(OpComputeLocalSize, DealsTheRemainderToTheFirstBlocks) {
 }
 
 TEST(OpMin, IsTheIndexOfTheSmallestEntryBelow99) {
-  std::array<int, 4> const values{120, 98, -3, 7};
+  const std::array<int, 4> values{120, 98, -3, 7};
   EXPECT_EQ(min(values.data(), 4), 2);
   EXPECT_EQ(min(values.data(), 2), 1);
   EXPECT_EQ(min(values.data(), 1), -1);
 }
 
 TEST(OpSearch, FindsTheIndexInTheRange) {
-  std::array<int, 5> const sorted{1, 3, 5, 7, 9};
+  const std::array<int, 5> sorted{1, 3, 5, 7, 9};
   for (int i = 0; i < 5; ++i) {
     EXPECT_EQ(binary_search(sorted.data(), 2 * i + 1, 0, 4), i);
     EXPECT_EQ(linear_search(sorted.data(), 2 * i + 1, 0, 4), i);
@@ -107,7 +107,7 @@ TEST(OpSearch, FindsTheIndexInTheRange) {
 }
 
 TEST(OpSearch, IsMinusOneOutsideTheRange) {
-  std::array<int, 5> const sorted{1, 3, 5, 7, 9};
+  const std::array<int, 5> sorted{1, 3, 5, 7, 9};
   EXPECT_EQ(binary_search(sorted.data(), 4, 0, 4), -1);
   EXPECT_EQ(binary_search(sorted.data(), 9, 0, 3), -1);
   EXPECT_EQ(binary_search(sorted.data(), 1, 1, 0), -1);

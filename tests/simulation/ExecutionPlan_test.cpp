@@ -10,9 +10,9 @@ namespace {
 using simulation::ExecutionPlan;
 
 /// The times at which a plan fires, asked in the given order.
-std::vector<double> firings(ExecutionPlan plan, std::vector<double> const& times) {
+std::vector<double> firings(ExecutionPlan plan, const std::vector<double>& times) {
   std::vector<double> fired;
-  for (double const time : times) {
+  for (const double time : times) {
     if (plan.execute(time)) fired.push_back(time);
   }
   return fired;

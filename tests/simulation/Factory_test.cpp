@@ -7,7 +7,7 @@
 namespace {
 
 TEST(SimulationFactory, makesPlansThatTheCallerOwns) {
-  std::unique_ptr<api::IExecutionPlan> const plan(
+  const std::unique_ptr<api::IExecutionPlan> plan(
       simulation::Factory::createExecutionPlan(1.0, 2.0, 4.0));
   EXPECT_EQ(plan->getIncrement(), 2.0);
   EXPECT_FALSE(plan->execute(0.0));

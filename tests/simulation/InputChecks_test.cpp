@@ -291,7 +291,7 @@ TEST(CheckParameterSize, refusesAnotherNumberOfValues) {
 
 TEST(CheckStateData, refusesARunWithoutItsState) {
   ::testing::internal::CaptureStdout();
-  std::unique_ptr<api::IModel> const model(model::Factory::createModel("a.0"));
+  const std::unique_ptr<api::IModel> model(model::Factory::createModel("a.0"));
   ::testing::internal::GetCapturedStdout();
   op_dat_core state{};
   simulation::Dats dats{{DataID::HydState, &state}, {DataID::BottomEl, nullptr}};

@@ -14,8 +14,8 @@ namespace {
 TEST(Names, ofDataAreTheirPathsInRunFiles) {
   EXPECT_EQ(simulation::pathOf(model::DataID::NodeStrg_ListSize), "NodeStrg/ListSize");
   for (const auto& [id, property] : model::DataProps) {
-    std::unique_ptr<api::ISet> const set(model::Factory::createSet(model::Data2Set.at(id)));
-    std::unique_ptr<api::IData> const data(model::Factory::createData(id, set.get(), false));
+    const std::unique_ptr<api::ISet> set(model::Factory::createSet(model::Data2Set.at(id)));
+    const std::unique_ptr<api::IData> data(model::Factory::createData(id, set.get(), false));
     EXPECT_EQ(simulation::pathOf(id), data->getH5Path());
   }
 }
@@ -24,9 +24,9 @@ TEST(Names, ofMapsAreTheirPathsInRunFiles) {
   EXPECT_EQ(simulation::pathOf(model::MapID::EdgesSWE_CellsAll), "EdgesSWE/CellsAll");
   for (const auto& [id, property] : model::MapProps) {
     const auto& [from, to] = model::Map2Sets.at(id);
-    std::unique_ptr<api::ISet> const set(model::Factory::createSet(from));
-    std::unique_ptr<api::ISet> const mapped(model::Factory::createSet(to));
-    std::unique_ptr<api::IMap> const map(model::Factory::createMap(id, set.get(), mapped.get()));
+    const std::unique_ptr<api::ISet> set(model::Factory::createSet(from));
+    const std::unique_ptr<api::ISet> mapped(model::Factory::createSet(to));
+    const std::unique_ptr<api::IMap> map(model::Factory::createMap(id, set.get(), mapped.get()));
     EXPECT_EQ(simulation::pathOf(id), map->getH5Path());
   }
 }

@@ -1,6 +1,6 @@
 // A temporary directory for one test: unique, empty at the start, removed at the end.
 //
-//   support::TempDir const dir;
+//   const support::TempDir dir;
 //   writeFile(dir.file("run.h5"));
 #pragma once
 

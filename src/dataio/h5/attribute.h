@@ -1,7 +1,7 @@
 // Attributes that hold one value. `T` is int or double; the library converts between the two.
 //
 //   h5::attachAttribute(dataset.handle(), "t", 12.5);
-//   double const t = h5::readAttribute<double>(dataset.handle(), "t");
+//   const double t = h5::readAttribute<double>(dataset.handle(), "t");
 #pragma once
 
 #include <string>

@@ -1,7 +1,7 @@
 // A dataset and the transfer of its values. The library converts between int and double.
 //
-//   h5::DataSet const dataset = h5::DataSet::open(file.handle(), "NodesAll/Coordnts");
-//   auto const rows = dataset.readRows<double>();
+//   const h5::DataSet dataset = h5::DataSet::open(file.handle(), "NodesAll/Coordnts");
+//   const auto rows = dataset.readRows<double>();
 //
 // Ranks have to fit (see shape.h) and sizes to be equal.
 #pragma once

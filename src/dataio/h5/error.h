@@ -1,6 +1,6 @@
 // Failures of HDF5 access.
 //
-//   h5::Handle const group =
+//   const h5::Handle group =
 //       h5::checked(H5Gopen2(file, "CellsAll", H5P_DEFAULT), "Unable to open the group ...");
 //
 // The library prints its own report on standard error before; that is left on, as it tells in

@@ -1,8 +1,8 @@
 // An open HDF5 file. What is written to it, by whatever part of the program, comes into the file as
 // a whole, at each flush and when it is closed: a process that is killed leaves what was flushed.
 //
-//   h5::File const file("run.h5", h5::File::READ_ONLY);
-//   bool const hasCells = file.exist("CellsAll");
+//   const h5::File file("run.h5", h5::File::READ_ONLY);
+//   const bool hasCells = file.exist("CellsAll");
 #pragma once
 
 #include <optional>

@@ -18,19 +18,19 @@ namespace op::backend {
 template <class Element>
 struct GlobalCursor {
   Element* data;
-  Element* resolve(std::ptrdiff_t /*n*/, int const* /*columns*/) const { return data; }
+  Element* resolve(std::ptrdiff_t /*n*/, const int* /*columns*/) const { return data; }
 };
 
 template <class Element, int Dim>
 struct DirectCursor {
   Element* data;
-  Element* resolve(std::ptrdiff_t n, int const* /*columns*/) const { return data + n * Dim; }
+  Element* resolve(std::ptrdiff_t n, const int* /*columns*/) const { return data + n * Dim; }
 };
 
 template <class Element, int Dim, int Column>
 struct ColumnCursor {
   Element* data;
-  Element* resolve(std::ptrdiff_t /*n*/, int const* columns) const {
+  Element* resolve(std::ptrdiff_t /*n*/, const int* columns) const {
     return data + std::ptrdiff_t{columns[Column]} * Dim;
   }
 };
@@ -39,7 +39,7 @@ template <class Element, int Dim, int Columns>
 struct VectorCursor {
   Element* data;
   std::array<Element*, std::size_t{Columns}> resolve(std::ptrdiff_t /*n*/,
-                                                     int const* columns) const {
+                                                     const int* columns) const {
     std::array<Element*, std::size_t{Columns}> addresses;
     for (int k = 0; k < Columns; ++k) {
       addresses[static_cast<std::size_t>(k)] = data + std::ptrdiff_t{columns[k]} * Dim;
@@ -53,20 +53,20 @@ template <class Base>
 struct OptionalCursor {
   Base cursor;
   bool present;
-  auto resolve(std::ptrdiff_t n, int const* columns) const {
+  auto resolve(std::ptrdiff_t n, const int* columns) const {
     using Resolved = decltype(cursor.resolve(n, columns));
     return present ? cursor.resolve(n, columns) : Resolved{};
   }
 };
 
 template <class Row>
-constexpr auto makeCursor(op_arg const& arg) {
+constexpr auto makeCursor(const op_arg& arg) {
   using Element = typename Row::Element;
   auto* data = reinterpret_cast<Element*>(arg.data);
   if constexpr (Row::global) {
     return GlobalCursor<Element>{data};
   } else {
-    auto const plain = [data] {
+    const auto plain = [data] {
       if constexpr (!Row::mapped) {
         return DirectCursor<Element, Row::dim>{data};
       } else if constexpr (Row::vector) {
@@ -85,7 +85,7 @@ constexpr auto makeCursor(op_arg const& arg) {
 
 /// What the body gets for a vector row: the k addresses live as long as the call.
 template <class Element, std::size_t N>
-Element* const* bodyArgument(std::array<Element*, N> const& addresses) {
+Element* const* bodyArgument(const std::array<Element*, N>& addresses) {
   return addresses.data();
 }
 template <class Element>
@@ -97,17 +97,17 @@ struct Sequential {
   /// Runs the body for the elements from `begin` to `end` - 1.
   /// @param args one argument per row
   template <class L, typename L::Body* Body>
-  static void run(typename L::Arguments const& args, int begin, int end) {
+  static void run(const typename L::Arguments& args, int begin, int end) {
     runRows<L, Body>(args, begin, end, std::make_index_sequence<L::rows>{});
   }
 
  private:
   template <class L, typename L::Body* Body, std::size_t... I>
-  static void runRows(typename L::Arguments const& args, std::ptrdiff_t begin, std::ptrdiff_t end,
+  static void runRows(const typename L::Arguments& args, std::ptrdiff_t begin, std::ptrdiff_t end,
                       std::index_sequence<I...> /*rows*/) {
-    auto const cursors = std::tuple{makeCursor<typename L::template Row<I>>(args[I])...};
-    std::array<int const*, L::rows> const tables{args[I].map_data...};
-    std::array<std::ptrdiff_t, L::rows> const widths{
+    const auto cursors = std::tuple{makeCursor<typename L::template Row<I>>(args[I])...};
+    const std::array<const int*, L::rows> tables{args[I].map_data...};
+    const std::array<std::ptrdiff_t, L::rows> widths{
         (args[I].map == nullptr ? 0 : args[I].map->dim)...};
     for (std::ptrdiff_t n = begin; n < end; ++n) {
       Body(bodyArgument(std::get<I>(cursors).resolve(n, columnsOf<L, I>(tables, widths, n)))...);
@@ -116,8 +116,8 @@ struct Sequential {
 
   /// The map row of element n, taken from the table of the first row that uses the same map.
   template <class L, std::size_t I>
-  static int const* columnsOf(std::array<int const*, L::rows> const& tables,
-                              std::array<std::ptrdiff_t, L::rows> const& widths, std::ptrdiff_t n) {
+  static const int* columnsOf(const std::array<const int*, L::rows>& tables,
+                              const std::array<std::ptrdiff_t, L::rows>& widths, std::ptrdiff_t n) {
     if constexpr (L::template Row<I>::mapped) {
       constexpr std::size_t leader = detail::mapLeader<L, I>();
       return tables[leader] + n * widths[leader];

@@ -10,12 +10,12 @@ void reportMassBalance(double depth) {
   std::printf("MASS BALANCE PROBLEM: h = %g < 0.0\n", depth);
 }
 
-void reportMassBalance(double depth, int const* cell) {
+void reportMassBalance(double depth, const int* cell) {
   reportMassBalance(depth);
   if (G_Debug != 0) std::printf("... in cell %i\n", *cell);
 }
 
-void reportOverdraft(double depth, int const* cell) {
+void reportOverdraft(double depth, const int* cell) {
   if (G_Debug != 0) std::printf("overdraft in cell %i by dz = %f [m]\n", *cell, depth);
 }
 

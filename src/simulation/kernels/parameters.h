@@ -1,6 +1,6 @@
 // Access of the kernel bodies to the global parameters of a run.
 //
-//   double const g = real(ParameterID::Gravity);
+//   const double g = real(ParameterID::Gravity);
 //
 // A parameter of type double stands in G_REAL, one of type int in G_INT, each at the slot that is
 // the value of its ParameterID. A parameter with several values fills consecutive slots.

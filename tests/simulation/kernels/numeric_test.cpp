@@ -32,16 +32,16 @@ bool same(double a, double b) {
 }
 
 TEST(Fmin, isThatOfTheLibraryForAllSpecialValues) {
-  for (double const x : VALUES) {
-    for (double const y : VALUES) {
+  for (const double x : VALUES) {
+    for (const double y : VALUES) {
       EXPECT_TRUE(same(kernels::fmin(x, y), std::fmin(x, y))) << x << ' ' << y;
     }
   }
 }
 
 TEST(Fmax, isThatOfTheLibraryForAllSpecialValues) {
-  for (double const x : VALUES) {
-    for (double const y : VALUES) {
+  for (const double x : VALUES) {
+    for (const double y : VALUES) {
       EXPECT_TRUE(same(kernels::fmax(x, y), std::fmax(x, y))) << x << ' ' << y;
     }
   }

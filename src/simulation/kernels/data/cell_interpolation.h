@@ -9,9 +9,9 @@ namespace kernels::data {
 /// @param keyPosition {key, write position}; a key other than 0 looks up at x = 0
 /// @param time [s]
 /// @param source source record, two values; only the one at the write position changes
-inline void cell_interpolation(double const* row, int const* size, int const* keyPosition,
-                               double const* time, double* source) {
-  double const x = keyPosition[0] == 0 ? time[0] : 0.0;
+inline void cell_interpolation(const double* row, const int* size, const int* keyPosition,
+                               const double* time, double* source) {
+  const double x = keyPosition[0] == 0 ? time[0] : 0.0;
   source[keyPosition[1]] = seriesValue(row, size[0], x);
 }
 

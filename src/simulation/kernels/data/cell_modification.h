@@ -7,7 +7,7 @@ namespace kernels::data {
 /// other type changes nothing.
 /// @param info {type, write position, read position, ...}; @param area of the region [m2]
 /// @param source source record, two values
-inline void cell_modification(int const* info, double const* area, double const* /*time*/,
+inline void cell_modification(const int* info, const double* area, const double* /*time*/,
                               double* source) {
   if (info[0] == 6) source[info[1]] = source[info[2]] / area[0];
   if (info[0] == 7) source[info[1]] = source[info[2]] / 3.6e6;

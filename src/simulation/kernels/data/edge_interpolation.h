@@ -9,7 +9,7 @@ namespace kernels::data {
 /// What a boundary series is looked up against; 0 for an unknown key.
 /// @param key 0 time [s], 1 mean depth [m], 2 mean water surface [m], 3 discharge [m3/s]
 /// @param string state of the nodestring; @param time [s]
-inline double lookupVariable(int key, double const* string, double time) {
+inline double lookupVariable(int key, const double* string, double time) {
   // clang-format off
   switch (key) {
     case 0:  return time;
@@ -24,9 +24,9 @@ inline double lookupVariable(int key, double const* string, double time) {
 /// @param row,size the series and its number of values; @param keyPosition {key, write position}
 /// @param string state of the nodestring, ten values; @param time [s]
 /// @param boundary boundary record, seven values; only the one at the write position changes
-inline void edge_interpolation(double const* row, int const* size, int const* keyPosition,
-                               double const* string, double const* time, double* boundary) {
-  double const x = lookupVariable(keyPosition[0], string, time[0]);
+inline void edge_interpolation(const double* row, const int* size, const int* keyPosition,
+                               const double* string, const double* time, double* boundary) {
+  const double x = lookupVariable(keyPosition[0], string, time[0]);
   boundary[keyPosition[1]] = seriesValue(row, size[0], x);
 }
 

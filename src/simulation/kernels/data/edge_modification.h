@@ -21,12 +21,12 @@ namespace kernels::data {
 
 /// What a modification knows.
 struct EdgeModification {
-  int const* r;        ///< five read positions
-  double const* S;     ///< state of the nodestring
+  const int* r;        ///< five read positions
+  const double* S;     ///< state of the nodestring
   double length;       ///< of the nodestring [m]
   double lengthOther;  ///< of the other nodestring [m]
   double time;         ///< [s]
-  double const* D;     ///< boundary record
+  const double* D;     ///< boundary record
 
   /// Value at read position `index`.
   double value(int index) const { return D[r[index]]; }
@@ -43,14 +43,14 @@ inline double share(double a, double b) {
 /// Type 3: specific discharge over a weir, by Poleni, Q = 2/3 (a + b hw / P) sqrt(2 g) L hw^1.5,
 /// with P the height of the crest above the bed (Rehbock, 1929, for the shape of the coefficient).
 /// Values read: crest [m], coefficients a and b.
-inline double weirDischarge(EdgeModification const& m) {
-  double const crest = m.value(0);
-  double const head = m.S[0] - crest;
+inline double weirDischarge(const EdgeModification& m) {
+  const double crest = m.value(0);
+  const double head = m.S[0] - crest;
   if (head < real(ParameterID::MinWaterDepth)) return 0.0;
-  double const inverseHeight = inverseOfAbsolute(crest - m.S[4]);
-  double const Cd = 0.6666666666666666 * (m.value(2) * head * inverseHeight + m.value(1));
-  double const g = real(ParameterID::Gravity);
-  double const Qw = Cd * std::sqrt(2.0 * g * head * head * head) * m.length;
+  const double inverseHeight = inverseOfAbsolute(crest - m.S[4]);
+  const double Cd = 0.6666666666666666 * (m.value(2) * head * inverseHeight + m.value(1));
+  const double g = real(ParameterID::Gravity);
+  const double Qw = Cd * std::sqrt(2.0 * g * head * head * head) * m.length;
   return share(Qw, m.wettedArea());
 }
 
@@ -58,8 +58,8 @@ inline double weirDischarge(EdgeModification const& m) {
 /// while on, while off, the level that switches off [m], the delay of that [s], the level that
 /// switches on [m] (missing: never).
 /// @param memory {state, negative if off; deadline of switching off [s]}
-inline double hysteresisSwitch(EdgeModification const& m, double* memory) {
-  double const level = m.S[0];
+inline double hysteresisSwitch(const EdgeModification& m, double* memory) {
+  const double level = m.S[0];
   bool on = memory[0] >= 0.0;
   if (on) {
     if (m.value(2) > level) {
@@ -83,12 +83,12 @@ inline double hysteresisSwitch(EdgeModification const& m, double* memory) {
 /// @param string state of the nodestring, ten values; @param length,lengthOther [m]
 /// @param time [s]; @param memory what a switch remembers from step to step, 0 at the start
 /// @param boundary boundary record, seven values; only the one at the write position changes
-inline void edge_modification(int const* info, double const* string, double const* /*stringOther*/,
-                              double const* length, double const* lengthOther, double const* time,
+inline void edge_modification(const int* info, const double* string, const double* /*stringOther*/,
+                              const double* length, const double* lengthOther, const double* time,
                               double* memory, double* boundary) {
-  EdgeModification const m{info + 2, string, length[0], lengthOther[0], time[0], boundary};
+  const EdgeModification m{info + 2, string, length[0], lengthOther[0], time[0], boundary};
   double* const D = boundary;
-  int const w = info[1];
+  const int w = info[1];
   // clang-format off
   switch (info[0]) {
     case 1:

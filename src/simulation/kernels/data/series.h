@@ -16,12 +16,12 @@ inline constexpr int SERIES_VALUES = 12000;
 
 /// Index of the first of `points` pairs whose x lies above the given one or is the end mark;
 /// `points` if there is none.
-inline std::ptrdiff_t firstPointAbove(double const* row, std::ptrdiff_t points, double x) {
+inline std::ptrdiff_t firstPointAbove(const double* row, std::ptrdiff_t points, double x) {
   std::ptrdiff_t low = 0;
   std::ptrdiff_t high = points;
   while (high != low) {
-    std::ptrdiff_t const middle = (high + low) / 2;
-    double const xm = row[2 * middle];
+    const std::ptrdiff_t middle = (high + low) / 2;
+    const double xm = row[2 * middle];
     if (xm == MISSING_VALUE || xm > x) {
       high = middle;
     } else {
@@ -35,13 +35,13 @@ inline std::ptrdiff_t firstPointAbove(double const* row, std::ptrdiff_t points, 
 /// @param row the pairs; the first one must be a point, and an x behind the last point needs an
 ///   end mark within the row
 /// @param size number of values in use, 2 to SERIES_VALUES
-inline double seriesValue(double const* row, int size, double x) {
+inline double seriesValue(const double* row, int size, double x) {
   if (row[0] >= x) return row[1];
-  double const* const right = row + 2 * firstPointAbove(row, size / 2, x);
-  double const* const left = right - 2;
+  const double* const right = row + 2 * firstPointAbove(row, size / 2, x);
+  const double* const left = right - 2;
   if (right[0] == MISSING_VALUE) return left[1];
-  double const dx = right[0] - left[0];
-  double const dy = right[1] - left[1];
+  const double dx = right[0] - left[0];
+  const double dy = right[1] - left[1];
   return (x - left[0]) * (inverseOfAbsolute(dx) * dy) + left[1];
 }
 

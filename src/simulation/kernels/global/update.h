@@ -18,27 +18,27 @@ namespace kernels::global {
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]; @param wetted out: 1 or 0
 /// @param massKept 0 if the depth of this cell is negative, else 1: each cell replaces the verdict
 ///   of the one before, so the flag tells only about the last cell of the loop
-inline void update(int const* cell, double const* dt, int const* morphology, double const* area,
-                   double const* const* length, double const* const* fluxHy,
-                   double const* const* fluxMo, int const* sign, double* state, double* bed,
+inline void update(const int* cell, const double* dt, const int* morphology, const double* area,
+                   const double* const* length, const double* const* fluxHy,
+                   const double* const* fluxMo, const int* sign, double* state, double* bed,
                    int* wetted, int* massKept) {
-  double const r = dt[0] / area[0];
-  double const L0 = length[0][0];
-  double const L1 = length[1][0];
-  double const L2 = length[2][0];
-  double const* const F0 = fluxHy[0];
-  double const* const F1 = fluxHy[1];
-  double const* const F2 = fluxHy[2];
+  const double r = dt[0] / area[0];
+  const double L0 = length[0][0];
+  const double L1 = length[1][0];
+  const double L2 = length[2][0];
+  const double* const F0 = fluxHy[0];
+  const double* const F1 = fluxHy[1];
+  const double* const F2 = fluxHy[2];
 
   state[1] -= r * (((F0[2 - sign[0]] * L0 + 0.0) + F1[2 - sign[1]] * L1) + F2[2 - sign[2]] * L2);
   state[2] -= r * (((F0[3 - sign[0]] * L0 + 0.0) + F1[3 - sign[1]] * L1) + F2[3 - sign[2]] * L2);
   if (morphology[0] == 1) {
-    double const M0 = fluxMo[0][0];
-    double const M1 = fluxMo[1][0];
-    double const M2 = fluxMo[2][0];
-    double const s0 = L0 * sign[0];
-    double const s1 = L1 * sign[1];
-    double const s2 = L2 * sign[2];
+    const double M0 = fluxMo[0][0];
+    const double M1 = fluxMo[1][0];
+    const double M2 = fluxMo[2][0];
+    const double s0 = L0 * sign[0];
+    const double s1 = L1 * sign[1];
+    const double s2 = L2 * sign[2];
     state[0] -= r * (s0 * (F0[0] + M0) + s1 * (F1[0] + M1) + s2 * (F2[0] + M2));
     bed[0] -= r * (s0 * M0 + s1 * M1 + s2 * M2);
   } else {
@@ -46,8 +46,8 @@ inline void update(int const* cell, double const* dt, int const* morphology, dou
         r * ((L0 * (sign[0] * F0[0]) + 0.0 + L1 * (sign[1] * F1[0])) + L2 * (sign[2] * F2[0]));
   }
 
-  double const h = state[0] - bed[0];
-  bool const kept = hydraulics::settle(h, state, wetted);
+  const double h = state[0] - bed[0];
+  const bool kept = hydraulics::settle(h, state, wetted);
   if (!kept) reportMassBalance(h, cell);
   massKept[0] = kept ? 1 : 0;
 }

@@ -19,125 +19,125 @@ namespace kernels::hydraulics {
 
 /// What a boundary edge knows; the arguments of the kernel under their names.
 struct BoundaryEdge {
-  double const* normal;     ///< {nx, ny}
+  const double* normal;     ///< {nx, ny}
   double sign;              ///< orientation of the nodestring against the edge, +1 or -1
-  double const* D;          ///< boundary record, seven values
-  double const* stateLeft;  ///< {H, qx, qy} [m, m2/s]
-  double const* stateRight;
-  double const* bedLeft;  ///< z [m]
-  double const* bedRight;
-  double const* chezy;  ///< squared Chezy value of the left cell; null without friction
-  double const* size;   ///< characteristic size [m]
+  const double* D;          ///< boundary record, seven values
+  const double* stateLeft;  ///< {H, qx, qy} [m, m2/s]
+  const double* stateRight;
+  const double* bedLeft;  ///< z [m]
+  const double* bedRight;
+  const double* chezy;  ///< squared Chezy value of the left cell; null without friction
+  const double* size;   ///< characteristic size [m]
   BoundaryCell cell;    ///< the left cell
 };
 
 /// Runs the Riemann solver of the left cell against a state on the other side. Wet flags come from
 /// the depths: the flags of the cells are not at hand here.
-inline void solveAgainst(BoundaryEdge const& edge, double const* state, double const* bed,
+inline void solveAgainst(const BoundaryEdge& edge, const double* state, const double* bed,
                          bool wetRight, double* flux) {
-  int const wetLeft = edge.cell.h > real(ParameterID::MinWaterDepth) ? 1 : 0;
-  int const wet = wetRight ? 1 : 0;
+  const int wetLeft = edge.cell.h > real(ParameterID::MinWaterDepth) ? 1 : 0;
+  const int wet = wetRight ? 1 : 0;
   hydrodynamic_solver(edge.normal, edge.stateLeft, edge.bedLeft, &wetLeft, state, bed, &wet, flux);
 }
 
 /// Code 100: the depth at the boundary is the normal depth where the cell is dry or supercritical.
-inline void inflowAtNormalDepth(BoundaryEdge const& edge, double* flux) {
-  double const v = edge.sign * edge.D[2];
+inline void inflowAtNormalDepth(const BoundaryEdge& edge, double* flux) {
+  const double v = edge.sign * edge.D[2];
   if (!(v < 0.0)) return wallFlux(edge.normal, edge.cell, flux);
-  bool const normal =
+  const bool normal =
       edge.cell.h < real(ParameterID::MinWaterDepth) || froudeNumber(edge.cell) > 1.0;
-  double const depth = normal ? normalDepth(v, edge.chezy[0], edge.D[1]) : edge.cell.h;
+  const double depth = normal ? normalDepth(v, edge.chezy[0], edge.D[1]) : edge.cell.h;
   flowThrough(edge.normal, edge.cell, v, depth, 0.0, flux);
 }
 
 /// Code 102: from a Froude number of 1 on, the depth follows from it.
-inline void inflowAtFroudeNumber(BoundaryEdge const& edge, double* flux) {
-  double const v = edge.sign * edge.D[2];
+inline void inflowAtFroudeNumber(const BoundaryEdge& edge, double* flux) {
+  const double v = edge.sign * edge.D[2];
   if (!(v < 0.0)) return wallFlux(edge.normal, edge.cell, flux);
-  double const F = edge.D[1];
-  double const depth =
+  const double F = edge.D[1];
+  const double depth =
       F >= 1.0 ? std::cbrt(v * v / (F * (F * real(ParameterID::Gravity)))) : edge.cell.h;
   flowThrough(edge.normal, edge.cell, v, depth, 0.0, flux);
 }
 
 /// Code 104: a ghost cell down the slope D[0], at normal depth unless the flow is supercritical.
-inline void outflowOverSlope(BoundaryEdge const& edge, double* flux) {
-  BoundaryCell const& cell = edge.cell;
+inline void outflowOverSlope(const BoundaryEdge& edge, double* flux) {
+  const BoundaryCell& cell = edge.cell;
   if (!(cell.qn > 0.0)) return wallFlux(edge.normal, cell, flux);
-  double const hmin = real(ParameterID::MinWaterDepth);
+  const double hmin = real(ParameterID::MinWaterDepth);
   double depth = cell.h;
   if (!(cell.h < hmin) && !(froudeNumber(cell) > 1.0)) {
     depth = normalDepth(cell.q, edge.chezy[0], edge.D[0]);
   }
-  double const ghostBed = cell.z - edge.D[0] * edge.size[0];
-  std::array<double, 3> const ghost{depth + ghostBed, edge.stateLeft[1], edge.stateLeft[2]};
+  const double ghostBed = cell.z - edge.D[0] * edge.size[0];
+  const std::array<double, 3> ghost{depth + ghostBed, edge.stateLeft[1], edge.stateLeft[2]};
   solveAgainst(edge, ghost.data(), &ghostBed, ghost[0] - ghostBed > hmin, flux);
 }
 
 /// Codes 106, 108, 323, 325: outflow at the velocity D[3].
-inline void outflowWithPressureOnly(BoundaryEdge const& edge, double* flux) {
-  double const v = edge.sign * edge.D[3];
+inline void outflowWithPressureOnly(const BoundaryEdge& edge, double* flux) {
+  const double v = edge.sign * edge.D[3];
   if (!(v > 0.0)) return wallFlux(edge.normal, edge.cell, flux);
   flowWithPressureOnly(edge.normal, edge.cell, v * edge.cell.h, flux);
 }
 
 /// Codes 110, 327 (velocity in D[1]) and 329 (in D[5]).
-inline void outflowWithMomentum(BoundaryEdge const& edge, double velocity, double* flux) {
-  double const v = edge.sign * velocity;
+inline void outflowWithMomentum(const BoundaryEdge& edge, double velocity, double* flux) {
+  const double v = edge.sign * velocity;
   if (!(v > 0.0)) return wallFlux(edge.normal, edge.cell, flux);
   flowAtCellDepth(edge.normal, edge.cell, v * edge.cell.h, flux);
 }
 
 /// Code 112: what the cell holds flows out.
-inline void freeOutflow(BoundaryEdge const& edge, double* flux) {
+inline void freeOutflow(const BoundaryEdge& edge, double* flux) {
   if (!(edge.cell.qn > 0.0)) return wallFlux(edge.normal, edge.cell, flux);
   flowAtCellDepth(edge.normal, edge.cell, edge.cell.qn, flux);
 }
 
 /// Code 114: the level D[0] outside; water comes in only if D[1] is 1.
-inline void imposedLevel(BoundaryEdge const& edge, double* flux) {
-  BoundaryCell const& cell = edge.cell;
-  double const hmin = real(ParameterID::MinWaterDepth);
-  bool const outflow = cell.qn > 0.0;
+inline void imposedLevel(const BoundaryEdge& edge, double* flux) {
+  const BoundaryCell& cell = edge.cell;
+  const double hmin = real(ParameterID::MinWaterDepth);
+  const bool outflow = cell.qn > 0.0;
   if (edge.D[0] - cell.z > hmin) {
     if (!outflow && edge.D[1] != 1.0) return wallFlux(edge.normal, cell, flux);
-    std::array<double, 3> const ghost{edge.D[0], outflow ? edge.stateLeft[1] : 0.0,
+    const std::array<double, 3> ghost{edge.D[0], outflow ? edge.stateLeft[1] : 0.0,
                                       outflow ? edge.stateLeft[2] : 0.0};
     return solveAgainst(edge, ghost.data(), edge.bedLeft, true, flux);
   }
   if (!outflow) return wallFlux(edge.normal, cell, flux);
-  std::array<double, 3> const ghost{cell.z, edge.stateLeft[1], edge.stateLeft[2]};
+  const std::array<double, 3> ghost{cell.z, edge.stateLeft[1], edge.stateLeft[2]};
   solveAgainst(edge, ghost.data(), edge.bedLeft, 0.0 > hmin, flux);
 }
 
 /// Code 331: outflow only, against the level D[0].
-inline void outflowAgainstLevel(BoundaryEdge const& edge, double* flux) {
-  BoundaryCell const& cell = edge.cell;
+inline void outflowAgainstLevel(const BoundaryEdge& edge, double* flux) {
+  const BoundaryCell& cell = edge.cell;
   if (!(cell.qn > 0.0)) return wallFlux(edge.normal, cell, flux);
-  std::array<double, 3> const ghost{edge.D[0], edge.stateLeft[1], edge.stateLeft[2]};
+  const std::array<double, 3> ghost{edge.D[0], edge.stateLeft[1], edge.stateLeft[2]};
   solveAgainst(edge, ghost.data(), edge.bedLeft,
                edge.D[0] - cell.z > real(ParameterID::MinWaterDepth), flux);
 }
 
 /// Codes 322, 324: inflow by the velocity D[3] and the depth D[4].
-inline void inflowByVelocityAndDepth(BoundaryEdge const& edge, double* flux) {
-  double const v = edge.sign * edge.D[3];
+inline void inflowByVelocityAndDepth(const BoundaryEdge& edge, double* flux) {
+  const double v = edge.sign * edge.D[3];
   if (!(v < 0.0)) return wallFlux(edge.normal, edge.cell, flux);
   flowAtCellDepth(edge.normal, edge.cell, v * edge.D[4], flux);
 }
 
 /// Codes 326, 328, 330: an inflow that brings mass only, if `test` says that it comes in.
-inline void inflowOfMass(BoundaryEdge const& edge, double test, double mass, double* flux) {
+inline void inflowOfMass(const BoundaryEdge& edge, double test, double mass, double* flux) {
   if (!(test < 0.0)) return wallFlux(edge.normal, edge.cell, flux);
   flowWithPressureOnly(edge.normal, edge.cell, mass, flux);
 }
 
 /// Codes 220 and the shut 216 and 218: each cell feels its own pressure.
-inline void innerWall(BoundaryEdge const& edge, double* flux) {
-  double const nx = edge.normal[0];
-  double const ny = edge.normal[1];
-  double const left = hydrostaticPressure(edge.cell.H, edge.cell.z);
-  double const right = hydrostaticPressure(edge.stateRight[0], edge.bedRight[0]);
+inline void innerWall(const BoundaryEdge& edge, double* flux) {
+  const double nx = edge.normal[0];
+  const double ny = edge.normal[1];
+  const double left = hydrostaticPressure(edge.cell.H, edge.cell.z);
+  const double right = hydrostaticPressure(edge.stateRight[0], edge.bedRight[0]);
   flux[0] = 0.0;
   flux[1] = nx * left;
   flux[2] = ny * left;
@@ -147,26 +147,26 @@ inline void innerWall(BoundaryEdge const& edge, double* flux) {
 
 /// Code 216: transfer at the velocity D[1]. The upstream cell loses the advected momentum, the
 /// downstream cell feels its own pressure alone.
-inline void innerTransfer(BoundaryEdge const& edge, double* flux) {
-  double const nx = edge.normal[0];
-  double const ny = edge.normal[1];
-  double const v = edge.sign * edge.D[1];
+inline void innerTransfer(const BoundaryEdge& edge, double* flux) {
+  const double nx = edge.normal[0];
+  const double ny = edge.normal[1];
+  const double v = edge.sign * edge.D[1];
   innerWall(edge, flux);
   if (edge.sign > 0.0) {
-    BoundaryCell const& left = edge.cell;
-    double const Q = v * left.h;
-    double const i = inverseWetDepth(left.h);
-    double const P = Q * Q * i + hydrostaticPressure(left.h + left.z, left.z);
-    double const T = Q * left.qt * i;
+    const BoundaryCell& left = edge.cell;
+    const double Q = v * left.h;
+    const double i = inverseWetDepth(left.h);
+    const double P = Q * Q * i + hydrostaticPressure(left.h + left.z, left.z);
+    const double T = Q * left.qt * i;
     flux[0] = Q;
     flux[1] = nx * P - ny * T;
     flux[2] = ny * P + nx * T;
   } else {
-    BoundaryCell const right = boundaryCell(edge.normal, edge.stateRight, edge.bedRight[0]);
-    double const Q = v * right.h;
-    double const i = inverseWetDepth(right.h);
-    double const P = Q * Q * i + hydrostaticPressure(right.h + right.z, right.z);
-    double const T = Q * right.qt * i;
+    const BoundaryCell right = boundaryCell(edge.normal, edge.stateRight, edge.bedRight[0]);
+    const double Q = v * right.h;
+    const double i = inverseWetDepth(right.h);
+    const double P = Q * Q * i + hydrostaticPressure(right.h + right.z, right.z);
+    const double T = Q * right.qt * i;
     flux[0] = Q;
     flux[3] = -nx * P + ny * T;
     flux[4] = -ny * P - nx * T;
@@ -174,8 +174,8 @@ inline void innerTransfer(BoundaryEdge const& edge, double* flux) {
 }
 
 /// Code 218: an open gate is an edge like any other.
-inline void innerGate(BoundaryEdge const& edge, double* flux) {
-  double const depthRight = edge.stateRight[0] - edge.bedRight[0];
+inline void innerGate(const BoundaryEdge& edge, double* flux) {
+  const double depthRight = edge.stateRight[0] - edge.bedRight[0];
   solveAgainst(edge, edge.stateRight, edge.bedRight, depthRight > real(ParameterID::MinWaterDepth),
                flux);
 }
@@ -183,16 +183,16 @@ inline void innerGate(BoundaryEdge const& edge, double* flux) {
 /// @param type {type code, orientation sign}; @param D boundary record, seven values
 /// @param chezy null without friction; codes 100 and 104 need it for a normal depth
 /// @param flux out: five components as those of hydrodynamic_solver
-inline void boundary(int const* type, double const* D, double const* normal,
-                     double const* stateLeft, double const* stateRight, double const* bedLeft,
-                     double const* bedRight, double const* chezy, double const* size,
+inline void boundary(const int* type, const double* D, const double* normal,
+                     const double* stateLeft, const double* stateRight, const double* bedLeft,
+                     const double* bedRight, const double* chezy, const double* size,
                      double* flux) {
-  BoundaryEdge const edge{normal,     static_cast<double>(type[1]),
+  const BoundaryEdge edge{normal,     static_cast<double>(type[1]),
                           D,          stateLeft,
                           stateRight, bedLeft,
                           bedRight,   chezy,
                           size,       boundaryCell(normal, stateLeft, bedLeft[0])};
-  bool const open = D[1] > 0.0;
+  const bool open = D[1] > 0.0;
   // clang-format off
   switch (type[0]) {
     case 100: return inflowAtNormalDepth(edge, flux);

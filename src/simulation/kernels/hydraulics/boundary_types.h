@@ -19,9 +19,9 @@ struct BoundaryCell {
   double q;       ///< magnitude of the specific discharge [m2/s]
 };
 
-inline BoundaryCell boundaryCell(double const* normal, double const* state, double bed) {
-  double const qx = state[1];
-  double const qy = state[2];
+inline BoundaryCell boundaryCell(const double* normal, const double* state, double bed) {
+  const double qx = state[1];
+  const double qy = state[2];
   return {state[0],
           bed,
           state[0] - bed,
@@ -41,8 +41,8 @@ inline double inverseWetDepth(double h) {
 }
 
 /// Froude number of the cell; 0 where celerity times depth vanishes.
-inline double froudeNumber(BoundaryCell const& cell) {
-  double const c = std::sqrt(real(ParameterID::Gravity) * fmax(cell.h, 0.0));
+inline double froudeNumber(const BoundaryCell& cell) {
+  const double c = std::sqrt(real(ParameterID::Gravity) * fmax(cell.h, 0.0));
   return cell.q * inverse(c * cell.h);
 }
 
@@ -54,7 +54,7 @@ inline double normalDepth(double discharge, double chezySquared, double slope) {
 
 /// Flux that only the left cell feels.
 /// @param mass [m2/s]; @param normalMomentum,tangentialMomentum [m3/s2]
-inline void oneSidedFlux(double const* normal, double mass, double normalMomentum,
+inline void oneSidedFlux(const double* normal, double mass, double normalMomentum,
                          double tangentialMomentum, double* flux) {
   flux[0] = mass;
   flux[1] = normal[0] * normalMomentum - normal[1] * tangentialMomentum;
@@ -64,27 +64,27 @@ inline void oneSidedFlux(double const* normal, double mass, double normalMomentu
 }
 
 /// A wall: nothing but the pressure of the cell.
-inline void wallFlux(double const* normal, BoundaryCell const& cell, double* flux) {
+inline void wallFlux(const double* normal, const BoundaryCell& cell, double* flux) {
   oneSidedFlux(normal, 0.0, hydrostaticPressure(cell.H, cell.z), 0.0, flux);
 }
 
 /// Mass flux with the momentum that a depth at the boundary gives it.
 /// @param depth depth at the boundary [m]
-inline void flowThrough(double const* normal, BoundaryCell const& cell, double mass, double depth,
+inline void flowThrough(const double* normal, const BoundaryCell& cell, double mass, double depth,
                         double tangentialMomentum, double* flux) {
-  double const pressure =
+  const double pressure =
       mass * mass * inverseWetDepth(depth) + hydrostaticPressure(depth + cell.z, cell.z);
   oneSidedFlux(normal, mass, pressure, tangentialMomentum, flux);
 }
 
 /// Mass flux that carries the tangential velocity of the cell and takes its depth.
-inline void flowAtCellDepth(double const* normal, BoundaryCell const& cell, double mass,
+inline void flowAtCellDepth(const double* normal, const BoundaryCell& cell, double mass,
                             double* flux) {
   flowThrough(normal, cell, mass, cell.h, mass * cell.qt * inverseWetDepth(cell.h), flux);
 }
 
 /// Mass flux against the pressure of the cell, without momentum of its own.
-inline void flowWithPressureOnly(double const* normal, BoundaryCell const& cell, double mass,
+inline void flowWithPressureOnly(const double* normal, const BoundaryCell& cell, double mass,
                                  double* flux) {
   oneSidedFlux(normal, mass, hydrostaticPressure(cell.H, cell.z), 0.0, flux);
 }

@@ -19,14 +19,14 @@ namespace kernels::hydraulics {
 /// FrictionType 1: C = d^(1/3) / (g n^2).
 /// @param depth [m]; @param n Manning's value [s/m^(1/3)]
 inline double chezyManning(double depth, double n) {
-  double const rootOfDepth = std::cbrt(fmax(depth, real(ParameterID::MinWaterDepth)));
+  const double rootOfDepth = std::cbrt(fmax(depth, real(ParameterID::MinWaterDepth)));
   return real(ParameterID::InvGravity) * rootOfDepth * inverse(n) * inverse(n);
 }
 
 /// FrictionType 2: C = k^2 d^(1/3) / g.
 /// @param depth [m]; @param k Strickler's value [m^(1/3)/s]
 inline double chezyStrickler(double depth, double k) {
-  double const rootOfDepth = std::cbrt(fmax(depth, real(ParameterID::MinWaterDepth)));
+  const double rootOfDepth = std::cbrt(fmax(depth, real(ParameterID::MinWaterDepth)));
   return real(ParameterID::InvGravity) * rootOfDepth * k * k;
 }
 
@@ -34,7 +34,7 @@ inline double chezyStrickler(double depth, double k) {
 /// @param depth [m]; @param ks equivalent sand roughness [m]
 inline double chezyLogarithmic(double depth, double ks) {
   if (!(depth > ks)) return 38.505650853010394;
-  double const root = 5.75 * std::log10(12.0 * depth * inverse(ks));
+  const double root = 5.75 * std::log10(12.0 * depth * inverse(ks));
   return root * root;
 }
 
@@ -42,14 +42,14 @@ inline double chezyLogarithmic(double depth, double ks) {
 /// 0.5; below that, C = 2.25.
 /// @param depth [m]; @param ks equivalent sand roughness [m]
 inline double chezyRoughLayer(double depth, double ks) {
-  double const y = inverse(ks) * depth;
-  double const profile = std::log(y) + 2.388762789;
+  const double y = inverse(ks) * depth;
+  const double profile = std::log(y) + 2.388762789;
   if (y > 2.0) {
-    double const root = 2.5 * std::sqrt(1.0 - inverse(depth) * ks) * profile;
+    const double root = 2.5 * std::sqrt(1.0 - inverse(depth) * ks) * profile;
     return root * root;
   }
   if (y >= 0.5) {
-    double const root = 1.25 * std::sqrt(y) * profile;
+    const double root = 1.25 * std::sqrt(y) * profile;
     return root * root;
   }
   return 2.25;

@@ -18,22 +18,22 @@ namespace kernels::hydraulics {
 /// @param dt time step [s]; @param bed z [m]
 /// @param roughness friction value of the cell, in the closure's own unit
 /// @param chezy out: squared Chezy value C [-]; @param state {H, qx, qy} [m, m2/s]; H stays
-inline void friction(double const* dt, double const* bed, double const* roughness, double* chezy,
+inline void friction(const double* dt, const double* bed, const double* roughness, double* chezy,
                      double* state) {
-  double const h = state[0] - bed[0];
+  const double h = state[0] - bed[0];
   chezy[0] = chezySquared(h, roughness[0]);
 
-  double const qx = state[1];
-  double const qy = state[2];
-  double const B = chezy[0] * h * h;
+  const double qx = state[1];
+  const double qy = state[2];
+  const double B = chezy[0] * h * h;
 
-  double const q = std::sqrt(qx * qx + qy * qy);
-  double const a = q * inverse(2.0 * dt[0] * q + B);
-  double const qxp = qx - a * qx * (dt[0] / 2.0);
-  double const qyp = qy - a * qy * (dt[0] / 2.0);
+  const double q = std::sqrt(qx * qx + qy * qy);
+  const double a = q * inverse(2.0 * dt[0] * q + B);
+  const double qxp = qx - a * qx * (dt[0] / 2.0);
+  const double qyp = qy - a * qy * (dt[0] / 2.0);
 
-  double const qp = std::sqrt(qxp * qxp + qyp * qyp);
-  double const b = qp * inverse(B + 2.0 * dt[0] * qp);
+  const double qp = std::sqrt(qxp * qxp + qyp * qyp);
+  const double b = qp * inverse(B + 2.0 * dt[0] * qp);
   state[1] = qx - dt[0] * b * qxp;
   state[2] = qy - dt[0] * b * qyp;
 }

@@ -38,14 +38,14 @@ struct EdgeFlux {
 
 /// Hydrostatic reconstruction of one side.
 /// @param zf the higher of the two beds [m]
-inline EdgeState reconstruct(double const* normal, double const* state, double bed, bool wet,
+inline EdgeState reconstruct(const double* normal, const double* state, double bed, bool wet,
                              double zf) {
-  double const h = fmax(0.0, state[0] - zf);
-  bool const active = h >= real(ParameterID::MinWaterDepth);
-  double const scale = wet ? h / (state[0] - bed) : 0.0;
-  double const qn = (state[1] * normal[0] + state[2] * normal[1]) * scale;
-  double const qt = (state[2] * normal[0] - state[1] * normal[1]) * scale;
-  double const inverse_h = active ? 1.0 / h : 0.0;
+  const double h = fmax(0.0, state[0] - zf);
+  const bool active = h >= real(ParameterID::MinWaterDepth);
+  const double scale = wet ? h / (state[0] - bed) : 0.0;
+  const double qn = (state[1] * normal[0] + state[2] * normal[1]) * scale;
+  const double qt = (state[2] * normal[0] - state[1] * normal[1]) * scale;
+  const double inverse_h = active ? 1.0 / h : 0.0;
   return {active,
           h,
           qn,
@@ -57,51 +57,51 @@ inline EdgeState reconstruct(double const* normal, double const* state, double b
 }
 
 /// The same side seen against the normal.
-inline EdgeState mirrored(EdgeState const& side) {
+inline EdgeState mirrored(const EdgeState& side) {
   return {side.active, side.h, -side.qn, -side.qt, side.inverse_h, -side.u, -side.v, side.c};
 }
 
 /// Factor on the celerity of a wave: above 1 for a shock, 1 for a rarefaction.
-inline double waveFactor(EdgeState const& side, double starDepth) {
+inline double waveFactor(const EdgeState& side, double starDepth) {
   if (side.h >= starDepth) return 1.0;
   return std::sqrt((side.h + starDepth) * (0.5 * starDepth) * side.inverse_h * side.inverse_h);
 }
 
 /// Physical flux of one side, with the pressure against the reference bed zs.
-inline EdgeFlux sideFlux(EdgeState const& side, double surface, double zs) {
-  double const mass = side.h * side.u;
-  double const pressure = real(ParameterID::Gravity) * surface * (0.5 * surface - zs);
+inline EdgeFlux sideFlux(const EdgeState& side, double surface, double zs) {
+  const double mass = side.h * side.u;
+  const double pressure = real(ParameterID::Gravity) * surface * (0.5 * surface - zs);
   return {mass, pressure + side.u * mass, side.v * mass};
 }
 
 /// Flux of the star region behind the wave of speed S. The jump is taken against the scaled
 /// discharges of the side: below MinWaterDepth they differ from h u.
-inline EdgeFlux starFlux(EdgeState const& side, EdgeFlux const& flux, double surface, double zs,
+inline EdgeFlux starFlux(const EdgeState& side, const EdgeFlux& flux, double surface, double zs,
                          double S, double contact) {
-  double const hk = (S - side.u) * side.h * inverseOfAbsolute(S - contact);
+  const double hk = (S - side.u) * side.h * inverseOfAbsolute(S - contact);
   return {flux.mass + S * (zs + hk - surface), flux.normal + S * (contact * hk - side.qn),
           flux.tangential + S * (hk * side.v - side.qt)};
 }
 
 /// HLLC flux from side L to side R along the normal.
 /// @param zs reference bed of the problem [m]
-inline EdgeFlux hllc(EdgeState const& L, EdgeState const& R, double zs) {
-  double const surfaceL = L.h + zs;
-  double const surfaceR = R.h + zs;
-  double const r = inverse(L.c + R.c);
-  double const starDepth = 0.5 * (L.h + R.h) - 0.25 * (R.u - L.u) * (L.h + R.h) * r;
-  double const SL = L.active ? L.u - L.c * waveFactor(L, starDepth) : R.u - 2.0 * R.c;
-  double const SR = R.active ? R.u + R.c * waveFactor(R, starDepth) : L.u + 2.0 * L.c;
+inline EdgeFlux hllc(const EdgeState& L, const EdgeState& R, double zs) {
+  const double surfaceL = L.h + zs;
+  const double surfaceR = R.h + zs;
+  const double r = inverse(L.c + R.c);
+  const double starDepth = 0.5 * (L.h + R.h) - 0.25 * (R.u - L.u) * (L.h + R.h) * r;
+  const double SL = L.active ? L.u - L.c * waveFactor(L, starDepth) : R.u - 2.0 * R.c;
+  const double SR = R.active ? R.u + R.c * waveFactor(R, starDepth) : L.u + 2.0 * L.c;
 
-  EdgeFlux const fluxL = sideFlux(L, surfaceL, zs);
+  const EdgeFlux fluxL = sideFlux(L, surfaceL, zs);
   if (SL >= 0.0) return fluxL;
-  EdgeFlux const fluxR = sideFlux(R, surfaceR, zs);
+  const EdgeFlux fluxR = sideFlux(R, surfaceR, zs);
   if (SR <= 0.0) return fluxR;
 
-  double const dSL = L.u - SL;
-  double const dSR = R.u - SR;
-  double const D = R.h * dSR - L.h * dSL;
-  double const contact = (R.h * SL * dSR - L.h * SR * dSL) * inverseOfAbsolute(D);
+  const double dSL = L.u - SL;
+  const double dSR = R.u - SR;
+  const double D = R.h * dSR - L.h * dSL;
+  const double contact = (R.h * SL * dSR - L.h * SR * dSL) * inverseOfAbsolute(D);
   if (contact >= 0.0) return starFlux(L, fluxL, surfaceL, zs, SL, contact);
   return starFlux(R, fluxR, surfaceR, zs, SR, contact);
 }
@@ -114,31 +114,31 @@ inline EdgeFlux hllc(EdgeState const& L, EdgeState const& R, double zs) {
 /// @param flux out: [0] mass, positive to the right [m2/s]; [1, 2] momentum as it leaves the left
 ///   cell, [3, 4] as it leaves the right cell in that cell's own outward sense [m3/s2]. Both hold
 ///   the bed term of their cell.
-inline void hydrodynamic_solver(double const* normal, double const* stateLeft,
-                                double const* bedLeft, int const* wetLeft, double const* stateRight,
-                                double const* bedRight, int const* wetRight, double* flux) {
-  double const g = real(ParameterID::Gravity);
-  double const nx = normal[0];
-  double const ny = normal[1];
-  double const HL = stateLeft[0];
-  double const HR = stateRight[0];
-  double const zf = fmax(bedLeft[0], bedRight[0]);
-  bool const emerging = HL - zf < 0.0 || HR - zf < 0.0;
+inline void hydrodynamic_solver(const double* normal, const double* stateLeft,
+                                const double* bedLeft, const int* wetLeft, const double* stateRight,
+                                const double* bedRight, const int* wetRight, double* flux) {
+  const double g = real(ParameterID::Gravity);
+  const double nx = normal[0];
+  const double ny = normal[1];
+  const double HL = stateLeft[0];
+  const double HR = stateRight[0];
+  const double zf = fmax(bedLeft[0], bedRight[0]);
+  const bool emerging = HL - zf < 0.0 || HR - zf < 0.0;
 
-  EdgeState const left = reconstruct(normal, stateLeft, bedLeft[0], wetLeft[0] == 1, zf);
-  EdgeState const right = reconstruct(normal, stateRight, bedRight[0], wetRight[0] == 1, zf);
+  const EdgeState left = reconstruct(normal, stateLeft, bedLeft[0], wetLeft[0] == 1, zf);
+  const EdgeState right = reconstruct(normal, stateRight, bedRight[0], wetRight[0] == 1, zf);
 
-  double const zsLeft = zf - fmax(0.0, zf - HL);
-  EdgeFlux const F = hllc(left, right, zsLeft);
-  double const P =
+  const double zsLeft = zf - fmax(0.0, zf - HL);
+  const EdgeFlux F = hllc(left, right, zsLeft);
+  const double P =
       F.normal - 0.5 * g * ((left.h + zsLeft) + (right.h + zsLeft)) * (bedLeft[0] - zsLeft);
   flux[0] = F.mass;
   flux[1] = nx * P - ny * F.tangential;
   flux[2] = ny * P + nx * F.tangential;
 
-  double const zsRight = zf - fmax(0.0, zf - HR);
-  EdgeFlux const G = emerging ? hllc(mirrored(right), mirrored(left), zsRight) : F;
-  double const P2 =
+  const double zsRight = zf - fmax(0.0, zf - HR);
+  const EdgeFlux G = emerging ? hllc(mirrored(right), mirrored(left), zsRight) : F;
+  const double P2 =
       G.normal - 0.5 * g * ((left.h + zsRight) + (right.h + zsRight)) * (bedRight[0] - zsRight);
   flux[3] = nx * (-P2) - ny * (-G.tangential);
   flux[4] = ny * (-P2) + nx * (-G.tangential);

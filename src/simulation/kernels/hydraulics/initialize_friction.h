@@ -11,9 +11,9 @@ namespace kernels::hydraulics {
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]
 /// @param roughness friction value of the cell, in the closure's own unit
 /// @param chezy out: squared Chezy value [-]
-inline void initialize_friction(double const* state, double const* bed, double const* roughness,
+inline void initialize_friction(const double* state, const double* bed, const double* roughness,
                                 double* chezy) {
-  double const depth = fmax(state[0] - bed[0], real(ParameterID::MinWaterDepth));
+  const double depth = fmax(state[0] - bed[0], real(ParameterID::MinWaterDepth));
   chezy[0] = chezySquared(depth, roughness[0]);
 }
 

@@ -6,9 +6,9 @@
 namespace kernels::hydraulics {
 
 /// Arguments and units as those of hydrodynamic_solver.
-inline void internal_fluxes(double const* normal, int const* wettedLeft, int const* wettedRight,
-                            double const* stateLeft, double const* stateRight,
-                            double const* bedLeft, double const* bedRight, double* flux) {
+inline void internal_fluxes(const double* normal, const int* wettedLeft, const int* wettedRight,
+                            const double* stateLeft, const double* stateRight,
+                            const double* bedLeft, const double* bedRight, double* flux) {
   hydrodynamic_solver(normal, stateLeft, bedLeft, wettedLeft, stateRight, bedRight, wettedRight,
                       flux);
 }

@@ -12,7 +12,7 @@ namespace kernels::hydraulics {
 
 /// Height [m] that a source adds in a step; 0 for an unknown type.
 /// @param amount rate times time step [m]; @param state {H, ...} [m]; @param bed z [m]
-inline double sourceHeight(int type, double amount, double const* state, double const* bed) {
+inline double sourceHeight(int type, double amount, const double* state, const double* bed) {
   switch (type) {
     case 10:
     case 20:
@@ -33,12 +33,12 @@ inline double sourceHeight(int type, double amount, double const* state, double 
 /// @param wetted out: 1 or 0; left alone where the depth gets negative
 /// @param massKept 0 if the depth of this cell is negative, else 1: each cell replaces the verdict
 ///   of the one before, so the flag tells only about the last cell of the loop
-inline void source(double const* dt, double const* data, int const* type, double const* bed,
+inline void source(const double* dt, const double* data, const int* type, const double* bed,
                    double* state, int* wetted, int* massKept) {
   state[0] = sourceHeight(type[0], data[1] * dt[0], state, bed) + state[0];
 
-  double const h = state[0] - bed[0];
-  bool const kept = settle(h, state, wetted);
+  const double h = state[0] - bed[0];
+  const bool kept = settle(h, state, wetted);
   if (!kept) reportMassBalance(h);
   massKept[0] = kept ? 1 : 0;
 }

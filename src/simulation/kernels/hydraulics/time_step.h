@@ -13,11 +13,11 @@
 namespace kernels::hydraulics {
 
 /// Bound of one side [s]; a dry side never limits the step.
-inline double timeStepBound(double const* normal, double size, int wetted, double const* state,
+inline double timeStepBound(const double* normal, double size, int wetted, const double* state,
                             double bed) {
   if (wetted != 1) return 1e12;
-  double const h = state[0] - bed;
-  double const qn = state[1] * normal[0] + state[2] * normal[1];
+  const double h = state[0] - bed;
+  const double qn = state[1] * normal[0] + state[2] * normal[1];
   return size / (std::sqrt(real(ParameterID::Gravity) * h) + std::fabs(qn) / h + TINY);
 }
 
@@ -25,11 +25,11 @@ inline double timeStepBound(double const* normal, double size, int wetted, doubl
 /// @param wettedLeft,wettedRight 1 for a wet cell
 /// @param stateLeft,stateRight {H, qx, qy} [m, m2/s]; @param bedLeft,bedRight z [m]
 /// @param lowest running minimum of the step [s]; a NaN at one edge does not set it
-inline void time_step(double const* normal, double const* size, int const* wettedLeft,
-                      int const* wettedRight, double const* stateLeft, double const* stateRight,
-                      double const* bedLeft, double const* bedRight, double* lowest) {
-  double const left = timeStepBound(normal, size[0], wettedLeft[0], stateLeft, bedLeft[0]);
-  double const right = timeStepBound(normal, size[1], wettedRight[0], stateRight, bedRight[0]);
+inline void time_step(const double* normal, const double* size, const int* wettedLeft,
+                      const int* wettedRight, const double* stateLeft, const double* stateRight,
+                      const double* bedLeft, const double* bedRight, double* lowest) {
+  const double left = timeStepBound(normal, size[0], wettedLeft[0], stateLeft, bedLeft[0]);
+  const double right = timeStepBound(normal, size[1], wettedRight[0], stateRight, bedRight[0]);
   lowest[0] = fmin(fmin(left, right), lowest[0]);
 }
 

@@ -28,27 +28,27 @@ struct Direction {
 /// Shields parameter of the bed load formulas has g.
 /// @param q [m2/s]; @param inverse_h [1/m]; @param inverse_C2 1/C^2 [-]; @param d grain size [m]
 inline double lateralStress(double q, double inverse_h, double inverse_C2, double d) {
-  double const weight = real(ParameterID::InvGravity) * real(ParameterID::SedRelDensity) * d;
+  const double weight = real(ParameterID::InvGravity) * real(ParameterID::SedRelDensity) * d;
   return q * q * inverse_C2 * inverse_h * inverse_h * inverse(weight);
 }
 
 /// Part of the deviation that the bend of the flow causes [-].
 /// @param h depth [m]; @param curvature of the flow [1/m]
 inline double curvatureDeviation(double h, double curvature) {
-  double const on = integer(ParameterID::BedloadInts, 1) == 1 ? 1.0 : 0.0;
+  const double on = integer(ParameterID::BedloadInts, 1) == 1 ? 1.0 : 0.0;
   return real(ParameterID::BedloadCurvature) * h * curvature * on;
 }
 
 /// Part of the deviation that the slope across the flow causes [-]: downslope.
 /// @param slope dz/dn, positive where the bed rises to the left [-]; @param stress lateralStress
 inline double lateralSlopeDeviation(double slope, double stress) {
-  double const on = integer(ParameterID::BedloadInts, 0) == 1 ? 1.0 : 0.0;
+  const double on = integer(ParameterID::BedloadInts, 0) == 1 ? 1.0 : 0.0;
   return -slope * (real(ParameterID::BedloadIkeda) * inverse(std::sqrt(stress))) * on;
 }
 
 /// The flow direction turned by the angle of the given tangent.
-inline Direction turned(Direction const& flow, double tangent) {
-  double const cosine = std::sqrt(1.0 / (tangent * tangent + 1.0));
+inline Direction turned(const Direction& flow, double tangent) {
+  const double cosine = std::sqrt(1.0 / (tangent * tangent + 1.0));
   return {(flow.x - flow.y * tangent) * cosine, (flow.y + flow.x * tangent) * cosine};
 }
 

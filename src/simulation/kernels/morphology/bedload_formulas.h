@@ -39,7 +39,7 @@ struct BedloadRate {
 
 /// 1/C^2 of a cell. Without friction it is the mark of a missing value, not 0.
 /// @param friction 1 if `chezy` may be read; @param chezy squared non-dimensional Chezy value
-inline double inverseChezy(int friction, double const* chezy) {
+inline double inverseChezy(int friction, const double* chezy) {
   return friction == 1 ? inverse(chezy[0]) : MISSING_VALUE;
 }
 
@@ -50,9 +50,9 @@ inline double excess(double load, double critical) {
 
 /// Unit of the MPM capacity, A sqrt(s g d^3) [m2/s].
 inline double mpmUnit(double d) {
-  double const g = real(ParameterID::Gravity);
-  double const s = real(ParameterID::SedRelDensity);
-  double const A = real(ParameterID::BedloadCoeff);
+  const double g = real(ParameterID::Gravity);
+  const double s = real(ParameterID::SedRelDensity);
+  const double A = real(ParameterID::BedloadCoeff);
   return A * std::sqrt(d * d * d * g * s);
 }
 
@@ -61,41 +61,41 @@ inline double powerOverBase(double P, double T) {
   return T < TINY ? 0.0 : P / T;
 }
 
-inline BedloadRate grassBedload(BedloadCell const& cell) {
-  double const A = real(ParameterID::BedloadCoeff);
-  double const B = real(ParameterID::BedloadExpon);
-  double const T = excess(cell.q * cell.inverse_h, cell.critical);
-  double const P = std::pow(T, B);
+inline BedloadRate grassBedload(const BedloadCell& cell) {
+  const double A = real(ParameterID::BedloadCoeff);
+  const double B = real(ParameterID::BedloadExpon);
+  const double T = excess(cell.q * cell.inverse_h, cell.critical);
+  const double P = std::pow(T, B);
   return {A * P, A * B * powerOverBase(P, T) * cell.inverse_h};
 }
 
-inline BedloadRate powerLawBedload(BedloadCell const& cell) {
-  double const ig = real(ParameterID::InvGravity);
-  double const s = real(ParameterID::SedRelDensity);
-  double const icc = cell.inverse_C2;
-  double const ih = cell.inverse_h;
-  double const q = cell.q;
-  double const E = ig * (0.05 * ig) * std::sqrt(s) * inverse(cell.d);
-  double const Ec = icc * E * std::sqrt(icc);
+inline BedloadRate powerLawBedload(const BedloadCell& cell) {
+  const double ig = real(ParameterID::InvGravity);
+  const double s = real(ParameterID::SedRelDensity);
+  const double icc = cell.inverse_C2;
+  const double ih = cell.inverse_h;
+  const double q = cell.q;
+  const double E = ig * (0.05 * ig) * std::sqrt(s) * inverse(cell.d);
+  const double Ec = icc * E * std::sqrt(icc);
   return {Ec * (q * q) * ih * ih * ih * ih * ih, Ec * ((q + q) * ih * ih * ih * ih * ih)};
 }
 
-inline BedloadRate mpmBedload(BedloadCell const& cell) {
-  double const ig = real(ParameterID::InvGravity);
-  double const s = real(ParameterID::SedRelDensity);
-  double const B = real(ParameterID::BedloadExpon);
-  double const ih = cell.inverse_h;
-  double const q = cell.q;
-  double const K1 = cell.inverse_C2 * ig / (s * cell.d);
-  double const K2 = (q + q) * ih * ih;
-  double const T = excess(q * q * ih * ih * K1, cell.critical);
-  double const P = std::pow(T, B);
-  double const A1 = mpmUnit(cell.d);
+inline BedloadRate mpmBedload(const BedloadCell& cell) {
+  const double ig = real(ParameterID::InvGravity);
+  const double s = real(ParameterID::SedRelDensity);
+  const double B = real(ParameterID::BedloadExpon);
+  const double ih = cell.inverse_h;
+  const double q = cell.q;
+  const double K1 = cell.inverse_C2 * ig / (s * cell.d);
+  const double K2 = (q + q) * ih * ih;
+  const double T = excess(q * q * ih * ih * K1, cell.critical);
+  const double P = std::pow(T, B);
+  const double A1 = mpmUnit(cell.d);
   return {A1 * P, A1 * B * powerOverBase(P, T) * K1 * K2};
 }
 
 /// The formula that BeadloadType names.
-inline BedloadRate bedload(BedloadCell const& cell) {
+inline BedloadRate bedload(const BedloadCell& cell) {
   // clang-format off
   switch (integer(ParameterID::BeadloadType)) {
     case GRASS_FORM: return grassBedload(cell);

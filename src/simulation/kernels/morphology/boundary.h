@@ -18,13 +18,13 @@ namespace kernels::morphology {
 /// What a boundary edge and its cell know.
 struct BoundaryEdge {
   double sign;          ///< orientation of the stored value, +1 or -1
-  double const* D;      ///< boundary record, of which D[0] and D[1] count
+  const double* D;      ///< boundary record, of which D[0] and D[1] count
   double dt;            ///< time step [s]
   double length;        ///< of the edge [m]
   double area;          ///< of the cell [m2]
   double z;             ///< bed of the cell [m]
   double h;             ///< depth of the cell [m]
-  double const* chezy;  ///< squared Chezy value of the cell; null without friction
+  const double* chezy;  ///< squared Chezy value of the cell; null without friction
 };
 
 /// From a volume of grains to one of bed, with the calibration factor of the formulas.
@@ -33,43 +33,43 @@ inline double bedVolume(double flux) {
 }
 
 /// Conveyance per unit of width at the cell, h sqrt(C h) with C the squared Chezy value.
-inline double conveyance(BoundaryEdge const& edge) {
+inline double conveyance(const BoundaryEdge& edge) {
   return edge.h * std::sqrt(edge.chezy[0] * edge.h);
 }
 
 /// Code 400: what lifts the cell to the elevation D[0] in one step.
-inline double raiseTo(BoundaryEdge const& edge) {
+inline double raiseTo(const BoundaryEdge& edge) {
   if (edge.z >= edge.D[0]) return 0.0;
   return -(edge.D[0] - edge.z) * edge.area / (edge.dt * edge.length);
 }
 
 /// Code 402: what lowers the cell to the elevation D[0] in one step.
-inline double lowerTo(BoundaryEdge const& edge) {
+inline double lowerTo(const BoundaryEdge& edge) {
   if (edge.D[0] >= edge.z) return 0.0;
   return (edge.z - edge.D[0]) * edge.area / (edge.dt * edge.length);
 }
 
 /// Code 404: the inflow D[1]. An outflow is never let through.
-inline double givenInflow(BoundaryEdge const& edge) {
-  double const v = edge.sign * edge.D[1];
+inline double givenInflow(const BoundaryEdge& edge) {
+  const double v = edge.sign * edge.D[1];
   return v >= 0.0 ? 0.0 : bedVolume(v);
 }
 
 /// Code 406: D[1] counts per unit of depth.
-inline double givenInflowByDepth(BoundaryEdge const& edge) {
-  double const v = edge.sign * edge.D[1];
+inline double givenInflowByDepth(const BoundaryEdge& edge) {
+  const double v = edge.sign * edge.D[1];
   return v >= 0.0 ? 0.0 : bedVolume(edge.h * v);
 }
 
 /// Code 408: D[1] counts per unit of conveyance.
-inline double givenInflowByConveyance(BoundaryEdge const& edge) {
-  double const v = edge.sign * edge.D[1];
+inline double givenInflowByConveyance(const BoundaryEdge& edge) {
+  const double v = edge.sign * edge.D[1];
   return v >= 0.0 ? 0.0 : bedVolume(conveyance(edge) * v);
 }
 
 /// The flux of a type code [m2/s]. Shares of the capacity keep whatever sign they have.
-inline double boundaryFlux(int type, BoundaryEdge const& edge) {
-  double const* const D = edge.D;
+inline double boundaryFlux(int type, const BoundaryEdge& edge) {
+  const double* const D = edge.D;
   // clang-format off
   switch (type) {
     case 400: return raiseTo(edge);
@@ -90,11 +90,11 @@ inline double boundaryFlux(int type, BoundaryEdge const& edge) {
 /// @param state {H, qx, qy} [m, m2/s] of the cell; @param bed z of the cell [m]
 /// @param chezy null without friction; codes 408 and 414 need it
 /// @param area of the cell [m2]; @param flux out [m2/s]
-inline void boundary(double const* dt, int const* type, double const* D, double const* /*normal*/,
-                     double const* length, double const* state, double const* /*stateRight*/,
-                     double const* bed, double const* /*bedRight*/, double const* chezy,
-                     double const* area, double const* /*grainSize*/, double* flux) {
-  BoundaryEdge const edge{.sign = static_cast<double>(type[1]),
+inline void boundary(const double* dt, const int* type, const double* D, const double* /*normal*/,
+                     const double* length, const double* state, const double* /*stateRight*/,
+                     const double* bed, const double* /*bedRight*/, const double* chezy,
+                     const double* area, const double* /*grainSize*/, double* flux) {
+  const BoundaryEdge edge{.sign = static_cast<double>(type[1]),
                           .D = D,
                           .dt = dt[0],
                           .length = length[0],

@@ -19,23 +19,23 @@ namespace kernels::morphology {
 ///   critical velocity [m/s] in the Grass form
 /// @param gradient {dz/dx, dz/dy} [-]; @param curvature of the flow [1/m]
 /// @param capacity out: {qsx, qsy} [m2/s]; @param derivative out: d(qsx, qsy)/dq [-]
-inline void calc_bedload_transport(int const* friction, double const* state, double const* bed,
-                                   double const* chezy, double const* grainSize,
-                                   double const* critical, double const* gradient,
-                                   double const* curvature, double* capacity, double* derivative) {
-  double const q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
-  double const h = state[0] - bed[0];
-  double const ih = inverse(h);
-  double const icc = inverseChezy(friction[0], chezy);
-  BedloadRate const rate = bedload({q, ih, icc, grainSize[0], critical[0]});
+inline void calc_bedload_transport(const int* friction, const double* state, const double* bed,
+                                   const double* chezy, const double* grainSize,
+                                   const double* critical, const double* gradient,
+                                   const double* curvature, double* capacity, double* derivative) {
+  const double q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
+  const double h = state[0] - bed[0];
+  const double ih = inverse(h);
+  const double icc = inverseChezy(friction[0], chezy);
+  const BedloadRate rate = bedload({q, ih, icc, grainSize[0], critical[0]});
 
-  double const iq = inverse(q);
-  Direction const flow{state[1] * iq, state[2] * iq};
-  double const lateralSlope = gradient[1] * flow.x - gradient[0] * flow.y;
-  double const stress = lateralStress(q, ih, icc, grainSize[0]);
-  double const tangent =
+  const double iq = inverse(q);
+  const Direction flow{state[1] * iq, state[2] * iq};
+  const double lateralSlope = gradient[1] * flow.x - gradient[0] * flow.y;
+  const double stress = lateralStress(q, ih, icc, grainSize[0]);
+  const double tangent =
       curvatureDeviation(h, curvature[0]) + lateralSlopeDeviation(lateralSlope, stress);
-  Direction const transport = turned(flow, tangent);
+  const Direction transport = turned(flow, tangent);
 
   capacity[0] = rate.capacity * transport.x;
   capacity[1] = rate.capacity * transport.y;

@@ -24,25 +24,25 @@ inline bool leavesCell(int sign, double flux) {
 /// @param length lengths of the edges [m]
 /// @param newBed out: z' [m], before the correction
 /// @param flux bed flux per edge [m2/s]; those out of the cell are scaled, the others kept
-inline void fixed_bed_correction(int const* cell, double const* dt, double const* area,
-                                 double const* bed, double const* fixedBed, int const* sign,
-                                 double const* const* length, double* newBed, double* const* flux) {
+inline void fixed_bed_correction(const int* cell, const double* dt, const double* area,
+                                 const double* bed, const double* fixedBed, const int* sign,
+                                 const double* const* length, double* newBed, double* const* flux) {
   double net = 0.0;
   double outflow = 0.0;
   for (int k = 0; k < 3; ++k) {
-    double const share = sign[k] * flux[k][0] * length[k][0];
+    const double share = sign[k] * flux[k][0] * length[k][0];
     net += share;
     if (leavesCell(sign[k], flux[k][0])) outflow += share;
   }
-  double const r = dt[0] / area[0];
+  const double r = dt[0] / area[0];
   newBed[0] = bed[0] - net * r;
-  double const overdraft = fixedBed[0] - newBed[0];
+  const double overdraft = fixedBed[0] - newBed[0];
   if (!(overdraft > 0.0)) return;
   reportOverdraft(overdraft, cell);
 
   // A cell without outflow divides by zero and gets f = 0, with nothing to scale.
-  double const f = 1.0 - overdraft / (outflow * r);
-  double const factor = f > 1.0 ? 1.0 : fmax(0.0, f);
+  const double f = 1.0 - overdraft / (outflow * r);
+  const double factor = f > 1.0 ? 1.0 : fmax(0.0, f);
   for (int k = 0; k < 3; ++k) {
     if (leavesCell(sign[k], flux[k][0])) flux[k][0] *= factor;
   }

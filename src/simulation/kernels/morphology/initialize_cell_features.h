@@ -5,7 +5,7 @@
 namespace kernels::morphology {
 
 /// @param curvature out: of the flow [1/m]; @param gradient out: {dz/dx, dz/dy} of the bed [-]
-inline void initialize_cell_features(double const* /*bed*/, double* curvature, double* gradient) {
+inline void initialize_cell_features(const double* /*bed*/, double* curvature, double* gradient) {
   curvature[0] = 0.0;
   gradient[0] = 0.0;
   gradient[1] = 0.0;

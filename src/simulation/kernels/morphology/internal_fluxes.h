@@ -25,16 +25,16 @@ struct BedWaves {
 /// A negative radicand gives NaN for both: the other side's numbers then count.
 /// @param normal {nx, ny}; @param state {H, qx, qy} [m, m2/s]; @param bed z [m]
 /// @param derivative d(qsx, qsy)/dq [-]
-inline BedWaves bedWaves(double const* normal, double const* state, double bed,
-                         double const* derivative) {
-  double const qn = state[1] * normal[0] + state[2] * normal[1];
-  double const h = state[0] - bed;
-  double const un = inverse(h) * qn;
-  double const c = std::sqrt(h * real(ParameterID::Gravity));
-  double const q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
-  double const a = un - c;
-  double const dn = (derivative[0] * normal[0] + derivative[1] * normal[1]) * (qn * inverse(q));
-  double const root = std::sqrt(a * a + dn * 4.0 * c * c);
+inline BedWaves bedWaves(const double* normal, const double* state, double bed,
+                         const double* derivative) {
+  const double qn = state[1] * normal[0] + state[2] * normal[1];
+  const double h = state[0] - bed;
+  const double un = inverse(h) * qn;
+  const double c = std::sqrt(h * real(ParameterID::Gravity));
+  const double q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
+  const double a = un - c;
+  const double dn = (derivative[0] * normal[0] + derivative[1] * normal[1]) * (qn * inverse(q));
+  const double root = std::sqrt(a * a + dn * 4.0 * c * c);
   return {(a - root) * 0.5, (a + root) * 0.5};
 }
 
@@ -44,22 +44,22 @@ inline BedWaves bedWaves(double const* normal, double const* state, double bed,
 /// @param capacityLeft,capacityRight {qsx, qsy} [m2/s]
 /// @param derivativeLeft,derivativeRight d(qsx, qsy)/dq [-]
 /// @param flux out [m2/s], positive to the right, in units of bed elevation (pores included)
-inline void internal_fluxes(double const* normal, int const* wettedLeft, int const* wettedRight,
-                            double const* stateLeft, double const* stateRight,
-                            double const* bedLeft, double const* bedRight,
-                            double const* capacityLeft, double const* capacityRight,
-                            double const* derivativeLeft, double const* derivativeRight,
+inline void internal_fluxes(const double* normal, const int* wettedLeft, const int* wettedRight,
+                            const double* stateLeft, const double* stateRight,
+                            const double* bedLeft, const double* bedRight,
+                            const double* capacityLeft, const double* capacityRight,
+                            const double* derivativeLeft, const double* derivativeRight,
                             double* flux) {
-  double const FL = capacityLeft[0] * normal[0] + capacityLeft[1] * normal[1];
-  double const FR = capacityRight[0] * normal[0] + capacityRight[1] * normal[1];
-  BedWaves const left = bedWaves(normal, stateLeft, bedLeft[0], derivativeLeft);
-  BedWaves const right = bedWaves(normal, stateRight, bedRight[0], derivativeRight);
-  double const sL = fmin(left.low, right.low);
-  double const sR = fmax(left.high, right.high);
+  const double FL = capacityLeft[0] * normal[0] + capacityLeft[1] * normal[1];
+  const double FR = capacityRight[0] * normal[0] + capacityRight[1] * normal[1];
+  const BedWaves left = bedWaves(normal, stateLeft, bedLeft[0], derivativeLeft);
+  const BedWaves right = bedWaves(normal, stateRight, bedRight[0], derivativeRight);
+  const double sL = fmin(left.low, right.low);
+  const double sR = fmax(left.high, right.high);
 
-  double const N = FL * sR - FR * sL + (bedRight[0] - bedLeft[0]) * (sL * sR);
-  double const bothWet = static_cast<double>(wettedLeft[0]) * static_cast<double>(wettedRight[0]);
-  double const W = real(ParameterID::BedloadFactor) * (bothWet * real(ParameterID::InvBedPorosity));
+  const double N = FL * sR - FR * sL + (bedRight[0] - bedLeft[0]) * (sL * sR);
+  const double bothWet = static_cast<double>(wettedLeft[0]) * static_cast<double>(wettedRight[0]);
+  const double W = real(ParameterID::BedloadFactor) * (bothWet * real(ParameterID::InvBedPorosity));
   flux[0] = N * W * inverseOfAbsolute(sR - sL);
 }
 

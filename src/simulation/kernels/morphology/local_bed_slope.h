@@ -22,9 +22,9 @@ inline constexpr int CHEN = 2;
 /// NaN where the lateral slope is steeper than the angle of repose.
 /// @param along,across slopes against the flow direction [-]
 inline double criticalShieldsVanRijn(double along, double across) {
-  double const p = real(ParameterID::ReposeAngle);
-  double const itp = inverseOfAbsolute(std::tan(p));
-  double const alongFactor =
+  const double p = real(ParameterID::ReposeAngle);
+  const double itp = inverseOfAbsolute(std::tan(p));
+  const double alongFactor =
       std::sin(std::atan(along) + p) * real(ParameterID::ThetaCritical) / std::sin(p);
   return alongFactor / std::sqrt(across * across + 1.0) *
          std::sqrt(1.0 - across * across * itp * itp);
@@ -32,23 +32,23 @@ inline double criticalShieldsVanRijn(double along, double across) {
 
 /// @param along,across slopes against the flow direction [-]
 inline double criticalShieldsChen(double along, double across) {
-  double const tp = std::tan(real(ParameterID::ReposeAngle));
-  double const c = std::cos(1.5707963267948966 - std::atan(along));
-  double const X = (tp * tp + 1.0) / (across * across + (along * along + 1.0)) + (c * c - 1.0);
+  const double tp = std::tan(real(ParameterID::ReposeAngle));
+  const double c = std::cos(1.5707963267948966 - std::atan(along));
+  const double X = (tp * tp + 1.0) / (across * across + (along * along + 1.0)) + (c * c - 1.0);
   return std::pow(X, 0.5) * (real(ParameterID::ThetaCritical) / tp) + c;
 }
 
 /// A dry cell keeps its value. A wet cell at rest has no flow direction and gets NaN.
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]; @param gradient {dz/dx, dz/dy} [-]
 /// @param critical out: critical Shields parameter of the cell [-]
-inline void local_bed_slope(double const* state, double const* bed, double const* gradient,
+inline void local_bed_slope(const double* state, const double* bed, const double* gradient,
                             double* critical) {
   if (!(state[0] - bed[0] > real(ParameterID::MinWaterDepth))) return;
-  double const q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
-  double const nx = state[1] / q;
-  double const ny = state[2] / q;
-  double const along = gradient[0] * nx + gradient[1] * ny;
-  double const across = gradient[0] * ny - nx * gradient[1];
+  const double q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
+  const double nx = state[1] / q;
+  const double ny = state[2] / q;
+  const double along = gradient[0] * nx + gradient[1] * ny;
+  const double across = gradient[0] * ny - nx * gradient[1];
   critical[0] = integer(ParameterID::IncipientMotType) == CHEN
                     ? criticalShieldsChen(along, across)
                     : criticalShieldsVanRijn(along, across);

@@ -30,9 +30,9 @@ inline double sourceHeight(int type, double amount, double available) {
 /// @param state {H, qx, qy} [m, m2/s], of which H moves
 /// @param massKept 0 if the bed of this cell is below its fixed bed, else 1: each cell replaces the
 ///   verdict of the one before, so the flag tells only about the last cell of the loop
-inline void source(double const* dt, double const* data, int const* type, double* bed,
-                   double const* fixedBed, double* state, int* massKept) {
-  double const dz = sourceHeight(type[0], data[1] * dt[0], fixedBed[0] - bed[0]);
+inline void source(const double* dt, const double* data, const int* type, double* bed,
+                   const double* fixedBed, double* state, int* massKept) {
+  const double dz = sourceHeight(type[0], data[1] * dt[0], fixedBed[0] - bed[0]);
   bed[0] = bed[0] + dz;
   state[0] = state[0] + dz;
 

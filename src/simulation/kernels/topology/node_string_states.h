@@ -23,7 +23,7 @@ namespace kernels::topology {
 
 /// Bed load [m2/s] of an upstream cell, whatever its direction. The Shields parameter is grouped
 /// unlike that of the cells' own transport; the two may differ in the last digit.
-inline double bedloadCapacity(morphology::BedloadCell const& cell) {
+inline double bedloadCapacity(const morphology::BedloadCell& cell) {
   // clang-format off
   switch (integer(ParameterID::BeadloadType)) {
     case morphology::GRASS_FORM: return morphology::grassBedload(cell).capacity;
@@ -31,12 +31,12 @@ inline double bedloadCapacity(morphology::BedloadCell const& cell) {
     default:                     break;
   }
   // clang-format on
-  double const ig = real(ParameterID::InvGravity);
-  double const s = real(ParameterID::SedRelDensity);
-  double const q2 = cell.q * cell.q;
-  double const ih2 = cell.inverse_h * cell.inverse_h;
-  double const theta = (q2 * ih2) * (cell.inverse_C2 * ig) / (s * cell.d);
-  double const power =
+  const double ig = real(ParameterID::InvGravity);
+  const double s = real(ParameterID::SedRelDensity);
+  const double q2 = cell.q * cell.q;
+  const double ih2 = cell.inverse_h * cell.inverse_h;
+  const double theta = (q2 * ih2) * (cell.inverse_C2 * ig) / (s * cell.d);
+  const double power =
       std::pow(morphology::excess(theta, cell.critical), real(ParameterID::BedloadExpon));
   return morphology::mpmUnit(cell.d) * power;
 }
@@ -51,24 +51,24 @@ inline double bedloadCapacity(morphology::BedloadCell const& cell) {
 ///   Shields parameter [-] or velocity [m/s], median grain size [m], {H, qx, qy} [m, m2/s], z [m],
 ///   area [m2]
 /// @param result out: the ten values above
-inline void node_string_states(int const* morphology, int const* friction, int const* size,
-                               int const* sign, double const* const* length,
-                               double const* const* fluxHy, double const* const* fluxMo,
-                               double const* const* chezy, double const* const* critical,
-                               double const* const* grainSize, double const* const* state,
-                               double const* const* bed, double const* const* area,
+inline void node_string_states(const int* morphology, const int* friction, const int* size,
+                               const int* sign, const double* const* length,
+                               const double* const* fluxHy, const double* const* fluxMo,
+                               const double* const* chezy, const double* const* critical,
+                               const double* const* grainSize, const double* const* state,
+                               const double* const* bed, const double* const* area,
                                double* result) {
-  double const hmin = real(ParameterID::MinWaterDepth);
-  double const solid = 1.0 - real(ParameterID::BedPorosity);
+  const double hmin = real(ParameterID::MinWaterDepth);
+  const double solid = 1.0 - real(ParameterID::BedPorosity);
   double sumHL = 0.0, Q = 0.0, A = 0.0, sumzL = 0.0, Lw = 0.0;
   double V = 0.0, K = 0.0, Qs = 0.0, Cap = 0.0, zmin = 1e12;
 
   for (int i = 0; i < size[0]; ++i) {
-    double const sgn = sign[i];
-    double const L = length[i][0];
-    double const H = state[i][0];
-    double const z = bed[i][0];
-    double const h = H - z;
+    const double sgn = sign[i];
+    const double L = length[i][0];
+    const double H = state[i][0];
+    const double z = bed[i][0];
+    const double h = H - z;
     zmin = fmin(zmin, z);
     if (!(h > hmin)) continue;
     Lw += L;
@@ -79,16 +79,16 @@ inline void node_string_states(int const* morphology, int const* friction, int c
     V += area[i][0] * h;
 
     if (morphology[0] != 1) continue;
-    double const* const C = friction[0] == 1 ? chezy[i] : nullptr;
+    const double* const C = friction[0] == 1 ? chezy[i] : nullptr;
     if (friction[0] == 1) K += h * L * std::sqrt(C[0] * h);
     Qs += L * fluxMo[i][0] * sgn * solid;
-    double const q = std::sqrt(state[i][1] * state[i][1] + state[i][2] * state[i][2]);
+    const double q = std::sqrt(state[i][1] * state[i][1] + state[i][2] * state[i][2]);
     Cap += bedloadCapacity({q, inverse(h), morphology::inverseChezy(friction[0], C),
                             grainSize[i][0], critical[i][0]}) *
            L;
   }
 
-  bool const wet = Lw > 0.0;
+  const bool wet = Lw > 0.0;
   result[0] = wet ? sumHL / Lw : MISSING_VALUE;
   result[1] = Q;
   result[2] = A;

@@ -14,9 +14,9 @@ namespace {
 
 /// The record of a source after a lookup in a line from (-2, 1) to (6, 9).
 std::array<double, 2> lookup(int key, int position, double time) {
-  std::array<double, 6> const row{-2.0, 1.0, 6.0, 9.0, kernels::MISSING_VALUE, 0.0};
-  int const size = 4;
-  std::array<int, 2> const keyPosition{key, position};
+  const std::array<double, 6> row{-2.0, 1.0, 6.0, 9.0, kernels::MISSING_VALUE, 0.0};
+  const int size = 4;
+  const std::array<int, 2> keyPosition{key, position};
   std::array<double, 2> record{-1.0, -2.0};
   kernels::data::cell_interpolation(row.data(), &size, keyPosition.data(), &time, record.data());
   return record;
@@ -29,7 +29,7 @@ TEST(CellInterpolation, Key0LooksUpAgainstTime) {
 }
 
 TEST(CellInterpolation, OtherKeysLookUpAtZero) {
-  for (int const key : {-1, 1, 2, 3, 4}) EXPECT_EQ(lookup(key, 0, 2.0)[0], 3.0) << key;
+  for (const int key : {-1, 1, 2, 3, 4}) EXPECT_EQ(lookup(key, 0, 2.0)[0], 3.0) << key;
 }
 
 TEST(CellInterpolation, WritesOnlyAtItsPosition) {

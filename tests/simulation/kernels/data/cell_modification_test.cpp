@@ -15,8 +15,8 @@ namespace {
 
 std::array<double, 2> modified(int type, int write, int read, double area,
                                std::array<double, 2> record) {
-  std::array<int, 7> const info{type, write, read, -1, -1, -1, -1};
-  double const time = 9.0;
+  const std::array<int, 7> info{type, write, read, -1, -1, -1, -1};
+  const double time = 9.0;
   kernels::data::cell_modification(info.data(), &area, &time, record.data());
   return record;
 }

@@ -15,18 +15,18 @@ namespace {
 using kernels::MISSING_VALUE;
 
 /// The record of an edge after a lookup in y = 10 x, which runs from x = 0 to x = 100.
-std::array<double, 7> lookup(int key, int position, std::array<double, 10> const& string,
+std::array<double, 7> lookup(int key, int position, const std::array<double, 10>& string,
                              double time) {
-  std::array<double, 6> const row{0.0, 0.0, 100.0, 1000.0, MISSING_VALUE, 0.0};
-  int const size = 4;
-  std::array<int, 2> const keyPosition{key, position};
+  const std::array<double, 6> row{0.0, 0.0, 100.0, 1000.0, MISSING_VALUE, 0.0};
+  const int size = 4;
+  const std::array<int, 2> keyPosition{key, position};
   std::array<double, 7> record{-1.0, -2.0, -3.0, -4.0, -5.0, -6.0, -7.0};
   kernels::data::edge_interpolation(row.data(), &size, keyPosition.data(), string.data(), &time,
                                     record.data());
   return record;
 }
 
-std::array<double, 10> const wetString{50.0, 25.0, 0.0, 37.5, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
+const std::array<double, 10> wetString{50.0, 25.0, 0.0, 37.5, 0.0, 0.0, 0.0, 0.0, 0.0, 0.0};
 
 TEST(EdgeInterpolation, Key0LooksUpAgainstTime) {
   EXPECT_DOUBLE_EQ(lookup(0, 0, wetString, 75.0)[0], 750.0);
@@ -45,7 +45,7 @@ TEST(EdgeInterpolation, Key3LooksUpAgainstTheDischarge) {
 }
 
 TEST(EdgeInterpolation, OtherKeysLookUpAtZero) {
-  for (int const key : {-1, 4, 5, 100}) {
+  for (const int key : {-1, 4, 5, 100}) {
     EXPECT_EQ(lookup(key, 0, wetString, 75.0)[0], 0.0) << key;
   }
 }

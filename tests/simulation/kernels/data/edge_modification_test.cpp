@@ -28,7 +28,7 @@ class EdgeModification : public support::Parameters {
 
   /// Runs the modification with the given write and read positions.
   void modify(int type, int write = 0, std::array<int, 5> read = {1, 2, 3, 4, 5}) {
-    std::array<int, 7> const info{type, write, read[0], read[1], read[2], read[3], read[4]};
+    const std::array<int, 7> info{type, write, read[0], read[1], read[2], read[3], read[4]};
     std::array<double, 10> other{};
     other.fill(std::nan(""));
     kernels::data::edge_modification(info.data(), string.data(), other.data(), &length,
@@ -78,12 +78,12 @@ TEST_F(EdgeModification, SpreadsStatesOfTheString) {
 
 TEST_F(EdgeModification, DivisorsThatAreNotPositiveGiveZero) {
   record[1] = 12.0;
-  for (double const divisor : {0.0, 9e-13, -1.0}) {
+  for (const double divisor : {0.0, 9e-13, -1.0}) {
     length = divisor;
     lengthOther = divisor;
     string[2] = divisor;
     string[7] = divisor;
-    for (int const type : {1, 2, 4, 9, 10, 11, 12, 13, 14, 15, 16}) {
+    for (const int type : {1, 2, 4, 9, 10, 11, 12, 13, 14, 15, 16}) {
       EXPECT_EQ(result(type), 0.0) << "type " << type << ", divisor " << divisor;
     }
   }
@@ -111,8 +111,8 @@ TEST_F(EdgeModification, Type5OpensOnlyAfterItsTime) {
 }
 
 TEST_F(EdgeModification, OtherTypesChangeNothing) {
-  Record const before = record;
-  for (int const type : {-1, 0, 6, 7, 17, 18, 100}) {
+  const Record before = record;
+  for (const int type : {-1, 0, 6, 7, 17, 18, 100}) {
     modify(type, -1, {-1, -1, -1, -1, -1});
     EXPECT_EQ(record, before) << type;
     EXPECT_EQ(memory, (std::array<double, 2>{0.0, 0.0})) << type;
@@ -151,7 +151,7 @@ TEST_F(Weir, KeepsTheOrderOfItsOperations) {
   string[2] = 19.5;
   length = 5.5;
   weir(7.0, 0.7, 0.051);
-  volatile double const head = 10.3 - 7.0;
+  const volatile double head = 10.3 - 7.0;
   volatile double Cd = 0.051 * head;
   Cd = Cd * (1.0 / (7.0 - 3.4));
   Cd = Cd + 0.7;

@@ -16,7 +16,7 @@ using kernels::data::SERIES_VALUES;
 using kernels::data::seriesValue;
 
 // Points (1, 10), (2, 30), (4, 20), then the end.
-std::array<double, 10> const threePoints{1.0,  10.0,          2.0, 30.0,          4.0,
+const std::array<double, 10> threePoints{1.0,  10.0,          2.0, 30.0,          4.0,
                                          20.0, MISSING_VALUE, 0.0, MISSING_VALUE, 0.0};
 
 double at(double x) {
@@ -56,8 +56,8 @@ TEST(Series, AnInnerPointBelongsToTheIntervalBehindIt) {
 }
 
 TEST(Series, OfOnePointIsConstant) {
-  std::array<double, 4> const row{3.0, 7.0, MISSING_VALUE, 0.0};
-  for (double const x : {-1.0, 0.0, 3.0, 3.5, 1e9}) EXPECT_EQ(seriesValue(row.data(), 2, x), 7.0);
+  const std::array<double, 4> row{3.0, 7.0, MISSING_VALUE, 0.0};
+  for (const double x : {-1.0, 0.0, 3.0, 3.5, 1e9}) EXPECT_EQ(seriesValue(row.data(), 2, x), 7.0);
 }
 
 TEST(Series, AnOddSizeIsRoundedDownToWholePoints) {
@@ -82,36 +82,36 @@ TEST(Series, CloseAbscissaeGiveTheLeftOrdinate) {
 }
 
 TEST(Series, AStepHoldsTheRightValueFromItsAbscissaOn) {
-  std::array<double, 10> const row{0.0, 1.0, 2.0, 1.0, 2.0, 5.0, 3.0, 5.0, MISSING_VALUE, 0.0};
+  const std::array<double, 10> row{0.0, 1.0, 2.0, 1.0, 2.0, 5.0, 3.0, 5.0, MISSING_VALUE, 0.0};
   EXPECT_EQ(seriesValue(row.data(), 8, 1.5), 1.0);
   EXPECT_EQ(seriesValue(row.data(), 8, 2.0), 5.0);
   EXPECT_EQ(seriesValue(row.data(), 8, 2.5), 5.0);
 }
 
 TEST(Series, NegativeAbscissaeAreFound) {
-  std::array<double, 6> const row{-4.0, 8.0, -2.0, 4.0, MISSING_VALUE, 0.0};
+  const std::array<double, 6> row{-4.0, 8.0, -2.0, 4.0, MISSING_VALUE, 0.0};
   EXPECT_EQ(seriesValue(row.data(), 4, -3.0), 6.0);
   EXPECT_EQ(seriesValue(row.data(), 4, 0.0), 4.0);
 }
 
 TEST(Series, AStepAtItsStartHoldsTheFirstValueThere) {
-  std::array<double, 8> const row{2.0, 1.0, 2.0, 5.0, 3.0, 5.0, MISSING_VALUE, 0.0};
+  const std::array<double, 8> row{2.0, 1.0, 2.0, 5.0, 3.0, 5.0, MISSING_VALUE, 0.0};
   EXPECT_EQ(seriesValue(row.data(), 6, 2.0), 1.0);
   EXPECT_EQ(seriesValue(row.data(), 6, 2.5), 5.0);
 }
 
 TEST(Series, KeepsTheOrderOfItsOperations) {
-  std::array<double, 6> const row{0.1, 0.0, 1.2, 1.8, MISSING_VALUE, 0.0};
-  volatile double const dx = 1.2 - 0.1;
-  volatile double const dy = 1.8 - 0.0;
-  volatile double const slope = (1.0 / dx) * dy;
-  volatile double const rise = (0.68 - 0.1) * slope;
+  const std::array<double, 6> row{0.1, 0.0, 1.2, 1.8, MISSING_VALUE, 0.0};
+  const volatile double dx = 1.2 - 0.1;
+  const volatile double dy = 1.8 - 0.0;
+  const volatile double slope = (1.0 / dx) * dy;
+  const volatile double rise = (0.68 - 0.1) * slope;
   EXPECT_EQ(seriesValue(row.data(), 4, 0.68), rise + 0.0);
 }
 
 TEST(Series, EveryIntervalOfAFullRowIsFound) {
   std::vector<double> row(std::size_t{SERIES_VALUES});
-  int const points = SERIES_VALUES / 2;
+  const int points = SERIES_VALUES / 2;
   for (std::size_t k = 0; k < row.size() / 2; ++k) {
     row[2 * k] = static_cast<double>(k);
     row[2 * k + 1] = static_cast<double>(3 * k);

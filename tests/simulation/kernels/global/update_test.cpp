@@ -24,7 +24,7 @@ class Update : public support::Parameters {
 
   /// @return what the step printed
   std::string step() {
-    std::array<double const*, 3> lengths{}, fluxesHy{}, fluxesMo{};
+    std::array<const double*, 3> lengths{}, fluxesHy{}, fluxesMo{};
     for (std::size_t k = 0; k < 3; ++k) {
       lengths[k] = &length[k];
       fluxesHy[k] = fluxHy[k].data();
@@ -196,10 +196,10 @@ TEST_F(Update, keepsTheOrderOfItsOperations) {
   fluxHy = {
       {{0.013, 1.7, -0.3, 9.0, 9.0}, {-0.21, 9.0, 9.0, 3.1, 0.77}, {0.37, -2.3, 5.9, 9.0, 9.0}}};
   fluxMo = {0.0031, -0.0017, 0.00073};
-  double const r = dt / area;
-  State const before = state;
-  double const qx = before[1] - r * ((1.7 * 0.11 + 3.1 * 1.3) + -2.3 * 0.97);
-  double const qy = before[2] - r * ((-0.3 * 0.11 + 0.77 * 1.3) + 5.9 * 0.97);
+  const double r = dt / area;
+  const State before = state;
+  const double qx = before[1] - r * ((1.7 * 0.11 + 3.1 * 1.3) + -2.3 * 0.97);
+  const double qy = before[2] - r * ((-0.3 * 0.11 + 0.77 * 1.3) + 5.9 * 0.97);
   step();
   EXPECT_EQ(state, (State{3.0 - r * ((0.11 * 0.013 + 1.3 * 0.21) + 0.97 * 0.37), qx, qy}));
 

@@ -31,8 +31,8 @@ class HydBoundary : public support::Parameters {
   }
 
   Flux flux(int code) const { return flux(code, &chezy); }
-  Flux flux(int code, double const* chezyValue) const {
-    std::array<int, 2> const type{code, sign};
+  Flux flux(int code, const double* chezyValue) const {
+    const std::array<int, 2> type{code, sign};
     Flux result{9.0, 9.0, 9.0, 9.0, 9.0};
     kernels::hydraulics::boundary(type.data(), D.data(), normal.data(), left.data(), right.data(),
                                   &bedLeft, &bedRight, chezyValue, &size, result.data());
@@ -48,8 +48,8 @@ class HydBoundary : public support::Parameters {
   }
 
   /// What the Riemann solver gives against a ghost cell.
-  Flux solved(std::array<double, 3> const& ghost, double ghostBed, int wetGhost) const {
-    int const wet = left[0] - bedLeft > 0.25 ? 1 : 0;
+  Flux solved(const std::array<double, 3>& ghost, double ghostBed, int wetGhost) const {
+    const int wet = left[0] - bedLeft > 0.25 ? 1 : 0;
     Flux result{};
     kernels::hydraulics::hydrodynamic_solver(normal.data(), left.data(), &bedLeft, &wet,
                                              ghost.data(), &ghostBed, &wetGhost, result.data());
@@ -101,12 +101,12 @@ TEST_F(HydBoundary, inflowAtANormalDepthBelowTheMinimumBringsNoMomentum) {
   dryLeft();
   D[1] = 64.0;  // hn^3 = v^2 / 1024 = 2^-18
   D[2] = -0.0625;
-  double const depth = 0.015625;
+  const double depth = 0.015625;
   EXPECT_EQ(flux(100), (Flux{-0.0625, pressure(depth + 1.0, 1.0), 0.0, 0.0, 0.0}));
 }
 
 TEST_F(HydBoundary, inflowOfNothingIsAWall) {
-  for (double const v : {0.0, 1.0}) {
+  for (const double v : {0.0, 1.0}) {
     D[2] = v;
     EXPECT_EQ(flux(100, nullptr), wall()) << v;
     EXPECT_EQ(flux(102, nullptr), wall()) << v;
@@ -124,8 +124,8 @@ TEST_F(HydBoundary, inflowAtAFroudeNumberTakesTheDepthThatFollows) {
   set(ParameterID::MinWaterDepth, 0.125);
   D[1] = 2.0;
   D[2] = -1.0;
-  double const depth = std::cbrt(1.0 / (4.0 * 8.0));
-  Flux const result = flux(102, nullptr);
+  const double depth = std::cbrt(1.0 / (4.0 * 8.0));
+  const Flux result = flux(102, nullptr);
   EXPECT_EQ(result[0], -1.0);
   EXPECT_DOUBLE_EQ(result[1], 1.0 / depth + pressure(depth + 1.0, 1.0));
   D[1] = 1.0;  // from 1 on
@@ -137,7 +137,7 @@ TEST_F(HydBoundary, inflowAtAFroudeNumberTakesTheDepthThatFollows) {
 
 TEST_F(HydBoundary, outflowOverASlopeNeedsFlowOutOfTheCell) {
   D[0] = 0.125;
-  for (double const qx : {0.0, -1.0}) {
+  for (const double qx : {0.0, -1.0}) {
     left[1] = qx;
     EXPECT_EQ(flux(104, nullptr), wall()) << qx;
   }
@@ -189,18 +189,18 @@ TEST_F(HydBoundary, theNormalDepthOfAnOutflowComesFromTheWholeDischarge) {
 
 TEST_F(HydBoundary, outflowWithPressureOnlyTakesVelocityTimesDepth) {
   D[3] = 3.0;
-  for (int const code : {106, 108, 323, 325}) {
+  for (const int code : {106, 108, 323, 325}) {
     EXPECT_EQ(flux(code, nullptr), (Flux{6.0, pressure(3.0, 1.0), 0.0, 0.0, 0.0})) << code;
   }
   sign = -1;
-  for (int const code : {106, 108, 323, 325}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  for (const int code : {106, 108, 323, 325}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
   D[3] = 0.0;
-  for (int const code : {106, 108, 323, 325}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  for (const int code : {106, 108, 323, 325}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
 }
 
 TEST_F(HydBoundary, outflowWithMomentumCarriesTheTangentialVelocity) {
   D[1] = 3.0;  // Q = 6, Q^2 / h = 18, T = 6 * 6 / 2
-  for (int const code : {110, 327}) {
+  for (const int code : {110, 327}) {
     EXPECT_EQ(flux(code, nullptr), (Flux{6.0, 18.0 + pressure(3.0, 1.0), 18.0, 0.0, 0.0})) << code;
   }
   D[5] = 1.0;
@@ -208,16 +208,16 @@ TEST_F(HydBoundary, outflowWithMomentumCarriesTheTangentialVelocity) {
 }
 
 TEST_F(HydBoundary, outflowWithMomentumOfNothingIsAWall) {
-  for (double const v : {0.0, -1.0}) {
+  for (const double v : {0.0, -1.0}) {
     D[1] = v;
     D[5] = v;
-    for (int const code : {110, 327, 329}) EXPECT_EQ(flux(code, nullptr), wall()) << code << v;
+    for (const int code : {110, 327, 329}) EXPECT_EQ(flux(code, nullptr), wall()) << code << v;
   }
 }
 
 TEST_F(HydBoundary, freeOutflowLetsOutWhatTheCellHolds) {
   EXPECT_EQ(flux(112, nullptr), (Flux{4.0, 8.0 + pressure(3.0, 1.0), 12.0, 0.0, 0.0}));
-  for (double const qx : {0.0, -1.0}) {
+  for (const double qx : {0.0, -1.0}) {
     left[1] = qx;
     EXPECT_EQ(flux(112, nullptr), wall()) << qx;
   }
@@ -231,7 +231,7 @@ TEST_F(HydBoundary, freeOutflowFromAThinLayerHasNoMomentum) {
 TEST_F(HydBoundary, aSlantedEdgeTurnsTheMomentum) {
   normal = {0.0, -1.0};
   left = {3.0, 6.0, -4.0};  // qn = 4, qt = 6
-  double const P = 8.0 + pressure(3.0, 1.0);
+  const double P = 8.0 + pressure(3.0, 1.0);
   EXPECT_EQ(flux(112, nullptr), (Flux{4.0, 12.0, -P, 0.0, 0.0}));
 }
 
@@ -255,7 +255,7 @@ TEST_F(HydBoundary, anImposedLevelFillsADryCellAsADamBreakDoes) {
   dryLeft();
   D[0] = 3.0;
   D[1] = 1.0;
-  Flux const result = flux(114, nullptr);
+  const Flux result = flux(114, nullptr);
   EXPECT_DOUBLE_EQ(result[0], -16.0 / 3.0);
   EXPECT_DOUBLE_EQ(result[1], 12.0 - 64.0 / 3.0);
   EXPECT_EQ(result[2], 0.0);
@@ -273,7 +273,7 @@ TEST_F(HydBoundary, anImposedLevelLetsHalfOfASmallRiseIn) {
 TEST_F(HydBoundary, anImposedLevelWithoutInflowIsAWallForFlowInwards) {
   left[1] = -4.0;
   D[0] = 5.0;
-  for (double const admits : {0.0, 2.0, -1.0}) {
+  for (const double admits : {0.0, 2.0, -1.0}) {
     D[1] = admits;
     EXPECT_EQ(flux(114, nullptr), wall()) << admits;
   }
@@ -289,7 +289,7 @@ TEST_F(HydBoundary, anImposedLevelWithInflowFeedsTheDomainFromRest) {
 
 TEST_F(HydBoundary, anImposedLevelAtTheBedLetsOutOnly) {
   D[1] = 1.0;
-  for (double const level : {1.25, 0.0}) {
+  for (const double level : {1.25, 0.0}) {
     D[0] = level;
     left[1] = 4.0;
     EXPECT_EQ(flux(114, nullptr), solved({1.0, 4.0, 6.0}, 1.0, 0)) << level;
@@ -311,9 +311,9 @@ TEST_F(HydBoundary, outflowAgainstALevelIsAWallForFlowInwards) {
 
 TEST_F(HydBoundary, aShutInnerEdgeIsAWallForBothCells) {
   D[1] = 0.0;
-  for (int const code : {216, 218, 220}) EXPECT_EQ(flux(code, nullptr), innerWall()) << code;
+  for (const int code : {216, 218, 220}) EXPECT_EQ(flux(code, nullptr), innerWall()) << code;
   D[1] = -1.0;
-  for (int const code : {216, 218, 220}) EXPECT_EQ(flux(code, nullptr), innerWall()) << code;
+  for (const int code : {216, 218, 220}) EXPECT_EQ(flux(code, nullptr), innerWall()) << code;
   D[1] = 1.0;
   EXPECT_EQ(flux(220, nullptr), innerWall());
 }
@@ -362,17 +362,17 @@ TEST_F(HydBoundary, inflowByVelocityAndDepthCarriesTheTangentialVelocity) {
   sign = -1;
   D[3] = 3.0;
   D[4] = 0.5;  // Q = -1.5, Q^2 / h = 1.125, T = -1.5 * 6 / 2
-  for (int const code : {322, 324}) {
+  for (const int code : {322, 324}) {
     EXPECT_EQ(flux(code, nullptr), (Flux{-1.5, 1.125 + pressure(3.0, 1.0), -4.5, 0.0, 0.0}))
         << code;
   }
   D[3] = 0.0;
-  for (int const code : {322, 324}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  for (const int code : {322, 324}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
 }
 
 TEST_F(HydBoundary, inflowsOfMassBringNoMomentum) {
   sign = -1;
-  Flux const expected{-6.0, pressure(3.0, 1.0), 0.0, 0.0, 0.0};
+  const Flux expected{-6.0, pressure(3.0, 1.0), 0.0, 0.0, 0.0};
   D[1] = 0.5;
   D[2] = 6.0;
   EXPECT_EQ(flux(326, nullptr), expected);
@@ -385,10 +385,10 @@ TEST_F(HydBoundary, inflowsOfMassBringNoMomentum) {
 
 TEST_F(HydBoundary, inflowsOfMassOfNothingAreWalls) {
   D = {NOTHING, 0.0, -6.0, NOTHING, NOTHING, 0.0, 3.0};
-  for (int const code : {326, 328, 330}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  for (const int code : {326, 328, 330}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
   D[1] = 1.0;
   D[5] = 1.0;
-  for (int const code : {326, 328, 330}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
+  for (const int code : {326, 328, 330}) EXPECT_EQ(flux(code, nullptr), wall()) << code;
 }
 
 TEST_F(HydBoundary, theDirectionOfAnInflowIsNotThatOfItsAmount) {
@@ -399,7 +399,7 @@ TEST_F(HydBoundary, theDirectionOfAnInflowIsNotThatOfItsAmount) {
 
 TEST_F(HydBoundary, everyUnknownCodeIsAWall) {
   D.fill(1.0);
-  for (int const code : {999, 0, -1, 101, 105, 116, 214, 222, 321, 332}) {
+  for (const int code : {999, 0, -1, 101, 105, 116, 214, 222, 321, 332}) {
     EXPECT_EQ(flux(code, nullptr), wall()) << code;
   }
 }

@@ -20,14 +20,14 @@ class BoundaryTypes : public support::Parameters {
   }
 
   static hydraulics::BoundaryCell cell(double H, double qx, double qy, double z) {
-    std::array<double, 2> const normal{0.0, 1.0};
-    std::array<double, 3> const state{H, qx, qy};
+    const std::array<double, 2> normal{0.0, 1.0};
+    const std::array<double, 3> state{H, qx, qy};
     return hydraulics::boundaryCell(normal.data(), state.data(), z);
   }
 };
 
 TEST_F(BoundaryTypes, aCellIsSeenInTheFrameOfTheEdge) {
-  hydraulics::BoundaryCell const seen = cell(3.0, 3.0, 4.0, 1.0);
+  const hydraulics::BoundaryCell seen = cell(3.0, 3.0, 4.0, 1.0);
   EXPECT_EQ(seen.H, 3.0);
   EXPECT_EQ(seen.z, 1.0);
   EXPECT_EQ(seen.h, 2.0);
@@ -60,7 +60,7 @@ TEST_F(BoundaryTypes, aDepthBelowTheMinimumHasNoInverse) {
 }
 
 TEST_F(BoundaryTypes, aOneSidedFluxIsTurnedIntoTheAxesAndSparesTheRightCell) {
-  std::array<double, 2> const normal{0.5, -0.25};
+  const std::array<double, 2> normal{0.5, -0.25};
   Flux flux{9.0, 9.0, 9.0, 9.0, 9.0};
   hydraulics::oneSidedFlux(normal.data(), 3.0, 8.0, 4.0, flux.data());
   EXPECT_EQ(flux, (Flux{3.0, 0.5 * 8.0 + 0.25 * 4.0, -0.25 * 8.0 + 0.5 * 4.0, 0.0, 0.0}));

@@ -27,7 +27,7 @@ class CalcCurvature : public support::Parameters {
   CalcCurvature() { set(ParameterID::MinWaterDepth, 0.25); }
 
   double curvature() const {
-    std::array<double const*, 3> units{}, distances{}, states{}, beds{};
+    std::array<const double*, 3> units{}, distances{}, states{}, beds{};
     for (std::size_t k = 0; k < 3; ++k) {
       units[k] = neighbours[k].unit.data();
       distances[k] = &neighbours[k].distance;
@@ -97,22 +97,22 @@ TEST_F(CalcCurvature, aDepthAtTheMinimumStillFlows) {
 
 TEST_F(CalcCurvature, takesAllNeighboursWeightsAndDirections) {
   state = {3.0, 1.0, 2.0};  // u = 0.5, v = 1
-  double const u = 0.5;
-  double const v = 1.0;
-  double const U = std::sqrt(u * u + v * v);
+  const double u = 0.5;
+  const double v = 1.0;
+  const double U = std::sqrt(u * u + v * v);
   neighbours[0].state = {5.0, 4.0, -8.0};  // depth 4: (1, -2)
   neighbours[1].state = {2.0, 3.0, 1.0};   // depth 1: (3, 1)
   neighbours[2].state = {1.5, 0.25, 0.5};  // depth 0.5: (0.5, 1)
-  std::array<double, 3> const a{std::fabs(1.0 * u * 2.0 / U),
+  const std::array<double, 3> a{std::fabs(1.0 * u * 2.0 / U),
                                 std::fabs((-0.6 * u + 0.8 * v) * 5.0 / U),
                                 std::fabs(-1.0 * v * 4.0 / U)};
-  std::array<double, 3> const du{0.5 * a[0], 2.5 * a[1], 0.0};
-  std::array<double, 3> const dv{-3.0 * a[0], 0.0, 0.0};
-  double const dudx = 0.5 * du[0] - 0.25 * du[1];
-  double const dudy = 0.25 * du[0] + 1.0 * du[1];
-  double const dvdx = 0.5 * dv[0];
-  double const dvdy = 0.25 * dv[0];
-  double const turn = u * (u * dvdx - v * dudx) + v * (u * dvdy - v * dudy);
+  const std::array<double, 3> du{0.5 * a[0], 2.5 * a[1], 0.0};
+  const std::array<double, 3> dv{-3.0 * a[0], 0.0, 0.0};
+  const double dudx = 0.5 * du[0] - 0.25 * du[1];
+  const double dudy = 0.25 * du[0] + 1.0 * du[1];
+  const double dvdx = 0.5 * dv[0];
+  const double dvdy = 0.25 * dv[0];
+  const double turn = u * (u * dvdx - v * dudx) + v * (u * dvdy - v * dudy);
   EXPECT_NEAR(curvature(), turn / (U * U * U), 1e-14);
 }
 

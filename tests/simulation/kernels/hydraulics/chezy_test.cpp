@@ -25,7 +25,7 @@ TEST_F(Chezy, ManningDividesTwiceByTheValue) {
 }
 
 TEST_F(Chezy, ManningMultipliesByInversesFromLeftToRight) {
-  volatile double const depth = 0.7;
+  const volatile double depth = 0.7;
   volatile double product = 0.125 * std::cbrt(depth);
   product = product * (1.0 / 0.031);
   product = product * (1.0 / 0.031);
@@ -33,7 +33,7 @@ TEST_F(Chezy, ManningMultipliesByInversesFromLeftToRight) {
 }
 
 TEST_F(Chezy, StricklerMultipliesFromLeftToRight) {
-  volatile double const depth = 0.8;
+  const volatile double depth = 0.8;
   volatile double product = 0.125 * std::cbrt(depth);
   product = product * 29.2;
   product = product * 29.2;
@@ -80,7 +80,7 @@ TEST_F(Chezy, LogarithmicLawIsConstantFromTheRoughnessDown) {
 }
 
 TEST_F(Chezy, LogarithmicLawJustAboveTheRoughnessIsComputed) {
-  double const above = chezyLogarithmic(std::nextafter(1.0, 2.0), 1.0);
+  const double above = chezyLogarithmic(std::nextafter(1.0, 2.0), 1.0);
   EXPECT_NE(above, 38.505650853010394);
   EXPECT_DOUBLE_EQ(above, 38.505650850203651);
 }
@@ -121,7 +121,7 @@ TEST_F(Chezy, FrictionTypeChoosesTheClosure) {
 }
 
 TEST_F(Chezy, UnknownFrictionTypeGivesZero) {
-  for (int const type : {-1, 0, 5, 100}) {
+  for (const int type : {-1, 0, 5, 100}) {
     setInt(ParameterID::FrictionType, type);
     EXPECT_EQ(chezySquared(8.0, 0.5), 0.0) << type;
   }

@@ -18,8 +18,8 @@ using Flood = std::array<double, 4>;
 class FloodTracking : public ::testing::Test {
  protected:
   void track(double time, int wetted, double depth, double qx, double qy) {
-    double const bed = 1.0;
-    std::array<double, 3> const state{bed + depth, qx, qy};
+    const double bed = 1.0;
+    const std::array<double, 3> state{bed + depth, qx, qy};
     kernels::hydraulics::flood_tracking(&time, state.data(), &bed, &wetted, flood.data());
   }
 
@@ -59,10 +59,10 @@ TEST_F(FloodTracking, eachMaximumHasATimeOfItsOwn) {
 }
 
 TEST_F(FloodTracking, aDepthNextToZeroHasNoVelocity) {
-  double const time = 5.0;
-  double const bed = 0.0;
-  int const wetted = 1;
-  std::array<double, 3> const state{1e-13, 1.0, 0.0};
+  const double time = 5.0;
+  const double bed = 0.0;
+  const int wetted = 1;
+  const std::array<double, 3> state{1e-13, 1.0, 0.0};
   kernels::hydraulics::flood_tracking(&time, state.data(), &bed, &wetted, flood.data());
   EXPECT_EQ(flood, (Flood{5.0, 1e-13, 0.0, 1.0}));
 }

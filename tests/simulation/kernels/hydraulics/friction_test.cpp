@@ -23,7 +23,7 @@ class Friction : public support::Parameters {
 
   /// Runs one step over a bed at 0.
   void step(double dt, double roughness) {
-    double const bed = 0.0;
+    const double bed = 0.0;
     kernels::hydraulics::friction(&dt, &bed, &roughness, &chezy, state.data());
   }
 
@@ -71,7 +71,7 @@ TEST_F(Friction, FollowsTheMidpointRule) {
   // |qp| = 4.375, D2 = 120, b = 4.375/120, corrector q (1 - 6.4 b 0.875).
   state = {8.0, 3.0, -4.0};
   step(6.4, 0.5);
-  double const left = 1.0 - 6.4 * (4.375 / 120.0) * 0.875;
+  const double left = 1.0 - 6.4 * (4.375 / 120.0) * 0.875;
   EXPECT_EQ(state[0], 8.0);
   EXPECT_DOUBLE_EQ(state[1], 3.0 * left);
   EXPECT_DOUBLE_EQ(state[2], -4.0 * left);
@@ -79,38 +79,38 @@ TEST_F(Friction, FollowsTheMidpointRule) {
 
 /// x times y, rounded at once whatever the compiler would like to do.
 double times(double x, double y) {
-  volatile double const product = x * y;
+  const volatile double product = x * y;
   return product;
 }
 
 /// The step of a cell of discharge (qx, qy), one operation after the other.
 std::array<double, 2> stepByStep(double C, double h, double dt, double qx, double qy) {
-  double const B = times(times(C, h), h);
-  double const q = std::sqrt(times(qx, qx) + times(qy, qy));
-  double const a = times(q, 1.0 / (times(times(2.0, dt), q) + B));
-  double const qxp = qx - times(times(a, qx), dt / 2.0);
-  double const qyp = qy - times(times(a, qy), dt / 2.0);
-  double const qp = std::sqrt(times(qxp, qxp) + times(qyp, qyp));
-  double const b = times(qp, 1.0 / (B + times(times(2.0, dt), qp)));
+  const double B = times(times(C, h), h);
+  const double q = std::sqrt(times(qx, qx) + times(qy, qy));
+  const double a = times(q, 1.0 / (times(times(2.0, dt), q) + B));
+  const double qxp = qx - times(times(a, qx), dt / 2.0);
+  const double qyp = qy - times(times(a, qy), dt / 2.0);
+  const double qp = std::sqrt(times(qxp, qxp) + times(qyp, qyp));
+  const double b = times(qp, 1.0 / (B + times(times(2.0, dt), qp)));
   return {qx - times(times(dt, b), qxp), qy - times(times(dt, b), qyp)};
 }
 
 TEST_F(Friction, KeepsTheOrderOfItsOperations) {
-  double const dt = 7.3;
+  const double dt = 7.3;
   for (int i = 1; i <= 500; ++i) {
-    double const h = 0.0031 * i;
-    double const qx = 0.77 + 0.0013 * i;
-    double const qy = -2.13;
+    const double h = 0.0031 * i;
+    const double qx = 0.77 + 0.0013 * i;
+    const double qy = -2.13;
     state = {h, qx, qy};
     step(dt, 0.33);
-    std::array<double, 2> const expected = stepByStep(chezy, h, dt, qx, qy);
+    const std::array<double, 2> expected = stepByStep(chezy, h, dt, qx, qy);
     ASSERT_EQ(state[1], expected[0]) << h;
     ASSERT_EQ(state[2], expected[1]) << h;
   }
 }
 
 TEST_F(Friction, NeverTurnsTheDischargeRound) {
-  for (double const h : {0.0, 1e-9, 1e-3, 10.0}) {
+  for (const double h : {0.0, 1e-9, 1e-3, 10.0}) {
     state = {h, 1e3, -1e3};
     step(1e6, 1.0);
     EXPECT_GT(state[1], 0.0) << h;
@@ -138,7 +138,7 @@ TEST_F(Friction, LogarithmicClosuresSeeTheRawDepth) {
 }
 
 TEST_F(Friction, ActsWhetherFrictionOnIsSetOrNot) {
-  for (int const on : {0, 1}) {
+  for (const int on : {0, 1}) {
     setInt(ParameterID::FrictionOn, on);
     state = {8.0, 16.0, 0.0};
     step(0.5, 0.0);

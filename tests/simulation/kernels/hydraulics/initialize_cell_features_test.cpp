@@ -19,7 +19,7 @@ class InitializeHydCellFeatures : public support::Parameters {
   InitializeHydCellFeatures() { set(ParameterID::MinWaterDepth, 0.5); }
 
   static int wettedAt(double surface, double bed) {
-    std::array<double, 3> const state{surface, 3.0, -4.0};
+    const std::array<double, 3> state{surface, 3.0, -4.0};
     int wetted = 9;
     kernels::hydraulics::initialize_cell_features(state.data(), &bed, &wetted);
     return wetted;

@@ -22,8 +22,8 @@ class InitializeFriction : public support::Parameters {
 
   static double chezy(int type, double depth, double roughness) {
     setInt(ParameterID::FrictionType, type);
-    std::array<double, 3> const state{2.0 + depth, 7.0, -7.0};
-    double const bed = 2.0;
+    const std::array<double, 3> state{2.0 + depth, 7.0, -7.0};
+    const double bed = 2.0;
     double result = -1.0;
     kernels::hydraulics::initialize_friction(state.data(), &bed, &roughness, &result);
     return result;
@@ -37,7 +37,7 @@ TEST_F(InitializeFriction, TakesTheDepthOfTheCell) {
 }
 
 TEST_F(InitializeFriction, ClipsTheDepthForAllClosures) {
-  for (double const depth : {0.25, 0.0, -1.0}) {
+  for (const double depth : {0.25, 0.0, -1.0}) {
     EXPECT_EQ(chezy(1, depth, 1.0), chezy(1, 0.5, 1.0)) << depth;
     EXPECT_EQ(chezy(2, depth, 1.0), chezy(2, 0.5, 1.0)) << depth;
     EXPECT_EQ(chezy(3, depth, 0.25), chezy(3, 0.5, 0.25)) << depth;

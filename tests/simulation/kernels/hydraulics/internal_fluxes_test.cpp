@@ -18,13 +18,13 @@ class InternalFluxes : public support::Parameters {};
 TEST_F(InternalFluxes, areThoseOfTheSolverForTheTwoCells) {
   set(ParameterID::Gravity, 9.81);
   set(ParameterID::MinWaterDepth, 0.001);
-  std::array<double, 2> const normal{0.6, -0.8};
-  std::array<double, 3> const left{2.0, 0.5, 0.25};
-  std::array<double, 3> const right{1.5, -0.25, 1.0};
-  double const bedLeft = 0.25;
-  double const bedRight = 0.5;
-  for (int const wetLeft : {0, 1}) {
-    for (int const wetRight : {0, 1}) {
+  const std::array<double, 2> normal{0.6, -0.8};
+  const std::array<double, 3> left{2.0, 0.5, 0.25};
+  const std::array<double, 3> right{1.5, -0.25, 1.0};
+  const double bedLeft = 0.25;
+  const double bedRight = 0.5;
+  for (const int wetLeft : {0, 1}) {
+    for (const int wetRight : {0, 1}) {
       std::array<double, 5> expected{};
       kernels::hydraulics::hydrodynamic_solver(normal.data(), left.data(), &bedLeft, &wetLeft,
                                                right.data(), &bedRight, &wetRight, expected.data());

@@ -20,7 +20,7 @@ class HydraulicSource : public support::Parameters {
 
   /// Runs one element over a bed at 1; returns what it prints.
   std::string add(int type, double rate, double dt = 1.0, double bed = 1.0) {
-    std::array<double, 2> const data{1e30, rate};
+    const std::array<double, 2> data{1e30, rate};
     ::testing::internal::CaptureStdout();
     kernels::hydraulics::source(&dt, data.data(), &type, &bed, state.data(), &wetted, &massKept);
     return ::testing::internal::GetCapturedStdout();
@@ -38,7 +38,7 @@ class HydraulicSource : public support::Parameters {
 };
 
 TEST_F(HydraulicSource, APositiveRateActsAlikeForAllTypes) {
-  for (int const type : {10, 11, 12, 20, 21, 22}) {
+  for (const int type : {10, 11, 12, 20, 21, 22}) {
     start(2.0);
     EXPECT_EQ(add(type, 0.5, 4.0), "") << type;
     EXPECT_EQ(state, (std::array<double, 3>{4.0, 3.0, -4.0})) << type;
@@ -48,7 +48,7 @@ TEST_F(HydraulicSource, APositiveRateActsAlikeForAllTypes) {
 }
 
 TEST_F(HydraulicSource, ARateOfZeroAddsNothingForAllTypes) {
-  for (int const type : {10, 11, 12, 20, 21, 22}) {
+  for (const int type : {10, 11, 12, 20, 21, 22}) {
     start(2.0);
     add(type, 0.0);
     EXPECT_EQ(state[0], 2.0) << type;
@@ -59,7 +59,7 @@ TEST_F(HydraulicSource, ARateOfZeroAddsNothingForAllTypes) {
 }
 
 TEST_F(HydraulicSource, AnExactSinkMayTakeMoreThanThereIs) {
-  for (int const type : {10, 20}) {
+  for (const int type : {10, 20}) {
     start(2.0);
     EXPECT_EQ(add(type, -0.75, 2.0), "MASS BALANCE PROBLEM: h = -0.5 < 0.0\n") << type;
     EXPECT_EQ(state, (std::array<double, 3>{0.5, 3.0, -4.0})) << type;
@@ -81,7 +81,7 @@ TEST_F(HydraulicSource, AnExactSinkWithinTheDepthKeepsTheCellWet) {
 }
 
 TEST_F(HydraulicSource, AnAvailableSinkTakesAtMostTheWater) {
-  for (int const type : {11, 21}) {
+  for (const int type : {11, 21}) {
     start(2.0);
     EXPECT_EQ(add(type, -5.0), "") << type;
     EXPECT_EQ(state, (std::array<double, 3>{1.0, 0.0, 0.0})) << type;
@@ -108,7 +108,7 @@ TEST_F(HydraulicSource, AnAvailableSinkLiftsTheSurfaceToTheBedFromBelowIt) {
 }
 
 TEST_F(HydraulicSource, AnInfiniteSinkEmptiesTheCellHoweverSmallItsRate) {
-  for (int const type : {12, 22}) {
+  for (const int type : {12, 22}) {
     start(2.0);
     EXPECT_EQ(add(type, -1e-300), "") << type;
     EXPECT_EQ(state, (std::array<double, 3>{1.0, 0.0, 0.0})) << type;
@@ -118,7 +118,7 @@ TEST_F(HydraulicSource, AnInfiniteSinkEmptiesTheCellHoweverSmallItsRate) {
 }
 
 TEST_F(HydraulicSource, UnknownTypesAddNothingButClassifyTheCell) {
-  for (int const type : {-10, 0, 9, 13, 19, 23, 30}) {
+  for (const int type : {-10, 0, 9, 13, 19, 23, 30}) {
     start(2.0);
     add(type, -5.0);
     EXPECT_EQ(state, (std::array<double, 3>{2.0, 3.0, -4.0})) << type;

@@ -51,8 +51,8 @@ TEST_F(WallFluxes, ofADryCellFollowTheSameFormula) {
 
 // What keeps a lake at rest still next to a wall: an edge between cells pushes just as hard.
 TEST_F(WallFluxes, balanceTheInnerEdgesOfALakeAtRest) {
-  int const wet = 1;
-  double const otherBed = 2.0;
+  const int wet = 1;
+  const double otherBed = 2.0;
   Flux inner{};
   kernels::hydraulics::hydrodynamic_solver(normal.data(), state.data(), &bed, &wet, state.data(),
                                            &otherBed, &wet, inner.data());

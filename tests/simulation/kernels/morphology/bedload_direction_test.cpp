@@ -50,7 +50,7 @@ TEST_F(MorBedloadDirection, curvatureDeviatesByDepthOverRadius) {
 
 TEST_F(MorBedloadDirection, curvatureCountsOnlyIfItsSwitchIsOne) {
   set(ParameterID::BedloadCurvature, 8.0);
-  for (int const value : {0, 2, -1}) {
+  for (const int value : {0, 2, -1}) {
     setInt(ParameterID::BedloadInts, 1, value);
     EXPECT_EQ(curvatureDeviation(0.5, 0.125), 0.0) << value;
   }
@@ -67,19 +67,19 @@ TEST_F(MorBedloadDirection, lateralSlopeTakesTheFactorOfTheLiteratureTimesGravit
   set(ParameterID::InvGravity, 1.0 / 9.81);
   set(ParameterID::SedRelDensity, 1.65);
   set(ParameterID::BedloadIkeda, 0.5 * 9.81);
-  double const q = 1.5;
-  double const depth = 1.25;
-  double const chezySquared = 150.0;
-  double const grainSize = 0.004;
-  double const shields =
+  const double q = 1.5;
+  const double depth = 1.25;
+  const double chezySquared = 150.0;
+  const double grainSize = 0.004;
+  const double shields =
       q * q / (depth * depth) / chezySquared / (1.65 * 9.81 * grainSize);  // 0.148
-  double const stress = lateralStress(q, 1.0 / depth, 1.0 / chezySquared, grainSize);
+  const double stress = lateralStress(q, 1.0 / depth, 1.0 / chezySquared, grainSize);
   EXPECT_NEAR(lateralSlopeDeviation(0.02, stress), -0.5 / std::sqrt(shields) * 0.02, 1e-15);
 }
 
 TEST_F(MorBedloadDirection, lateralSlopeCountsOnlyIfItsSwitchIsOne) {
   set(ParameterID::BedloadIkeda, 0.5);
-  for (int const value : {0, 2, -1}) {
+  for (const int value : {0, 2, -1}) {
     setInt(ParameterID::BedloadInts, 0, value);
     EXPECT_EQ(lateralSlopeDeviation(0.25, 4.0), 0.0) << value;
   }
@@ -101,25 +101,25 @@ TEST_F(MorBedloadDirection, deviationsRoundInOrder) {
 }
 
 TEST_F(MorBedloadDirection, aTangentOfZeroKeepsTheFlowDirection) {
-  Direction const direction = turned({0.6, 0.8}, 0.0);
+  const Direction direction = turned({0.6, 0.8}, 0.0);
   EXPECT_EQ(direction.x, 0.6);
   EXPECT_EQ(direction.y, 0.8);
 }
 
 TEST_F(MorBedloadDirection, aPositiveTangentTurnsToTheLeft) {
-  Direction const direction = turned({1.0, 0.0}, 0.75);
+  const Direction direction = turned({1.0, 0.0}, 0.75);
   EXPECT_DOUBLE_EQ(direction.x, 0.8);
   EXPECT_DOUBLE_EQ(direction.y, 0.6);
 }
 
 TEST_F(MorBedloadDirection, whatDoesNotFlowIsNotTurned) {
-  Direction const direction = turned({0.0, 0.0}, 0.75);
+  const Direction direction = turned({0.0, 0.0}, 0.75);
   EXPECT_EQ(direction.x, 0.0);
   EXPECT_EQ(direction.y, 0.0);
 }
 
 TEST_F(MorBedloadDirection, turningRoundsInOrder) {
-  Direction const direction = turned({0.6, 0.8}, 0.046329755242763296);
+  const Direction direction = turned({0.6, 0.8}, 0.046329755242763296);
   EXPECT_EQ(direction.x, 0.56233301052582585);
   EXPECT_EQ(direction.y, 0.82691086900158806);
 }

@@ -36,9 +36,9 @@ class MorBoundary : public support::Parameters {
   }
 
   double flux(int code) const { return flux(code, &chezy); }
-  double flux(int code, double const* chezyValue) const {
-    std::array<int, 2> const type{code, sign};
-    std::array<double, 3> const state{surface, NOTHING, NOTHING};
+  double flux(int code, const double* chezyValue) const {
+    const std::array<int, 2> type{code, sign};
+    const std::array<double, 3> state{surface, NOTHING, NOTHING};
     double result = 99.0;
     // What the body does not need is not there.
     kernels::morphology::boundary(&dt, type.data(), D.data(), nullptr, &length, state.data(),
@@ -119,8 +119,8 @@ TEST_F(MorBoundary, turnsTheStoredValueByTheSignOfTheEdge) {
 }
 
 TEST_F(MorBoundary, neverTakesOutAGivenInflow) {
-  for (double const value : {0.0, 0.25}) {
-    for (int const code : {404, 406, 408}) {
+  for (const double value : {0.0, 0.25}) {
+    for (const int code : {404, 406, 408}) {
       sign = 1;
       D[1] = value;
       EXPECT_EQ(flux(code), 0.0) << code;
@@ -160,7 +160,7 @@ TEST_F(MorBoundary, weighsADryCellWithZero) {
   surface = bed;
   D[0] = 0.5;
   D[1] = -0.25;
-  for (int const code : {406, 408, 412, 414}) EXPECT_EQ(flux(code), 0.0) << code;
+  for (const int code : {406, 408, 412, 414}) EXPECT_EQ(flux(code), 0.0) << code;
   EXPECT_EQ(flux(404), -0.75);
   EXPECT_EQ(flux(410), 0.375);
 }
@@ -177,7 +177,7 @@ TEST_F(MorBoundary, hasNoConveyanceAtANegativeDepth) {
 TEST_F(MorBoundary, needsNoFrictionWithoutConveyance) {
   D[0] = 1.25;
   D[1] = -0.25;
-  for (int const code : {400, 404, 406, 410, 412}) {
+  for (const int code : {400, 404, 406, 410, 412}) {
     EXPECT_NE(flux(code, nullptr), 0.0) << code;
   }
 }
@@ -185,7 +185,7 @@ TEST_F(MorBoundary, needsNoFrictionWithoutConveyance) {
 TEST_F(MorBoundary, letsNothingPassForAnyOtherCode) {
   D[0] = 0.5;
   D[1] = -0.25;
-  for (int const code : {0, 399, 401, 403, 405, 407, 409, 411, 413, 415, 416, 100, -404}) {
+  for (const int code : {0, 399, 401, 403, 405, 407, 409, 411, 413, 415, 416, 100, -404}) {
     EXPECT_EQ(flux(code), 0.0) << code;
   }
 }

@@ -44,7 +44,7 @@ class MorCalcBedloadTransport : public support::Parameters {
   }
 
   void run() { run(&chezy); }
-  void run(double const* chezyValue) {
+  void run(const double* chezyValue) {
     kernels::morphology::calc_bedload_transport(&friction, state.data(), &bed, chezyValue,
                                                 &grainSize, &critical, gradient.data(), &curvature,
                                                 capacity.data(), derivative.data());
@@ -71,7 +71,7 @@ TEST_F(MorCalcBedloadTransport, followsAnObliqueFlow) {
 
 TEST_F(MorCalcBedloadTransport, isZeroWithoutDepth) {
   state[0] = bed;
-  for (int const type : {MPM, GRASS}) {
+  for (const int type : {MPM, GRASS}) {
     setInt(ParameterID::BeadloadType, type);
     run();
     EXPECT_EQ(capacity, (Vector{0.0, 0.0})) << type;
@@ -88,7 +88,7 @@ TEST_F(MorCalcBedloadTransport, isZeroAtRestWhateverTheFormula) {
   setInt(ParameterID::BedloadInts, 1, 1);
   set(ParameterID::BedloadIkeda, 0.5);
   set(ParameterID::BedloadCurvature, 8.0);
-  for (int const type : {MPM, GRASS, POWER}) {
+  for (const int type : {MPM, GRASS, POWER}) {
     setInt(ParameterID::BeadloadType, type);
     run();
     EXPECT_EQ(capacity, (Vector{0.0, 0.0})) << type;
@@ -125,7 +125,7 @@ TEST_F(MorCalcBedloadTransport, usesTheStressOfTheMpmForm) {
 
 TEST_F(MorCalcBedloadTransport, isZeroForACellWithoutChezyValue) {
   chezy = 0.0;
-  for (int const type : {MPM, POWER}) {
+  for (const int type : {MPM, POWER}) {
     setInt(ParameterID::BeadloadType, type);
     run();
     EXPECT_EQ(capacity, (Vector{0.0, 0.0})) << type;
@@ -180,7 +180,7 @@ TEST_F(MorCalcBedloadTransport, doesNotApplyTheCalibrationFactor) {
 
 TEST_F(MorCalcBedloadTransport, passesOnACriticalValueThatIsNoNumberAsZero) {
   critical = std::nan("");
-  for (int const type : {MPM, GRASS}) {
+  for (const int type : {MPM, GRASS}) {
     setInt(ParameterID::BeadloadType, type);
     run();
     EXPECT_EQ(capacity, (Vector{0.0, 0.0})) << type;

@@ -38,8 +38,8 @@ TEST(MorFixedBedCorrectionFindMax, doesNotTakeANaN) {
 
 TEST(MorFixedBedCorrectionFindMax, runsOverSeveralCells) {
   double deviation = 0.01;
-  double const fixedBed = 1.0;
-  for (double const newBed : {0.75, 0.25, 0.5}) {
+  const double fixedBed = 1.0;
+  for (const double newBed : {0.75, 0.25, 0.5}) {
     kernels::morphology::fixed_bed_correction_find_max(&fixedBed, &newBed, &deviation);
   }
   EXPECT_EQ(deviation, 0.75);

@@ -30,15 +30,15 @@ class MorFixedBedCorrection : public support::Parameters {
   double newBed = 99.0;
   Fluxes flux{};
 
-  void correct(int const* cell = nullptr) {
-    std::array<double const*, 3> const lengths{&length[0], &length[1], &length[2]};
-    std::array<double*, 3> const fluxes{&flux[0], &flux[1], &flux[2]};
+  void correct(const int* cell = nullptr) {
+    const std::array<const double*, 3> lengths{&length[0], &length[1], &length[2]};
+    const std::array<double*, 3> fluxes{&flux[0], &flux[1], &flux[2]};
     kernels::morphology::fixed_bed_correction(cell, &dt, &area, &bed, &fixedBed, sign.data(),
                                               lengths.data(), &newBed, fluxes.data());
   }
 
   /// What a correction prints.
-  std::string printed(int const* cell) {
+  std::string printed(const int* cell) {
     testing::internal::CaptureStdout();
     correct(cell);
     return testing::internal::GetCapturedStdout();
@@ -162,14 +162,14 @@ TEST_F(MorFixedBedCorrection, letsTheSecondCellOfAnEdgeSeeTheCorrectedFlux) {
 
 TEST_F(MorFixedBedCorrection, namesTheCellInDebugMode) {
   G_Debug = 1;
-  int const cell = 17;
+  const int cell = 17;
   flux = {1.0, 1.0, 0.0};
   EXPECT_EQ(printed(&cell), "overdraft in cell 17 by dz = 0.500000 [m]\n");
 }
 
 TEST_F(MorFixedBedCorrection, isSilentInDebugModeWithoutAnOverdraft) {
   G_Debug = 1;
-  int const cell = 17;
+  const int cell = 17;
   flux = {0.5, 0.5, 0.0};
   EXPECT_EQ(printed(&cell), "");
 }

@@ -120,7 +120,7 @@ TEST_F(MorInternalFluxes, areTheCapacityItselfBetweenEqualStates) {
   set(ParameterID::InvBedPorosity, 1.5);
   set(ParameterID::BedloadFactor, 0.5);
   normal = {0.6, 0.8};
-  for (double const discharge : {0.25, 3.0, -2.0}) {
+  for (const double discharge : {0.25, 3.0, -2.0}) {
     left = {1, {1.0, discharge, 0.5}, 0.0, {0.75, -0.25}, {0.125, 0.0625}};
     right = left;
     EXPECT_DOUBLE_EQ(flux(), (0.75 * 0.6 - 0.25 * 0.8) * 0.75) << discharge;
@@ -131,22 +131,22 @@ TEST_F(MorInternalFluxes, projectTheDerivativeOnTheDirectionOfTheFlow) {
   // The flow is at 45 degrees to the normal, so dn = 4 cos(45) and the radicand 1 + 4 dn.
   left = {1, {1.0, 2.0, 2.0}, 0.0, {1.0, 0.0}, {4.0, 7.0}};
   right = {1, {0.0, 0.0, 0.0}, 0.0, {0.0, 0.0}, {0.0, 0.0}};
-  double const root = std::sqrt(1.0 + 16.0 * std::sqrt(0.5));
+  const double root = std::sqrt(1.0 + 16.0 * std::sqrt(0.5));
   EXPECT_DOUBLE_EQ(flux(), (1.0 + root) * 0.5 / root);
 }
 
 /// With weak transport the bed itself moves at d c^2 u / (c^2 - u^2).
 TEST_F(MorInternalFluxes, takeAFasterBedThanThereIsTheMoreTheSlowerTheFlow) {
-  double const weak = 1e-9;
-  for (double const froude : {0.1, 0.2, 0.4, 0.6}) {
-    std::array<double, 3> const state{1.0, froude, 0.0};  // the celerity is 1
-    std::array<double, 2> const derivative{weak, 0.0};
-    double const bed = weak * froude / (1.0 - froude * froude);
-    double const along =
+  const double weak = 1e-9;
+  for (const double froude : {0.1, 0.2, 0.4, 0.6}) {
+    const std::array<double, 3> state{1.0, froude, 0.0};  // the celerity is 1
+    const std::array<double, 2> derivative{weak, 0.0};
+    const double bed = weak * froude / (1.0 - froude * froude);
+    const double along =
         kernels::morphology::bedWaves(normal.data(), state.data(), 0.0, derivative.data()).high;
     EXPECT_NEAR(along / bed, (1.0 + froude) / froude, 1e-4) << froude;
-    std::array<double, 2> const back{-1.0, 0.0};
-    double const against =
+    const std::array<double, 2> back{-1.0, 0.0};
+    const double against =
         kernels::morphology::bedWaves(back.data(), state.data(), 0.0, derivative.data()).high;
     EXPECT_NEAR(against / bed, (1.0 - froude) / froude, 1e-4) << froude;
   }

@@ -33,7 +33,7 @@ class MorLocalBedSlope : public support::Parameters {
     setInt(ParameterID::IncipientMotType, VAN_RIJN_TYPE);
   }
 
-  double on(std::array<double, 2> const& gradient) {
+  double on(const std::array<double, 2>& gradient) {
     kernels::morphology::local_bed_slope(state.data(), &bed, gradient.data(), &critical);
     return critical;
   }
@@ -94,21 +94,21 @@ TEST_F(MorLocalBedSlope, addsTheCosineAfterChenWithoutAFactor) {
 }
 
 TEST_F(MorLocalBedSlope, isVanRijnForEveryTypeButChens) {
-  for (int const type : {-2, 0, 1, 3}) {
+  for (const int type : {-2, 0, 1, 3}) {
     setInt(ParameterID::IncipientMotType, type);
     EXPECT_DOUBLE_EQ(on({0.1, 0.0}), 0.05360262453204253) << type;
   }
 }
 
 TEST_F(MorLocalBedSlope, hasNoCriticalValueBeyondTheAngleOfRepose) {
-  double const steep = std::tan(REPOSE) * 1.01;
+  const double steep = std::tan(REPOSE) * 1.01;
   EXPECT_TRUE(std::isnan(on({0.0, steep})));
   setInt(ParameterID::IncipientMotType, CHEN_TYPE);
   EXPECT_TRUE(std::isnan(on({0.0, steep})));
 }
 
 TEST_F(MorLocalBedSlope, ignoresAnAngleOfReposeNextToZero) {
-  for (double const angle : {1e-13, -1e-13}) {
+  for (const double angle : {1e-13, -1e-13}) {
     set(ParameterID::ReposeAngle, angle);
     EXPECT_DOUBLE_EQ(on({0.0, 1.0}), CRITICAL / std::sqrt(2.0)) << angle;
   }

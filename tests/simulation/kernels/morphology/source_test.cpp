@@ -24,7 +24,7 @@ class MorSource : public ::testing::Test {
   std::string text;
 
   void run(int type, double rate) {
-    std::array<double, 2> const data{1e9, rate};
+    const std::array<double, 2> data{1e9, rate};
     testing::internal::CaptureStdout();
     kernels::morphology::source(&dt, data.data(), &type, &bed, &fixedBed, state.data(), &massKept);
     text = testing::internal::GetCapturedStdout();
@@ -115,7 +115,7 @@ TEST_F(MorSource, infinityStopsAtTheFixedBed) {
 }
 
 TEST_F(MorSource, unknownTypesChangeNothing) {
-  for (int const type : {0, 10, 12, 20, 29, 33}) {
+  for (const int type : {0, 10, 12, 20, 29, 33}) {
     run(type, -4.0);
     EXPECT_EQ(bed, 2.0) << type;
     EXPECT_EQ(state[0], 5.0) << type;

@@ -34,7 +34,7 @@ struct Link {
 class NodeStringStates : public support::Parameters {
  protected:
   static constexpr std::size_t COLUMNS = 40;
-  using Pointers = std::array<double const*, COLUMNS>;
+  using Pointers = std::array<const double*, COLUMNS>;
   using Result = std::array<double, 10>;
 
   NodeStringStates() {
@@ -54,7 +54,7 @@ class NodeStringStates : public support::Parameters {
     std::array<int, COLUMNS> sign{};
     Pointers length{}, fluxHy{}, fluxMo{}, chezy{}, critical{}, grain{}, state{}, bed{}, area{};
     for (std::size_t i = 0; i < static_cast<std::size_t>(size); ++i) {
-      Link const& link = links[i];
+      const Link& link = links[i];
       sign[i] = link.sign;
       length[i] = &link.length;
       fluxHy[i] = link.fluxHy.data();
@@ -66,7 +66,7 @@ class NodeStringStates : public support::Parameters {
       bed[i] = &link.bed;
       area[i] = &link.area;
     }
-    bool const bedMoves = morphology == 1;
+    const bool bedMoves = morphology == 1;
     Result result{};
     result.fill(-99.0);
     kernels::topology::node_string_states(
@@ -107,7 +107,7 @@ class NodeStringStates : public support::Parameters {
 };
 
 TEST_F(NodeStringStates, OfAnEmptyStringAreMissing) {
-  Result const expected{MISSING_VALUE, 0.0, 0.0, MISSING_VALUE, 1e12, 0.0, 0.0, 0.0, 0.0, 0.0};
+  const Result expected{MISSING_VALUE, 0.0, 0.0, MISSING_VALUE, 1e12, 0.0, 0.0, 0.0, 0.0, 0.0};
   EXPECT_EQ(evaluate(0, 0, 0), expected);
   EXPECT_EQ(evaluate(0, 1, 1), expected);
 }
@@ -122,7 +122,7 @@ TEST_F(NodeStringStates, OfADryStringHaveTheLowestBedOnly) {
 
 TEST_F(NodeStringStates, IntegrateOverTheWetEdges) {
   twoWetEdges();
-  Result const result = evaluate(3, 0, 0);
+  const Result result = evaluate(3, 0, 0);
   EXPECT_EQ(result[0], (5.0 * 2.0 + 3.0 * 6.0) / 8.0);
   EXPECT_EQ(result[1], 9.0);
   EXPECT_EQ(result[2], 14.0);
@@ -151,9 +151,9 @@ TEST_F(NodeStringStates, OfAFlippedEdgeReverseItsFluxesOnly) {
   oneEdge();
   links[0].fluxHy[0] = 3.0;
   links[0].fluxMo = 0.25;
-  Result const along = evaluate(1, 1, 1);
+  const Result along = evaluate(1, 1, 1);
   links[0].sign = -1;
-  Result const against = evaluate(1, 1, 1);
+  const Result against = evaluate(1, 1, 1);
   EXPECT_EQ(along[1], 24.0);
   EXPECT_EQ(along[8], 1.0);
   for (std::size_t k = 0; k < along.size(); ++k) {
@@ -164,7 +164,7 @@ TEST_F(NodeStringStates, OfAFlippedEdgeReverseItsFluxesOnly) {
 TEST_F(NodeStringStates, BeforeTheBedMovesHaveNoMorphology) {
   oneEdge();
   links[0].fluxMo = 0.25;
-  Result const result = evaluate(1, 0, 0);
+  const Result result = evaluate(1, 0, 0);
   EXPECT_EQ(result[5], 8.0);
   EXPECT_EQ(result[7], 0.0);
   EXPECT_EQ(result[8], 0.0);
@@ -200,7 +200,7 @@ TEST_F(NodeStringStates, PowerLawCapacityIsQuadraticInTheDischarge) {
   links[0].chezy = 0.25;
   links[0].critical = 1e9;
   // 0.05 / 64 sqrt(2) * 2 * 4 * 2 * 25 / 32 per metre
-  double const expected = 0.05 / 64.0 * std::sqrt(2.0) * 12.5 * 8.0;
+  const double expected = 0.05 / 64.0 * std::sqrt(2.0) * 12.5 * 8.0;
   EXPECT_DOUBLE_EQ(evaluate(1, 1, 1)[9], expected);
   links[0].grainSize = 0.0;
   EXPECT_EQ(evaluate(1, 1, 1)[9], 0.0);
@@ -212,7 +212,7 @@ TEST_F(NodeStringStates, MpmCapacityFollowsTheShieldsParameter) {
   links[0].chezy = 0.5;
   links[0].critical = 1.125;
   // theta = 25 / 4 * 2 / 8 / 0.5 = 3.125; sqrt(d^3 g s) = 0.5; 3 * 0.5 * 2^2 * 8
-  for (int const type : {1, 2, 0, 5}) {
+  for (const int type : {1, 2, 0, 5}) {
     setInt(ParameterID::BeadloadType, type);
     EXPECT_EQ(evaluate(1, 1, 1)[9], 48.0) << type;
   }
@@ -230,16 +230,16 @@ TEST_F(NodeStringStates, MpmShieldsParameterGroupsItsSquares) {
   links[0].grainSize = 0.006;
   links[0].chezy = 98.8;
   links[0].state = {1.8, 1.8, 0.89};
-  volatile double const q = std::sqrt(1.8 * 1.8 + 0.89 * 0.89);
-  double const ih = 1.0 / 1.8;
-  volatile double const squares = (q * q) * (ih * ih);
-  volatile double const weight = (1.0 / 98.8) * (1.0 / 9.81);
-  volatile double const load = squares * weight;
-  double const theta = load / (1.65 * 0.006);
-  volatile double const unit = std::sqrt(0.006 * 0.006 * 0.006 * 1.0 * 1.65);
+  const volatile double q = std::sqrt(1.8 * 1.8 + 0.89 * 0.89);
+  const double ih = 1.0 / 1.8;
+  const volatile double squares = (q * q) * (ih * ih);
+  const volatile double weight = (1.0 / 98.8) * (1.0 / 9.81);
+  const volatile double load = squares * weight;
+  const double theta = load / (1.65 * 0.006);
+  const volatile double unit = std::sqrt(0.006 * 0.006 * 0.006 * 1.0 * 1.65);
   EXPECT_EQ(evaluate(1, 1, 1)[9], unit * theta);
   // In the last digit, not that of the transport on the cells.
-  double const cells = kernels::morphology::mpmBedload({q, ih, 1.0 / 98.8, 0.006, 0.0}).capacity;
+  const double cells = kernels::morphology::mpmBedload({q, ih, 1.0 / 98.8, 0.006, 0.0}).capacity;
   EXPECT_NE(evaluate(1, 1, 1)[9], cells);
   EXPECT_DOUBLE_EQ(evaluate(1, 1, 1)[9], cells);
 }
@@ -274,7 +274,7 @@ TEST_F(NodeStringStates, CapacityOfAThinFilmIsThatOfNoVelocity) {
 
 TEST_F(NodeStringStates, ReadOnlyTheListedColumns) {
   twoWetEdges();
-  Result const result = evaluate(1, 0, 0);
+  const Result result = evaluate(1, 0, 0);
   EXPECT_EQ(result[5], 2.0);
   EXPECT_EQ(result[4], 1.0);
 }
