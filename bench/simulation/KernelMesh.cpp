@@ -6,10 +6,10 @@
 #include <utility>
 
 #include "bench/simulation/syntheticData.h"
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Maps.h"
-#include "model/catalogue/Relations.h"
-#include "model/catalogue/Sets.h"
+#include "catalogue/Data.h"
+#include "catalogue/Maps.h"
+#include "catalogue/Relations.h"
+#include "catalogue/Sets.h"
 #include "op/op_seq.h"
 #include "setup/SetContent.h"
 

@@ -11,7 +11,7 @@
 #include <variant>
 #include <vector>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 #include "op/op_lib_core.h"
 #include "setup/Domain.h"
 

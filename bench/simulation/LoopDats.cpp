@@ -4,8 +4,8 @@
 #include <type_traits>
 #include <variant>
 
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Relations.h"
+#include "catalogue/Data.h"
+#include "catalogue/Relations.h"
 #include "op/op_loop.h"
 #include "op/op_seq.h"
 

@@ -4,7 +4,7 @@
 #include <map>
 
 #include "bench/simulation/KernelMesh.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 #include "op/op_lib_core.h"
 
 namespace bench {

@@ -4,9 +4,9 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Relations.h"
-#include "model/catalogue/Sets.h"
+#include "catalogue/Data.h"
+#include "catalogue/Relations.h"
+#include "catalogue/Sets.h"
 
 namespace bench {
 

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <map>
 
-#include "model/catalogue/Data.h"
+#include "catalogue/Data.h"
 #include "simulation/kernels/parameters.h"
 
 namespace bench {

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace bench {
 

@@ -3,7 +3,7 @@
 
 #include "api/IBaseData.h"
 #include "api/IBaseSet.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace api {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "api/IBaseSet.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace api {
 

@@ -12,7 +12,7 @@
 #include "api/IParameter.h"
 #include "api/ISet.h"
 #include "api/IVariable.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace api {
 

@@ -6,8 +6,8 @@
 
 #include "api/IBaseData.h"
 #include "api/IBaseSet.h"
-#include "model/catalogue/IDs.h"
-#include "model/catalogue/OutputOperation.h"
+#include "catalogue/IDs.h"
+#include "catalogue/OutputOperation.h"
 
 namespace api {
 

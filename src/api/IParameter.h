@@ -2,7 +2,7 @@
 #pragma once
 
 #include "api/IBaseData.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace api {
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "api/IBase.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace api {
 

@@ -2,8 +2,8 @@
 
 #include "common/check.h"
 #include "common/console.h"
-#include "dataio/h5/attribute.h"
-#include "dataio/h5/group.h"
+#include "h5/attribute.h"
+#include "h5/group.h"
 
 namespace console = common::console;
 

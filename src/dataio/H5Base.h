@@ -8,8 +8,8 @@
 #include <string>
 
 #include "api/IH5Base.h"
-#include "dataio/h5/dataset.h"
-#include "dataio/h5/file.h"
+#include "h5/dataset.h"
+#include "h5/file.h"
 
 namespace dataio {
 

@@ -8,7 +8,7 @@
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
 #include "dataio/ResultReader.h"
-#include "dataio/h5/error.h"
+#include "h5/error.h"
 #include "model/Factory.h"
 
 namespace console = common::console;
@@ -71,7 +71,7 @@ void requireNodes(const Mesh& mesh) {
 }  // namespace
 
 Results::Results(const std::string& file) : name(file) {
-  const dataio::h5::Silence expectedFailures;
+  const h5::Silence expectedFailures;
   reader = open(file);
   readArchive();
   try {
@@ -90,7 +90,7 @@ Results::Results(const std::string& file) : name(file) {
 bool Results::exists(const std::string& path) const {
   try {
     return reader->existDataset(path);
-  } catch (const dataio::h5::Error&) {
+  } catch (const h5::Error&) {
     return false;
   }
 }

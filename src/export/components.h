@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace exporter {
 

@@ -15,7 +15,7 @@
 #include "api/IParameter.h"
 #include "api/ISet.h"
 #include "api/IVariable.h"
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace model {
 

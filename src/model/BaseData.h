@@ -3,8 +3,8 @@
 
 #include <string>
 
+#include "catalogue/Property.h"
 #include "model/Base.h"
-#include "model/catalogue/Property.h"
 
 namespace model {
 

@@ -3,15 +3,15 @@
 #include <algorithm>
 #include <utility>
 
+#include "catalogue/Aggregates.h"
+#include "catalogue/Data.h"
+#include "catalogue/Kernels.h"
+#include "catalogue/Outputs.h"
+#include "catalogue/Parameters.h"
+#include "catalogue/Relations.h"
 #include "common/check.h"
 #include "common/console.h"
 #include "model/Factory.h"
-#include "model/catalogue/Aggregates.h"
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Kernels.h"
-#include "model/catalogue/Outputs.h"
-#include "model/catalogue/Parameters.h"
-#include "model/catalogue/Relations.h"
 #include "model/vectors.h"
 
 namespace model {

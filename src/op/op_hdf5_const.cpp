@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <string>
 
-#include "h5journal/driver.h"
+#include "h5/driver.h"
 #include "op/op_hdf5.h"
 #include "op/op_hdf5_dataset.h"
 #include "op/op_util.h"
@@ -45,12 +45,11 @@ bool is_stored_as(hid_t dataset, hid_t memory_type) {
 // The file, which is made if there is none.
 hid_t open_target(const Constant& constant) {
   if (file_exist(constant.file) == 0) {
-    const hid_t created =
-        H5Fcreate(constant.file, H5F_ACC_EXCL, H5P_DEFAULT, h5journal::accessList());
+    const hid_t created = H5Fcreate(constant.file, H5F_ACC_EXCL, H5P_DEFAULT, h5::accessList());
     require(created >= 0, constant);
     return created;
   }
-  const hid_t opened = H5Fopen(constant.file, H5F_ACC_RDWR, h5journal::accessList());
+  const hid_t opened = H5Fopen(constant.file, H5F_ACC_RDWR, h5::accessList());
   if (opened < 0) op_fail(2, "Could not obtain write access to file '%s'\n", constant.file);
   return opened;
 }

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <string_view>
 
-#include "h5journal/driver.h"
+#include "h5/driver.h"
 #include "op/op_type.h"
 #include "op/op_util.h"
 
@@ -96,7 +96,7 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record) {
 hid_t op_hdf5_open_source(const char* file, const char* call, const char* reasons) {
   if (file_exist(file) == 0) op_fail(2, "File %s does not exist .... aborting %s()\n", file, call);
   const H5Silence silence;
-  const hid_t id = H5Fopen(file, H5F_ACC_RDONLY, h5journal::accessList());
+  const hid_t id = H5Fopen(file, H5F_ACC_RDONLY, h5::accessList());
   if (id < 0) op_fail(2, "Could not obtain read access to file '%s'%s\n", file, reasons);
   return id;
 }

@@ -1,7 +1,7 @@
 // What the HDF5 calls of the runtime share: handles that close themselves, the properties of a
 // dataset, the groups along a path. Works on the HDF5 C library directly.
 //
-//   const H5Handle file(H5Fopen(name, H5F_ACC_RDONLY, h5journal::accessList()), H5Fclose);
+//   const H5Handle file(H5Fopen(name, H5F_ACC_RDONLY, h5::accessList()), H5Fclose);
 //   if (!file) ...
 #pragma once
 

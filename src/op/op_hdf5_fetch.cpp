@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string>
 
-#include "h5journal/driver.h"
+#include "h5/driver.h"
 #include "op/op_arg.h"
 #include "op/op_hdf5.h"
 #include "op/op_hdf5_dataset.h"
@@ -181,7 +181,7 @@ hid_t open_if_there(const Target& target) {
     std::printf("File %s exists .... checking for dataset and path %s in file\n", target.file,
                 target.path);
   }
-  const hid_t file = H5Fopen(target.file, H5F_ACC_RDWR, h5journal::accessList());
+  const hid_t file = H5Fopen(target.file, H5F_ACC_RDWR, h5::accessList());
   if (file < 0) op_fail(2, "Could not obtain write access to file '%s'\n", target.file);
   return file;
 }
@@ -220,8 +220,7 @@ void op_hdf5_write_dat(op_dat dat, const char* file, const char* path) {
     return;
   }
   if (OP_diags > 3) std::printf("File %s does not exist .... creating file\n", file);
-  const H5Handle created(H5Fcreate(file, H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
-                         H5Fclose);
+  const H5Handle created(H5Fcreate(file, H5F_ACC_TRUNC, H5P_DEFAULT, h5::accessList()), H5Fclose);
   require(static_cast<bool>(created), target);
   create_dataset(created.get(), target);
   flush(created.get(), target);

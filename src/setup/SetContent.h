@@ -8,7 +8,7 @@
 #include <variant>
 #include <vector>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 #include "setup/Domain.h"
 
 namespace setup {

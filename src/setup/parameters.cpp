@@ -2,8 +2,8 @@
 
 #include <optional>
 
+#include "catalogue/Parameters.h"
 #include "common/check.h"
-#include "model/catalogue/Parameters.h"
 
 namespace setup {
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <variant>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 #include "setup/Study.h"
 
 namespace setup {

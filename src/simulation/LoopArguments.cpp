@@ -2,9 +2,9 @@
 
 #include <string>
 
+#include "catalogue/Kernels.h"
+#include "catalogue/Sets.h"
 #include "common/console.h"
-#include "model/catalogue/Kernels.h"
-#include "model/catalogue/Sets.h"
 #include "simulation/names.h"
 
 namespace simulation {

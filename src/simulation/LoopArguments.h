@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <utility>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 #include "op/op_lib_core.h"
 
 namespace simulation {

@@ -4,7 +4,7 @@
 // checks the body against it. See op/op_loop.h for the rows, kernels/ for the bodies.
 #pragma once
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 #include "op/op_loop.h"
 
 namespace loops {

@@ -1,9 +1,9 @@
 #include "simulation/names.h"
 
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Maps.h"
-#include "model/catalogue/Relations.h"
-#include "model/catalogue/Sets.h"
+#include "catalogue/Data.h"
+#include "catalogue/Maps.h"
+#include "catalogue/Relations.h"
+#include "catalogue/Sets.h"
 
 namespace simulation {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 namespace simulation {
 

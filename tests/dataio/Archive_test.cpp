@@ -10,7 +10,7 @@
 #include "dataio/H5Reader.h"
 #include "dataio/H5Writer.h"
 #include "dataio/failures.h"
-#include "dataio/h5/error.h"
+#include "h5/error.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -21,7 +21,7 @@ using dataio::H5Writer;
 using failures::hdf5Words;
 using failures::reportOf;
 using failures::textOf;
-namespace h5 = dataio::h5;
+namespace h5 = h5;
 
 std::string contentsOf(const std::string& file) {
   std::ifstream stream(file);

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "dataio/h5/error.h"
+#include "h5/error.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -68,7 +68,7 @@ TEST_F(FactoryTest, XdmfWriterWritesADocument) {
 }
 
 TEST_F(FactoryTest, ReaderNeedsTheFile) {
-  EXPECT_THROW(std::unique_ptr<api::IH5Reader>(Factory::createH5Reader(name)), dataio::h5::Error);
+  EXPECT_THROW(std::unique_ptr<api::IH5Reader>(Factory::createH5Reader(name)), h5::Error);
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 
 #include "dataio/H5Writer.h"
 #include "dataio/failures.h"
-#include "dataio/h5/group.h"
+#include "h5/group.h"
 #include "support/FileSizeLimit.h"
 #include "support/TempDir.h"
 
@@ -18,7 +18,7 @@ using dataio::H5Writer;
 using failures::hdf5Words;
 using failures::reportOf;
 using failures::textOf;
-namespace h5 = dataio::h5;
+namespace h5 = h5;
 
 using DoubleRows = std::vector<std::vector<double>>;
 

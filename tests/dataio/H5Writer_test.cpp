@@ -7,7 +7,7 @@
 
 #include "dataio/H5Reader.h"
 #include "dataio/failures.h"
-#include "dataio/h5/error.h"
+#include "h5/error.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -17,7 +17,7 @@ using dataio::H5Writer;
 using failures::hdf5Words;
 using failures::reportOf;
 using failures::textOf;
-namespace h5 = dataio::h5;
+namespace h5 = h5;
 
 using IntRows = std::vector<std::vector<int>>;
 using DoubleRows = std::vector<std::vector<double>>;

@@ -7,7 +7,7 @@
 
 #include "dataio/H5Writer.h"
 #include "dataio/failures.h"
-#include "dataio/h5/error.h"
+#include "h5/error.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -112,7 +112,7 @@ TEST_F(ResultReaderTest, TimeAtTwoPositionsIsCorrupt) {
 TEST_F(ResultReaderTest, DataWithoutResultsIsReported) {
   write(HYD, {0.0});
   const ResultReader reader(name);
-  EXPECT_EQ(textOf<dataio::h5::Error>([&] { reader.getAllTimesWithPosition({MOR}); }),
+  EXPECT_EQ(textOf<h5::Error>([&] { reader.getAllTimesWithPosition({MOR}); }),
             "Unable to open the group \"/RESULTS/CellsAll/BottomEl\":" +
                 hdf5Words(H5E_SYM, H5E_NOTFOUND));
 }
@@ -199,7 +199,7 @@ TEST_F(ResultReaderTest, DeletingBehindTheLastRecordChangesNothing) {
 
 TEST_F(ResultReaderTest, FileHasToExist) {
   const std::string missing = dir.file("missing.h5");
-  EXPECT_EQ(textOf<dataio::h5::Error>([&] { const ResultReader reader(missing); }),
+  EXPECT_EQ(textOf<h5::Error>([&] { const ResultReader reader(missing); }),
             "Unable to open file " + missing + hdf5Words(H5E_FILE, H5E_CANTOPENFILE));
 }
 

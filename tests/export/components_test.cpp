@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/catalogue/Outputs.h"
+#include "catalogue/Outputs.h"
 
 namespace {
 

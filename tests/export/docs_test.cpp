@@ -5,8 +5,8 @@
 #include <regex>
 #include <set>
 
+#include "catalogue/Outputs.h"
 #include "export/components.h"
-#include "model/catalogue/Outputs.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 

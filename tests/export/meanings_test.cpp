@@ -4,8 +4,8 @@
 
 #include <set>
 
+#include "catalogue/Outputs.h"
 #include "export/components.h"
-#include "model/catalogue/Outputs.h"
 
 namespace {
 

@@ -6,10 +6,10 @@
 #include <memory>
 
 #include "api/IH5Writer.h"
+#include "catalogue/Kernels.h"
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
 #include "model/Set.h"
-#include "model/catalogue/Kernels.h"
 #include "model/reports.h"
 #include "support/TempDir.h"
 

@@ -4,9 +4,9 @@
 
 #include <stdexcept>
 
+#include "catalogue/Kernels.h"
+#include "catalogue/Relations.h"
 #include "model/Factory.h"
-#include "model/catalogue/Kernels.h"
-#include "model/catalogue/Relations.h"
 #include "model/reports.h"
 
 namespace model {

@@ -5,10 +5,10 @@
 #include <memory>
 #include <stdexcept>
 
+#include "catalogue/Outputs.h"
+#include "catalogue/Relations.h"
 #include "model/Factory.h"
 #include "model/Set.h"
-#include "model/catalogue/Outputs.h"
-#include "model/catalogue/Relations.h"
 #include "model/reports.h"
 
 namespace model {

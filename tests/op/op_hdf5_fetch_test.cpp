@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "h5journal/driver.h"
+#include "h5/driver.h"
 #include "op/op_hdf5.h"
 #include "op/op_hdf5_dataset.h"
 #include "op/op_seq.h"
@@ -133,7 +133,7 @@ TEST_F(OpFetchDataHdf5, AddsToAFileThatIsThere) {
 }
 
 TEST_F(OpFetchDataHdf5, AddsToAFileThatIsOpenForWriting) {
-  const H5Handle open(H5Fcreate(file_.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5journal::accessList()),
+  const H5Handle open(H5Fcreate(file_.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5::accessList()),
                       H5Fclose);
   write(flow_);
   EXPECT_GT(H5Oexists_by_name(open.get(), Path, H5P_DEFAULT), 0);

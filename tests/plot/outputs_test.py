@@ -30,7 +30,7 @@ def formulas(state, bed, first_bed, chezy, curvature, flood):
 
 class OutputsTest(unittest.TestCase):
     def test_the_names_are_those_of_the_catalogue(self):
-        text = (ROOT / "src/model/catalogue/Outputs.cpp").read_text()
+        text = (ROOT / "src/catalogue/Outputs.cpp").read_text()
         names = set(re.findall(r'\{"(\w+)",', text))
         self.assertIn("water_depth", names)
         self.assertEqual({name.split(".")[0] for name in OUTPUTS},

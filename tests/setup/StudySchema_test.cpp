@@ -7,7 +7,7 @@
 #include <map>
 #include <set>
 
-#include "model/catalogue/Aggregates.h"
+#include "catalogue/Aggregates.h"
 #include "setup/Study.h"
 #include "setup/bedBoundaryTable.h"
 #include "setup/studies.h"

@@ -3,11 +3,11 @@
 
 #include <memory>
 
+#include "catalogue/Data.h"
+#include "catalogue/Maps.h"
+#include "catalogue/Relations.h"
 #include "model/Factory.h"
 #include "model/Model.h"
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Maps.h"
-#include "model/catalogue/Relations.h"
 #include "setup/SetContent.h"
 #include "setup/meshes.h"
 #include "setup/position.h"

@@ -9,9 +9,9 @@
 #include <type_traits>
 #include <vector>
 
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Maps.h"
-#include "model/catalogue/Relations.h"
+#include "catalogue/Data.h"
+#include "catalogue/Maps.h"
+#include "catalogue/Relations.h"
 
 namespace {
 

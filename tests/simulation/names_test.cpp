@@ -4,10 +4,10 @@
 
 #include <memory>
 
+#include "catalogue/Data.h"
+#include "catalogue/Maps.h"
+#include "catalogue/Relations.h"
 #include "model/Factory.h"
-#include "model/catalogue/Data.h"
-#include "model/catalogue/Maps.h"
-#include "model/catalogue/Relations.h"
 
 namespace {
 

@@ -19,7 +19,7 @@
 #include <thread>
 #include <vector>
 
-#include "h5journal/Journal.h"
+#include "h5/Journal.h"
 #include "system/Simulation.h"
 
 namespace {
@@ -128,10 +128,10 @@ class Torn : public Robustness {
     useSample("time_out_tenth");
     ASSERT_EQ(simulate().status, 0);
     whole = support::readFile(resultFile);
-    const std::string page = whole.substr(0, h5journal::PAGE_SIZE);
+    const std::string page = whole.substr(0, h5::PAGE_SIZE);
     const std::string before(page.size(), '\0');
-    h5journal::Journal change;
-    change.pages[0] = {{page.begin(), page.end()}, h5journal::hash(before.data(), before.size())};
+    h5::Journal change;
+    change.pages[0] = {{page.begin(), page.end()}, h5::hash(before.data(), before.size())};
     change.end = whole.size();
     change.write(journal);
     support::writeFile(resultFile, before + whole.substr(before.size()));

@@ -6,7 +6,7 @@
 // the value of its ParameterID. A parameter with several values fills consecutive slots.
 #pragma once
 
-#include "model/catalogue/IDs.h"
+#include "catalogue/IDs.h"
 
 inline constexpr int PARAMETER_SLOTS = 28;
 

@@ -1,0 +1,272 @@
+#include "catalogue/Relations.h"
+
+namespace model {
+
+using enum AggregateID;
+using enum KernelID;
+using enum SetID;
+using enum MapID;
+using enum DataID;
+using enum ParameterID;
+using enum OutputID;
+
+// clang-format off
+const std::map<AggregateID, std::vector<KernelID>> Aggregate2Kernels = {
+  {hydraulics_aggr,          {InitCellHydFeatures, TimeStepCalculation, HydWallBFluxes, HydInternalFluxes, Update}},
+  {morphology_aggr,          {InitCellMorFeatures, MorWallBFluxes, MorBedloadTransport, MorInternalFluxes, Update}},
+  {hyd_boundary_aggr,        {NodeStringStateCalc, EdgeDataInterpolation, EdgeDataModification, HydBoundaryFluxes}},
+  {mor_boundary_aggr,        {NodeStringStateCalc, EdgeDataInterpolation, EdgeDataModification, MorBoundaryFluxes}},
+  {mor_direction_curve_aggr, {CalCCurvature}},
+  {mor_direction_ikeda_aggr, {CalcBedGradient}},
+  {mor_fixedbed_aggr,        {MorBedloadTransport, MorInternalFluxes, MorFixBedCorrection, MorFixBedCorrectionMax}},
+  {mor_local_bed_slope,      {LocalBedSlope, CalcBedGradient}},
+  {hyd_friction_aggr,        {InitFrictionFeatures, HydFriction}},
+  {hyd_source_aggr,          {CellDataInterpolation, CellDataModification, HydSource}},
+  {mor_source_aggr,          {CellDataInterpolation, CellDataModification, MorSource}},
+  {hyd_flood_aggr,           {HydFlood}},
+};
+
+const std::map<AggregateID, std::vector<KernelID>> Aggregate2OptionalKernels = {
+  {morphology_aggr,   {HydFriction}},
+  {hyd_boundary_aggr, {HydFriction}},
+  {mor_boundary_aggr, {HydFriction}},
+};
+
+const std::map<KernelID, SetID> Kernel2Set = {
+  {InitCellHydFeatures,    CellsAll},
+  {InitCellMorFeatures,    CellsAll},
+  {InitFrictionFeatures,   CellsAll},
+  {TimeStepCalculation,    EdgesAll},
+  {NodeStringStateCalc,    NodeStrg},
+  {EdgeDataInterpolation,  EdInterp},
+  {CellDataInterpolation,  ClInterp},
+  {EdgeDataModification,   EdModDat},
+  {CellDataModification,   ClModDat},
+  {CalCCurvature,          CellsAll},
+  {CalcBedGradient,        CellsAll},
+  {HydBoundaryFluxes,      EdgHydBC},
+  {MorBoundaryFluxes,      EdgMorBC},
+  {HydWallBFluxes,         EdgHydWL},
+  {MorWallBFluxes,         EdgMorWL},
+  {HydInternalFluxes,      EdgesSWE},
+  {LocalBedSlope,          CellsAll},
+  {MorBedloadTransport,    CellsAll},
+  {MorInternalFluxes,      EdgesEXN},
+  {MorFixBedCorrection,    CellsFix},
+  {MorFixBedCorrectionMax, CellsFix},
+  {Update,                 CellsAll},
+  {HydFriction,            CellsAll},
+  {HydFlood,               CellsAll},
+  {HydSource,              ClHydSrc},
+  {MorSource,              ClMorSrc},
+};
+
+const std::map<KernelID, std::vector<DataID>> Kernel2Data = {
+  {InitCellHydFeatures,    {HydState, BottomEl, IsWetted}},
+  {InitCellMorFeatures,    {BottomEl, FlowCurv, BedGrdnt}},
+  {InitFrictionFeatures,   {ChezyCoe, Friction, HydState, BottomEl}},
+  {TimeStepCalculation,    {NormVect, HydState, BottomEl, IsWetted, CharSize}},
+  {NodeStringStateCalc,    {NodeStrg_ListSize, NodeStrg_EdgeSign, GeomLeng, FluxesHy, HydState, BottomEl, CellsAll_GeomArea, StateVar}},
+  {EdgeDataInterpolation,  {InSeries_NumValue, InSeries_ListSize, EdInterp_KeyPostn, StateVar, EdgeData_NumValue}},
+  {CellDataInterpolation,  {InSeries_NumValue, InSeries_ListSize, ClInterp_KeyPostn, CellData_NumValue}},
+  {EdgeDataModification,   {EdModDat_ModfInfo, LocalDat, StateVar, TotalLen, EdgeData_NumValue}},
+  {CellDataModification,   {ClModDat_ModfInfo, MatIDRgn_GeomArea, CellData_NumValue}},
+  {CalCCurvature,          {UnitCent, DistCent, HydState, BottomEl, GeomWght, FlowCurv}},
+  {CalcBedGradient,        {BottomEl, GeomWght, BedGrdnt}},
+  {HydBoundaryFluxes,      {HydBType, EdgeData_NumValue, NormVect, HydState, BottomEl, FluxesHy, CharSize}},
+  {MorBoundaryFluxes,      {MorBType, EdgeData_NumValue, NormVect, GeomLeng, HydState, BottomEl, CellsAll_GeomArea, MSedSize, FluxesMo}},
+  {HydWallBFluxes,         {HydState, BottomEl, NormVect, FluxesHy}},
+  {MorWallBFluxes,         {FluxesMo}},
+  {HydInternalFluxes,      {NormVect, IsWetted, HydState, BottomEl, FluxesHy}},
+  {LocalBedSlope,          {HydState, BottomEl, BedGrdnt, ThetaCrt}},
+  {MorBedloadTransport,    {HydState, BottomEl, MSedSize, ThetaCrt, BedGrdnt, FlowCurv, BedTrCap, BedTrDer}},
+  {MorInternalFluxes,      {NormVect, IsWetted, HydState, BottomEl, BedTrCap, BedTrDer, FluxesMo}},
+  {MorFixBedCorrection,    {CellsAll_GeomArea, CellsAll_EdgeSign, FixBedEl, NewBedEl, BottomEl, GeomLeng, FluxesMo}},
+  {MorFixBedCorrectionMax, {FixBedEl, NewBedEl}},
+  {Update,                 {CellsAll_GeomArea, GeomLeng, FluxesHy, CellsAll_EdgeSign, HydState, BottomEl, IsWetted}},
+  {HydFriction,            {BottomEl, ChezyCoe, Friction, HydState}},
+  {HydFlood,               {HydState, IsWetted, BottomEl, FloodVar}},
+  {HydSource,              {ClHydSrc_SinkType, CellData_NumValue, HydState, BottomEl, IsWetted}},
+  {MorSource,              {ClMorSrc_SinkType, CellData_NumValue, BottomEl, HydState, FixBedEl}},
+};
+
+const std::map<KernelID, std::vector<DataID>> Kernel2OptionalData = {
+  {NodeStringStateCalc, {FluxesMo, ChezyCoe, ThetaCrt, MSedSize}},
+  {HydBoundaryFluxes,   {ChezyCoe}},
+  {MorBoundaryFluxes,   {ChezyCoe}},
+  {MorBedloadTransport, {ChezyCoe}},
+  {Update,              {FluxesMo}},
+};
+
+const std::map<KernelID, DataID> Kernel2SolutionData = {
+  {HydInternalFluxes, HydState},
+  {MorInternalFluxes, BottomEl},
+};
+
+const std::map<KernelID, std::vector<MapID>> Kernel2Maps = {
+  {TimeStepCalculation,    {EdgesAll_CellsAll}},
+  {NodeStringStateCalc,    {NodeStrg_EdgesAll, NodeStrg_CellsAll}},
+  {EdgeDataInterpolation,  {EdInterp_InSeries, EdInterp_NodeStrg, EdInterp_EdgeData}},
+  {CellDataInterpolation,  {ClInterp_InSeries, ClInterp_CellData}},
+  {EdgeDataModification,   {EdModDat_NodeStrg, EdModDat_EdgeData}},
+  {CellDataModification,   {ClModDat_MatIDRgn, ClModDat_CellData}},
+  {CalCCurvature,          {CellsAll_EdgesAll, CellsAll_NbrCells}},
+  {CalcBedGradient,        {CellsAll_EdgesAll, CellsAll_NbrCells}},
+  {HydBoundaryFluxes,      {EdgHydBC_EdgesAll, EdgHydBC_EdgeData, EdgHydBC_CellsAll}},
+  {MorBoundaryFluxes,      {EdgMorBC_EdgesAll, EdgMorBC_CellsAll, EdgMorBC_EdgeData}},
+  {HydWallBFluxes,         {EdgHydWL_EdgesAll, EdgHydWL_CellsAll}},
+  {MorWallBFluxes,         {EdgMorWL_EdgesAll}},
+  {HydInternalFluxes,      {EdgesSWE_EdgesAll, EdgesSWE_CellsAll}},
+  {MorInternalFluxes,      {EdgesEXN_EdgesAll, EdgesEXN_CellsAll}},
+  {MorFixBedCorrection,    {CellsFix_CellsAll, CellsFix_EdgesAll}},
+  {MorFixBedCorrectionMax, {CellsFix_CellsAll, CellsFix_EdgesAll}},
+  {Update,                 {CellsAll_EdgesAll}},
+  {HydSource,              {ClHydSrc_CellsAll, ClHydSrc_CellData}},
+  {MorSource,              {ClMorSrc_CellsAll, ClMorSrc_CellData, ClMorSrc_CellsFix}},
+};
+
+const std::map<KernelID, std::vector<ParameterID>> Kernel2Parameters = {
+  {InitCellHydFeatures,    {MinWaterDepth}},
+  {InitFrictionFeatures,   {MinWaterDepth, FrictionType, InvGravity}},
+  {TimeStepCalculation,    {CFLnumber, DTmax, Gravity}},
+  {NodeStringStateCalc,    {MorphStart, FrictionOn, MinWaterDepth, FluidDensity}},
+  {EdgeDataModification,   {Gravity, MinWaterDepth}},
+  {CellDataModification,   {Gravity, MinWaterDepth}},
+  {CalCCurvature,          {MinWaterDepth}},
+  {CalcBedGradient,        {MinWaterDepth}},
+  {HydBoundaryFluxes,      {FrictionType, FrictionOn, Gravity, InvGravity, MinWaterDepth}},
+  {MorBoundaryFluxes,      {BedPorosity, FrictionOn, InvBedPorosity, FluidDensity, Gravity, InvGravity, SedRelDensity, BeadloadType, BedloadFactor, BedloadCoeff, BedloadExpon}},
+  {HydInternalFluxes,      {Gravity, MinWaterDepth}},
+  {LocalBedSlope,          {ThetaCritical, ReposeAngle, IncipientMotType}},
+  {MorBedloadTransport,    {BedPorosity, InvBedPorosity, FrictionOn, Gravity, InvGravity, FluidDensity, SedimentDensity, SedRelDensity, BeadloadType, BedloadFactor, BedloadCoeff, BedloadExpon}},
+  {MorInternalFluxes,      {BedPorosity, InvBedPorosity, Gravity, InvGravity, FluidDensity, SedimentDensity, SedRelDensity, BeadloadType, BedloadFactor, BedloadCoeff, BedloadExpon, BedloadCurvature, BedloadIkeda, BedloadInts}},
+  {MorFixBedCorrection,    {MinWaterDepth, FixBedAccuracy, FixBedMaxIter}},
+  {MorFixBedCorrectionMax, {MinWaterDepth, FixBedAccuracy, FixBedMaxIter}},
+  {Update,                 {Gravity, MinWaterDepth, MorphStart, SafeMode}},
+  {HydFriction,            {FrictionType, Gravity, InvGravity}},
+};
+
+const std::map<KernelID, std::vector<VariableID>> Kernel2Variables = {};
+
+const std::map<MapID, std::pair<SetID, SetID>> Map2Sets = {
+  {CellsAll_EdgesAll, {CellsAll, EdgesAll}},
+  {CellsAll_NbrCells, {CellsAll, CellsAll}},
+  {CellsFix_CellsAll, {CellsFix, CellsAll}},
+  {CellsFix_EdgesAll, {CellsFix, EdgesAll}},
+  {ClHydSrc_CellsAll, {ClHydSrc, CellsAll}},
+  {ClHydSrc_ClRegion, {ClHydSrc, MatIDRgn}},
+  {ClHydSrc_CellData, {ClHydSrc, CellData}},
+  {EdgesAll_CellsAll, {EdgesAll, CellsAll}},
+  {EdgHydWL_EdgesAll, {EdgHydWL, EdgesAll}},
+  {EdgHydWL_CellsAll, {EdgHydWL, CellsAll}},
+  {EdgMorWL_EdgesAll, {EdgMorWL, EdgesAll}},
+  {EdgesSWE_EdgesAll, {EdgesSWE, EdgesAll}},
+  {EdgesSWE_CellsAll, {EdgesSWE, CellsAll}},
+  {EdgHydBC_EdgesAll, {EdgHydBC, EdgesAll}},
+  {EdgHydBC_CellsAll, {EdgHydBC, CellsAll}},
+  {EdgHydBC_EdgeData, {EdgHydBC, EdgeData}},
+  {EdgMorBC_EdgesAll, {EdgMorBC, EdgesAll}},
+  {EdgMorBC_CellsAll, {EdgMorBC, CellsAll}},
+  {EdgMorBC_EdgeData, {EdgMorBC, EdgeData}},
+  {EdgesEXN_EdgesAll, {EdgesEXN, EdgesAll}},
+  {EdgesEXN_CellsAll, {EdgesEXN, CellsAll}},
+  {NodeStrg_EdgesAll, {NodeStrg, EdgesAll}},
+  {NodeStrg_CellsAll, {NodeStrg, CellsAll}},
+  {EdInterp_InSeries, {EdInterp, InSeries}},
+  {EdInterp_NodeStrg, {EdInterp, NodeStrg}},
+  {EdInterp_EdgeData, {EdInterp, EdgeData}},
+  {ClInterp_InSeries, {ClInterp, InSeries}},
+  {ClInterp_CellData, {ClInterp, CellData}},
+  {EdModDat_NodeStrg, {EdModDat, NodeStrg}},
+  {EdModDat_EdgeData, {EdModDat, EdgeData}},
+  {ClModDat_MatIDRgn, {ClModDat, MatIDRgn}},
+  {ClModDat_CellData, {ClModDat, CellData}},
+  {ClMorSrc_CellsAll, {ClMorSrc, CellsAll}},
+  {ClMorSrc_ClRegion, {ClMorSrc, MatIDRgn}},
+  {ClMorSrc_CellsFix, {ClMorSrc, CellsFix}},
+  {ClMorSrc_CellData, {ClMorSrc, CellData}},
+};
+
+const std::map<DataID, SetID> Data2Set = {
+  {Coordnts,          NodesAll},
+  {NormVect,          EdgesAll},
+  {GeomLeng,          EdgesAll},
+  {CharSize,          EdgesAll},
+  {FluxesHy,          EdgesAll},
+  {FluxesMo,          EdgesAll},
+  {UnitCent,          EdgesAll},
+  {DistCent,          EdgesAll},
+  {HydBType,          EdgHydBC},
+  {MorBType,          EdgMorBC},
+  {HydState,          CellsAll},
+  {BottomEl,          CellsAll},
+  {IsWetted,          CellsAll},
+  {CellsAll_GeomArea, CellsAll},
+  {CellsAll_EdgeSign, CellsAll},
+  {Topology,          CellsAll},
+  {Friction,          CellsAll},
+  {ChezyCoe,          CellsAll},
+  {FlowCurv,          CellsAll},
+  {ThetaCrt,          CellsAll},
+  {BedGrdnt,          CellsAll},
+  {MSedSize,          CellsAll},
+  {GeomWght,          CellsAll},
+  {NrTrueNb,          CellsAll},
+  {FloodVar,          CellsAll},
+  {BedTrCap,          CellsAll},
+  {BedTrDer,          CellsAll},
+  {FixBedEl,          CellsFix},
+  {NewBedEl,          CellsFix},
+  {ClHydSrc_SinkType, ClHydSrc},
+  {ClMorSrc_SinkType, ClMorSrc},
+  {MatIDRgn_GeomArea, MatIDRgn},
+  {NodeStrg_ListSize, NodeStrg},
+  {StrNames,          NodeStrg},
+  {NodeStrg_EdgeSign, NodeStrg},
+  {StateVar,          NodeStrg},
+  {TotalLen,          NodeStrg},
+  {EdgeData_NumValue, EdgeData},
+  {CellData_NumValue, CellData},
+  {InSeries_NumValue, InSeries},
+  {InSeries_ListSize, InSeries},
+  {EdInterp_KeyPostn, EdInterp},
+  {ClInterp_KeyPostn, ClInterp},
+  {EdModDat_ModfInfo, EdModDat},
+  {LocalDat,          EdModDat},
+  {ClModDat_ModfInfo, ClModDat},
+};
+
+const std::map<OutputID, SetID> Output2Set = {
+  {water_surface,     CellsAll},
+  {water_depth,       CellsAll},
+  {bottom_elevation,  CellsAll},
+  {friction_chezy,    CellsAll},
+  {spec_discharge,    CellsAll},
+  {delta_z,           CellsAll},
+  {flow_velocity,     CellsAll},
+  {flow_velocity_abs, CellsAll},
+  {ns_hyd_discharge,  NodeStrg},
+  {ns_mor_discharge,  NodeStrg},
+  {flow_curvature,    CellsAll},
+  {flow_radius,       CellsAll},
+  {flood_tracking,    CellsAll},
+};
+
+const std::map<OutputID, std::vector<DataColumn>> Output2DataColumns = {
+  {water_surface,     {{HydState, 0}}},
+  {water_depth,       {{HydState, 0}, {BottomEl, 0}}},
+  {bottom_elevation,  {{BottomEl, 0}}},
+  {friction_chezy,    {{ChezyCoe, 0}}},
+  {spec_discharge,    {{HydState, 1}, {HydState, 2}}},
+  {delta_z,           {{BottomEl, 0}, {BottomEl, 0}}},
+  {flow_velocity,     {{HydState, 1}, {HydState, 2}, {HydState, 0}, {BottomEl, 0}}},
+  {flow_velocity_abs, {{HydState, 1}, {HydState, 2}, {HydState, 0}, {BottomEl, 0}}},
+  {ns_hyd_discharge,  {{StateVar, 1}}},
+  {ns_mor_discharge,  {{StateVar, 8}}},
+  {flow_curvature,    {{FlowCurv, 0}}},
+  {flow_radius,       {{FlowCurv, 0}}},
+  {flood_tracking,    {{FloodVar, 0}, {FloodVar, 1}, {FloodVar, 2}, {FloodVar, 3}}},
+};
+// clang-format on
+
+}  // namespace model

@@ -1,0 +1,22 @@
+// How this system opens HDF5 files: through a driver of the HDF5 library that makes each flush
+// whole.
+//
+//   const hid_t file = H5Fopen("x_results.h5", H5F_ACC_RDWR, h5::accessList());
+//
+// The library rewrites the nodes of its groups in place, with several writes; a process that is
+// killed between two of them leaves a group without its names. With this driver a flush is a commit
+// of JournaledFile, and opening completes one that was cut short. Closing is a commit too, but
+// tells of no failure: what must not be lost is flushed before. Files are the same as with the
+// library's own driver. All accesses to one file have to use one driver: the library takes them for
+// two files otherwise.
+#pragma once
+
+#include <hdf5.h>
+
+namespace h5 {
+
+/// The file access property list to open or create any file with. It stays the library's: it is not
+/// to be closed. Negative if the library refuses.
+hid_t accessList();
+
+}  // namespace h5

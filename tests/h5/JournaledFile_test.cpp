@@ -1,0 +1,280 @@
+#include "h5/JournaledFile.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <future>
+#include <optional>
+#include <string>
+#include <system_error>
+
+#include "h5/SystemCalls.h"
+#include "support/FileSizeLimit.h"
+#include "support/Process.h"
+#include "support/TempDir.h"
+
+namespace {
+
+using h5::JournaledFile;
+using h5::PAGE_SIZE;
+
+class JournaledFileTest : public ::testing::Test {
+ protected:
+  JournaledFileTest() { support::writeFile(name, before); }
+
+  static void write(JournaledFile& file, std::uint64_t offset, const std::string& bytes) {
+    file.write(offset, bytes.data(), bytes.size());
+  }
+  static std::string contents(const JournaledFile& file) {
+    std::string bytes(file.end(), '#');
+    file.read(0, bytes.data(), bytes.size());
+    return bytes;
+  }
+  std::string onDisk() const { return support::readFile(name); }
+  /// Not the contents: they are long.
+  static void expectSame(const std::string& actual, const std::string& expected) {
+    const auto place =
+        std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+    EXPECT_TRUE(actual == expected) << actual.size() << " bytes instead of " << expected.size()
+                                    << ", different from byte " << place.first - actual.begin();
+  }
+  bool hasJournal() const { return std::filesystem::exists(journal); }
+
+  /// Leaves file and journal as a process does that is killed within the commit of `after`.
+  void leaveTorn() {
+    const auto change = [&] {
+      JournaledFile file(name, O_RDWR);
+      write(file, 0, after);
+      file.commit();
+    };
+    for (int n = 0; onDisk()[0] != after[0]; ++n) {
+      support::writeFile(name, before);
+      std::filesystem::remove(journal);
+      ASSERT_EQ(systemCalls::killedInCall(n, change), systemCalls::End::InCall);
+    }
+    ASSERT_TRUE(onDisk() != after);
+    ASSERT_TRUE(hasJournal());
+  }
+
+  const std::string before = std::string(3 * PAGE_SIZE, 'a') + "tail";
+  const std::string after = std::string(3 * PAGE_SIZE, 'b') + "TAIL and more";
+  const support::TempDir dir;
+  const std::string name = dir.file("data");
+  const std::string journal = dir.file("data.journal");
+};
+
+// -- changes --------------------------------------------------------------------------------------
+
+TEST_F(JournaledFileTest, KeepsWhatOverwritesCommittedBytesInMemory) {
+  JournaledFile file(name, O_RDWR);
+  write(file, PAGE_SIZE - 2, "1234");
+  expectSame(onDisk(), before);
+  std::string expected = before;
+  expected.replace(PAGE_SIZE - 2, 4, "1234");
+  expectSame(contents(file), expected);
+  file.commit();
+  expectSame(onDisk(), expected);
+  EXPECT_FALSE(hasJournal());
+}
+
+TEST_F(JournaledFileTest, ReadsAPartOfAChange) {
+  JournaledFile file(name, O_RDWR);
+  write(file, PAGE_SIZE - 2, "1234");
+  for (std::uint64_t offset = PAGE_SIZE - 4; offset < PAGE_SIZE + 4; ++offset) {
+    std::string part(3, '#');
+    file.read(offset, part.data(), part.size());
+    EXPECT_EQ(part, contents(file).substr(offset, 3));
+  }
+}
+
+TEST_F(JournaledFileTest, WritesBehindTheCommittedEndAtOnce) {
+  JournaledFile file(name, O_RDWR);
+  write(file, before.size(), "new");
+  expectSame(onDisk(), before + "new");
+  EXPECT_EQ(file.end(), before.size() + 3);
+  file.commit();
+  write(file, before.size(), "old");
+  expectSame(onDisk(), before + "new");
+  file.commit();
+  expectSame(onDisk(), before + "old");
+}
+
+TEST_F(JournaledFileTest, WritesAcrossTheCommittedEnd) {
+  JournaledFile file(name, O_RDWR);
+  write(file, before.size() - 2, "1234");
+  expectSame(contents(file), before.substr(0, before.size() - 2) + "1234");
+  expectSame(onDisk(), before + "34");
+  file.commit();
+  expectSame(onDisk(), before.substr(0, before.size() - 2) + "1234");
+}
+
+TEST_F(JournaledFileTest, EndsWhereItIsTold) {
+  JournaledFile file(name, O_RDWR);
+  file.setEnd(before.size() + 5);
+  expectSame(contents(file), before + std::string(5, '\0'));
+  file.commit();
+  expectSame(onDisk(), before + std::string(5, '\0'));
+  file.setEnd(10);
+  EXPECT_EQ(onDisk().size(), before.size() + 5);
+  file.commit();
+  expectSame(onDisk(), before.substr(0, 10));
+  EXPECT_FALSE(hasJournal());
+}
+
+TEST_F(JournaledFileTest, DropsWhatWasNotCommitted) {
+  {
+    JournaledFile file(name, O_RDWR);
+    write(file, 0, "dropped");
+  }
+  expectSame(onDisk(), before);
+}
+
+TEST_F(JournaledFileTest, WritesNothingForBytesThatDidNotChange) {
+  JournaledFile file(name, O_RDWR);
+  write(file, 0, before);
+  EXPECT_EQ(systemCalls::killedInCall(0, [&] { file.commit(); }), systemCalls::End::AfterWork);
+}
+
+TEST_F(JournaledFileTest, ANewFileHasNothingToKeep) {
+  support::writeFile(journal, "of an earlier file");
+  JournaledFile file(name, O_RDWR | O_CREAT | O_TRUNC);
+  EXPECT_FALSE(hasJournal());
+  EXPECT_EQ(file.end(), 0U);
+  write(file, 0, "new");
+  expectSame(onDisk(), "new");
+}
+
+// -- no room, no permission -----------------------------------------------------------------------
+
+TEST_F(JournaledFileTest, StaysAsItWasWhereTheJournalFindsNoRoom) {
+  JournaledFile file(name, O_RDWR);
+  write(file, 0, std::string(before.size(), 'x'));
+  {
+    const support::FileSizeLimit limit(before.size());
+    EXPECT_THROW(file.commit(), std::system_error);
+  }
+  expectSame(onDisk(), before);
+  EXPECT_FALSE(hasJournal());
+  file.commit();
+  expectSame(onDisk(), std::string(before.size(), 'x'));
+}
+
+TEST_F(JournaledFileTest, HoldsOneOfTheTwoStatesOnADiskThatFails) {
+  bool hasFailed = true;
+  for (int n = 0; hasFailed; ++n) {
+    SCOPED_TRACE(n);
+    support::writeFile(name, before);
+    std::filesystem::remove(journal);
+    {
+      JournaledFile file(name, O_RDWR);
+      write(file, 0, after);
+      const systemCalls::Failure failure(n);
+      try {
+        file.commit();
+      } catch (const std::system_error&) {
+      }
+      hasFailed = failure.hasOccurred();
+      // What follows must not take the journal from a file that needs it.
+      try {
+        file.commit();
+      } catch (const std::system_error&) {
+      }
+    }
+    const std::string left = contents(JournaledFile(name, O_RDONLY));
+    EXPECT_TRUE(left == after || left.substr(0, before.size()) == before);
+    EXPECT_TRUE(hasFailed || left == after);
+  }
+}
+
+TEST_F(JournaledFileTest, NeedsNoRoomInItsName) {
+  const std::string longName = dir.file(std::string(255, 'n'));
+  support::writeFile(longName, before);
+  JournaledFile file(longName, O_RDWR);
+  write(file, 0, "1234");
+  file.commit();
+  expectSame(support::readFile(longName), "1234" + before.substr(4));
+}
+
+TEST_F(JournaledFileTest, IsChangedWithoutAJournalWhereTheFolderTakesNone) {
+  JournaledFile file(name, O_RDWR);
+  write(file, 0, "1234");
+  const systemCalls::Refusal refusal(".journal");
+  file.commit();
+  expectSame(onDisk(), "1234" + before.substr(4));
+}
+
+// -- recovery -------------------------------------------------------------------------------------
+
+TEST_F(JournaledFileTest, CompletesAChangeThatWasCutShort) {
+  for (const int access : {O_RDONLY, O_RDWR}) {
+    support::writeFile(name, before);
+    leaveTorn();
+    const JournaledFile file(name, access);
+    expectSame(contents(file), after);
+    expectSame(onDisk(), after);
+    EXPECT_FALSE(hasJournal());
+  }
+}
+
+TEST_F(JournaledFileTest, ReadsACompleteStateWhereNothingCanBeWritten) {
+  leaveTorn();
+  const std::string torn = onDisk();
+  {
+    const systemCalls::Refusal refusal("data");
+    expectSame(contents(JournaledFile(name, O_RDONLY)), after);
+  }
+  expectSame(onDisk(), torn);
+  EXPECT_TRUE(hasJournal());
+  expectSame(contents(JournaledFile(name, O_RDONLY)), after);
+}
+
+TEST_F(JournaledFileTest, CanBeCompletedAgain) {
+  leaveTorn();
+  const auto open = [&] { const JournaledFile file(name, O_RDWR); };
+  for (int n = 0; systemCalls::killedInCall(n, open) == systemCalls::End::InCall; ++n) {
+    EXPECT_TRUE(hasJournal());
+  }
+  expectSame(onDisk(), after);
+  EXPECT_FALSE(hasJournal());
+}
+
+TEST_F(JournaledFileTest, LeavesAJournalOfAnotherFileUnused) {
+  leaveTorn();
+  const std::string other(before.size(), 'o');
+  support::writeFile(name, other);
+  expectSame(contents(JournaledFile(name, O_RDONLY)), other);
+  EXPECT_TRUE(hasJournal());
+  expectSame(contents(JournaledFile(name, O_RDWR)), other);
+  EXPECT_FALSE(hasJournal());
+  expectSame(onDisk(), other);
+}
+
+TEST_F(JournaledFileTest, LeavesAnIncompleteJournalUnused) {
+  for (const char* text : {"", "no journal"}) {
+    support::writeFile(journal, text);
+    expectSame(contents(JournaledFile(name, O_RDONLY)), before);
+    EXPECT_TRUE(hasJournal());
+    expectSame(contents(JournaledFile(name, O_RDWR)), before);
+    EXPECT_FALSE(hasJournal());
+  }
+}
+
+// A journal that is locked belongs to a process at work, which will remove it.
+TEST_F(JournaledFileTest, WaitsForACommitUnderWay) {
+  leaveTorn();
+  std::optional<h5::Descriptor> committing(std::in_place, journal, O_RDONLY);
+  committing->lock(LOCK_EX);
+  auto opened =
+      std::async(std::launch::async, [&] { return contents(JournaledFile(name, O_RDONLY)); });
+  EXPECT_EQ(opened.wait_for(std::chrono::milliseconds(50)), std::future_status::timeout);
+  support::writeFile(name, "the commit is done");
+  std::filesystem::remove(journal);
+  committing.reset();
+  EXPECT_EQ(opened.get(), "the commit is done");
+}
+
+}  // namespace

@@ -1,0 +1,83 @@
+#include "h5/file.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "dataio/failures.h"
+#include "h5/dataset.h"
+#include "h5/error.h"
+#include "support/FileSizeLimit.h"
+#include "support/TempDir.h"
+
+namespace {
+
+using failures::hdf5Words;
+using failures::textOf;
+using h5::DataSet;
+using h5::Error;
+using h5::File;
+
+constexpr unsigned NEW_FILE = File::READ_WRITE | File::CREATE | File::TRUNCATE;
+
+class FileTest : public ::testing::Test {
+ protected:
+  const support::TempDir dir;
+  const std::string name = dir.file("a.h5");
+};
+
+TEST_F(FileTest, MissingFileCannotBeOpened) {
+  for (const unsigned access : {File::READ_ONLY, File::READ_WRITE}) {
+    EXPECT_EQ(textOf<Error>([&] { const File file(name, access); }),
+              "Unable to open file " + name + hdf5Words(H5E_FILE, H5E_CANTOPENFILE));
+  }
+}
+
+TEST_F(FileTest, OtherFormatCannotBeOpened) {
+  std::ofstream(name) << "this is no HDF5 file, but a text that is long enough\n";
+  EXPECT_EQ(textOf<Error>([&] { const File file(name, File::READ_ONLY); }),
+            "Unable to open file " + name + hdf5Words(H5E_FILE, H5E_NOTHDF5));
+}
+
+TEST_F(FileTest, TruncatedFileCannotBeOpened) {
+  { const File file(name, NEW_FILE); }
+  std::filesystem::resize_file(name, 200);
+  EXPECT_EQ(textOf<Error>([&] { const File file(name, File::READ_ONLY); }),
+            "Unable to open file " + name + hdf5Words(H5E_FILE, H5E_TRUNCATED));
+}
+
+TEST_F(FileTest, FileInAMissingFolderCannotBeCreated) {
+  const std::string impossible = dir.file("nodir/x.h5");
+  EXPECT_EQ(textOf<Error>([&] { const File file(impossible, NEW_FILE); }),
+            "Unable to create file " + impossible + hdf5Words(H5E_FILE, H5E_CANTOPENFILE));
+}
+
+TEST_F(FileTest, CreatedFileIsEmptyAndCanBeOpened) {
+  {
+    const File file(name, NEW_FILE);
+    DataSet::create<int>(file.handle(), "old", {1});
+  }
+  EXPECT_TRUE(File(name, File::READ_WRITE).exist("old"));
+  { const File file(name, NEW_FILE); }
+  const File file(name, File::READ_ONLY);
+  EXPECT_FALSE(file.exist("old"));
+  EXPECT_EQ(file.name(), name);
+}
+
+TEST_F(FileTest, FlushFailsIfTheDiskIsFull) {
+  const File file(name, NEW_FILE);
+  const std::vector<double> values(100000);
+  DataSet::create<double>(file.handle(), "big", {values.size()}).writeVector(values);
+  const DataSet pending = DataSet::create<double>(file.handle(), "pending", {10});
+  std::string text;
+  {
+    const support::FileSizeLimit limit(400000);
+    pending.writeVector(std::vector<double>(10));
+    text = textOf<Error>([&] { file.flush(); });
+  }
+  EXPECT_EQ(text, "Unable to flush file " + name + hdf5Words(H5E_IO, H5E_WRITEERROR));
+  EXPECT_NO_THROW(file.flush());
+}
+
+}  // namespace
