@@ -1,6 +1,6 @@
-// The data: what is stored on the elements of the sets. The sizes are limits of the system: a
-// nodestring has 40 edges at most, an edge boundary record 7 values, a cell source record 2, an
-// input series 12000 values.
+// The data: what is stored on the elements of the sets. The sizes are limits of the system: an edge
+// boundary record has 7 values, a cell source record 2; those of strings and series stand in
+// Limits.h.
 #pragma once
 
 #include <map>

@@ -10,7 +10,7 @@
 
 namespace model {
 
-/// The size counts the targets per element of the from set. A nodestring has 40 edges at most.
+/// The size counts the targets per element of the from set.
 extern const std::map<MapID, Property> MapProps;
 extern const std::map<MapID, std::string> MapDescription;
 
