@@ -233,9 +233,21 @@ std::vector<double> Results::read(const Column& column) const {
   return reader->readDoubleVecFrom2dDataset(column.dataset, column.column);
 }
 
+// Whoever draws or looks up values counts on one for each cell.
+std::vector<double> Results::readCells(const Column& column) const {
+  std::vector<double> values = read(column);
+  if (values.size() == triangles.cells.size()) return values;
+  throw std::runtime_error("<" + column.dataset + "> has " + std::to_string(values.size()) +
+                           " rows, but the mesh has " + std::to_string(triangles.cells.size()) +
+                           " cells");
+}
+
 std::vector<double> Results::values(const api::IOutput& output, const Record& record) const {
+  const bool onCells = output.getSet()->getID() == model::SetID::CellsAll;
   std::vector<std::vector<double>> stored;
-  for (const Column& column : columns(output, record)) stored.push_back(read(column));
+  for (const Column& column : columns(output, record)) {
+    stored.push_back(onCells ? readCells(column) : read(column));
+  }
   const std::size_t elements = stored.front().size();
   const auto size = static_cast<std::size_t>(output.getSize());
   std::vector<model::OutputOperation> operations;
@@ -263,9 +275,9 @@ std::vector<double> Results::depths(const Record& record) const {
     return Column{datasetAt(id, record), model->getData(id)->getSize(), 0};
   };
   if (record.position == NO_POSITION || !exists(column(BottomEl).dataset)) return {};
-  std::vector<double> depth = read(column(HydState));
-  const std::vector<double> bottom = read(column(BottomEl));
-  for (std::size_t cell = 0; cell < depth.size(); ++cell) depth[cell] -= bottom.at(cell);
+  std::vector<double> depth = readCells(column(HydState));
+  const std::vector<double> bottom = readCells(column(BottomEl));
+  for (std::size_t cell = 0; cell < depth.size(); ++cell) depth[cell] -= bottom[cell];
   return depth;
 }
 

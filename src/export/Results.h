@@ -69,7 +69,7 @@ class Results {
   /// column that compares with the initial state is that of the first record.
   std::vector<Column> columns(const api::IOutput& output, const Record& record) const;
   /// The values, element after element, as the operations of the catalogue give them.
-  /// @throws std::exception if the data cannot be read.
+  /// @throws std::exception if the data cannot be read, or if those of cells are not one per cell.
   std::vector<double> values(const api::IOutput& output, const Record& record) const;
   /// Depth of the water in each cell [m]; empty if the file does not hold the bottom elevation,
   /// which hydraulic runs store only if an output needs it.
@@ -87,6 +87,7 @@ class Results {
   std::string datasetOf(const api::IOutput& output, model::DataID id, const Record& record) const;
   std::string datasetAt(model::DataID id, const Record& record) const;
   std::vector<double> read(const Column& column) const;
+  std::vector<double> readCells(const Column& column) const;
 
   std::string name;
   std::unique_ptr<api::IH5Reader> reader;

@@ -112,6 +112,27 @@ TEST_F(ExportExecutable, refusesAFileWithoutResults) {
   EXPECT_FALSE(std::filesystem::exists(dir.file("run.xdmf")));
 }
 
+TEST_F(ExportExecutable, refusesRecordsThatDoNotFitTheMesh) {
+  use("full_model");
+  const std::string record = "RESULTS/CellsAll/HydState/0000002";
+  remove(record);
+  {
+    dataio::H5Writer writer(file, "rw");
+    writer.writeDoubleVecVec(record, std::vector<std::vector<double>>(5, {0.0, 0.0, 0.0}));
+    writer.attachAttributeDouble(record, "t", 2.0);
+  }
+  const std::vector<std::vector<std::string>> formats = {
+      {"-g", "1,1"},
+      {"-m", "dry.h5"},
+      {"-u", "run.nc"},
+      {"--geotiff", "h.tif", "--quantity", "water_surface", "--resolution", "1", "--time", "2"}};
+  for (const std::vector<std::string>& format : formats) {
+    expectFailure(run(format),
+                  "</RESULTS/CellsAll/HydState/0000002> has 5 rows, but the mesh has "
+                  "364 cells");
+  }
+}
+
 TEST_F(ExportExecutable, takesASingleRecord) {
   use("full_model");
   invalidate("CellsAll/HydState", 1);
