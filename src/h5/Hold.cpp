@@ -23,4 +23,9 @@ herr_t Hold::commit() const {
   return status;
 }
 
+std::string Hold::failure() const {
+  const bool isKnown = journaled != nullptr && journaled->failure();
+  return isKnown ? journaled->failure()->what() : "the HDF5 library refuses";
+}
+
 }  // namespace h5

@@ -7,6 +7,8 @@
 
 #include <hdf5.h>
 
+#include <string>
+
 namespace h5 {
 
 class JournaledFile;
@@ -26,6 +28,8 @@ class Hold {
   /// Brings all changes into the file, unless another one holds it too.
   /// @return negative on failure, as on a full disk; the file is then as after the last commit
   herr_t commit() const;
+  /// Why a commit has failed.
+  std::string failure() const;
 
  private:
   hid_t id;

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <new>
 #include <optional>
 #include <system_error>
 #include <utility>
@@ -94,19 +95,32 @@ Page& JournaledFile::changedPage(std::uint64_t offset) {
   return change.pages.emplace(offset, std::move(page)).first->second;
 }
 
+template <class Work>
+void JournaledFile::keepFailure(Work work) {
+  try {
+    work();
+  } catch (const std::system_error& error) {
+    failed = error;
+  } catch (const std::bad_alloc&) {
+    failed.emplace(ENOMEM, std::generic_category(), "cannot change file " + file.name());
+  }
+}
+
 void JournaledFile::write(std::uint64_t offset, const char* bytes, std::size_t count) {
   change.end = std::max(change.end, offset + count);
-  while (count > 0 && offset < committedEnd) {
-    const std::uint64_t place = pageOf(offset);
-    Page& page = changedPage(place);
-    const std::size_t within = offset - place;
-    const std::size_t part = std::min(count, page.bytes.size() - within);
-    std::copy_n(bytes, part, page.bytes.data() + within);
-    offset += part;
-    bytes += part;
-    count -= part;
-  }
-  file.writeAt(offset, bytes, count);
+  keepFailure([&] {
+    while (count > 0 && offset < committedEnd) {
+      const std::uint64_t place = pageOf(offset);
+      Page& page = changedPage(place);
+      const std::size_t within = offset - place;
+      const std::size_t part = std::min(count, page.bytes.size() - within);
+      std::copy_n(bytes, part, page.bytes.data() + within);
+      offset += part;
+      bytes += part;
+      count -= part;
+    }
+    file.writeAt(offset, bytes, count);
+  });
 }
 
 // The library writes much as it was.
@@ -128,13 +142,15 @@ std::optional<Descriptor> JournaledFile::writeJournal() const {
 }
 
 void JournaledFile::commit() {
-  if (isTorn) throw std::system_error(EIO, std::generic_category(), "cannot change " + file.name());
+  if (!failed) keepFailure([this] { bringIntoFile(); });
+  if (failed) throw *failed;
+}
+
+void JournaledFile::bringIntoFile() {
   dropUnchangedPages();
   if (file.size() < change.end) file.resize(change.end);
   const std::optional<Descriptor> written = writeJournal();
-  isTorn = written.has_value();
   change.apply(file);
-  isTorn = false;
   if (written) ::unlink(journal.c_str());
   change.pages.clear();
   committedEnd = change.end;

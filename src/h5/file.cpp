@@ -28,7 +28,11 @@ bool File::exist(const std::string& path) const {
 }
 
 void File::flush() const {
-  if (together) check(together->commit(), "Unable to flush file " + filename);
+  if (!together) return;
+  const Silence reasonFollows;
+  if (together->commit() < 0) {
+    throw Error("Unable to flush file " + filename + ": " + together->failure());
+  }
 }
 
 }  // namespace h5

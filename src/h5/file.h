@@ -34,7 +34,8 @@ class File {
 
   /// Hands everything written so far to the operating system, unless the file is open for writing
   /// elsewhere in the program: what is written there goes with it.
-  /// @throws Error on failure, as on a full disk; the file is as it was after the last flush.
+  /// @throws Error if that or an earlier write has failed, as on a full disk; the file is as it was
+  ///         after the last flush, and so are all later flushes.
   void flush() const;
 
  private:

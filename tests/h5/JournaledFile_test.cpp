@@ -12,6 +12,7 @@
 #include <string>
 #include <system_error>
 
+#include "dataio/failures.h"
 #include "h5/SystemCalls.h"
 #include "support/FileSizeLimit.h"
 #include "support/Process.h"
@@ -159,8 +160,29 @@ TEST_F(JournaledFileTest, StaysAsItWasWhereTheJournalFindsNoRoom) {
   }
   expectSame(onDisk(), before);
   EXPECT_FALSE(hasJournal());
-  file.commit();
-  expectSame(onDisk(), std::string(before.size(), 'x'));
+}
+
+TEST_F(JournaledFileTest, AWriteThatFailsIsToldByTheCommit) {
+  JournaledFile file(name, O_RDWR);
+  {
+    const systemCalls::Failure failure(0);
+    write(file, before.size(), "lost");
+  }
+  write(file, 0, "1234");
+  EXPECT_EQ(failures::textOf<std::system_error>([&] { file.commit(); }),
+            "cannot write to file " + name + ": Input/output error");
+  expectSame(onDisk(), before);
+}
+
+TEST_F(JournaledFileTest, StaysAsItWasAfterAFailure) {
+  JournaledFile file(name, O_RDWR);
+  write(file, 0, "1234");
+  {
+    const systemCalls::Failure failure(0);
+    EXPECT_THROW(file.commit(), std::system_error);
+  }
+  EXPECT_THROW(file.commit(), std::system_error);
+  expectSame(onDisk(), before);
 }
 
 TEST_F(JournaledFileTest, HoldsOneOfTheTwoStatesOnADiskThatFails) {

@@ -6,7 +6,6 @@
 #include "h5/error.h"
 #include "h5/file.h"
 #include "h5/group.h"
-#include "support/FileSizeLimit.h"
 #include "support/TempDir.h"
 
 namespace {
@@ -184,17 +183,6 @@ TEST_F(DataSetTest, StringsAndNumbersAreNotConverted) {
   const DataSet strings = DataSet::create<std::string>(file.handle(), "strings", {1});
   EXPECT_EQ(textOf<Error>([&] { strings.readVector<int>(); }),
             "Error during HDF5 Read: " + hdf5Words(H5E_DATATYPE, H5E_CANTINIT));
-}
-
-TEST_F(DataSetTest, WriteFailsIfTheDiskIsFull) {
-  const DataSet dataset = make<double>({100000});
-  const Doubles values(100000, 1.0);
-  std::string text;
-  {
-    const support::FileSizeLimit limit(4096);
-    text = textOf<Error>([&] { dataset.writeVector(values); });
-  }
-  EXPECT_EQ(text, "Error during HDF5 Write: " + hdf5Words(H5E_IO, H5E_WRITEERROR));
 }
 
 }  // namespace

@@ -76,8 +76,21 @@ TEST_F(FileTest, FlushFailsIfTheDiskIsFull) {
     pending.writeVector(std::vector<double>(10));
     text = textOf<Error>([&] { file.flush(); });
   }
-  EXPECT_EQ(text, "Unable to flush file " + name + hdf5Words(H5E_IO, H5E_WRITEERROR));
-  EXPECT_NO_THROW(file.flush());
+  const std::string expected =
+      "Unable to flush file " + name + ": cannot write to file " + name + ": File too large";
+  EXPECT_EQ(text, expected);
+  EXPECT_EQ(textOf<Error>([&] { file.flush(); }), expected);
+}
+
+TEST_F(FileTest, FlushTellsOfAWriteThatFoundNoRoom) {
+  const File file(name, NEW_FILE);
+  const DataSet dataset = DataSet::create<double>(file.handle(), "big", {100000});
+  {
+    const support::FileSizeLimit limit(4096);
+    dataset.writeVector(std::vector<double>(100000, 1.0));
+  }
+  EXPECT_EQ(textOf<Error>([&] { file.flush(); }),
+            "Unable to flush file " + name + ": cannot write to file " + name + ": File too large");
 }
 
 }  // namespace
