@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "jsv/Collection.h"
 #include "jsv/SchemaValidatorBase.h"
+#include "jsv/annotations/Collection.h"
 
 namespace jsv {
 

@@ -5,7 +5,7 @@
 //   const auto validator = factory.createSubSchemaValidator(schemaPointer, "minimum");
 //   check(validator, jsonPointer, schemaPointer / "minimum", collection);
 //
-// A new keyword is a validator in keywords/, a row in the variant and a row in the table of
+// A new keyword is a validator beside its kind, a row in the variant and a row in the table of
 // Factory.cpp.
 #pragma once
 
@@ -14,21 +14,11 @@
 #include <string>
 
 #include "jsv/BaseSchemaValidator.h"
+#include "jsv/ItemKeywords.h"
+#include "jsv/NoteKeywords.h"
+#include "jsv/OneOfKeyword.h"
 #include "jsv/SchemaValidatorBase.h"
-#include "jsv/keywords/ConstSchemaValidator.h"
-#include "jsv/keywords/DefaultValueSchemaValidator.h"
-#include "jsv/keywords/DescriptionSchemaValidator.h"
-#include "jsv/keywords/EnumSchemaValidator.h"
-#include "jsv/keywords/ExtremumSchemaValidator.h"
-#include "jsv/keywords/FormatSchemaValidator.h"
-#include "jsv/keywords/ItemsSchemaValidator.h"
-#include "jsv/keywords/NoCheckSchemaValidator.h"
-#include "jsv/keywords/OneOfSchemaValidator.h"
-#include "jsv/keywords/OptionalSchemaValidator.h"
-#include "jsv/keywords/PropertiesSchemaValidator.h"
-#include "jsv/keywords/RequiredInSchemaValidator.h"
-#include "jsv/keywords/RequiredSchemaValidator.h"
-#include "jsv/keywords/TypeSchemaValidator.h"
+#include "jsv/ValueKeywords.h"
 
 namespace jsv {
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <utility>
 
-#include "jsv/Pointer.h"
-#include "jsv/SortableWrappedVector.h"
+#include "jsv/annotations/Pointer.h"
+#include "jsv/annotations/SortableWrappedVector.h"
 
 namespace jsv {
 

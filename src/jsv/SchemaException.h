@@ -5,8 +5,8 @@
 #include <stdexcept>
 #include <string>
 
-#include "jsv/JsonType.h"
-#include "jsv/Pointer.h"
+#include "jsv/annotations/JsonType.h"
+#include "jsv/annotations/Pointer.h"
 
 namespace jsv {
 

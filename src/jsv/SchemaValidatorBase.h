@@ -9,9 +9,9 @@
 #include <set>
 #include <string>
 
-#include "jsv/JsonType.h"
-#include "jsv/Pointer.h"
 #include "jsv/ReferencedNames.h"
+#include "jsv/annotations/JsonType.h"
+#include "jsv/annotations/Pointer.h"
 
 namespace jsv {
 

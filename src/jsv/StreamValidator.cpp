@@ -5,10 +5,10 @@
 #include <utility>
 #include <vector>
 
-#include "jsv/AnnotationToMessage.h"
 #include "jsv/BaseSchemaValidator.h"
-#include "jsv/Collection.h"
 #include "jsv/SchemaException.h"
+#include "jsv/annotations/AnnotationToMessage.h"
+#include "jsv/annotations/Collection.h"
 
 namespace jsv {
 namespace {

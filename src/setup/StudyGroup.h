@@ -18,7 +18,7 @@
 #include <vector>
 
 #include "common/console.h"
-#include "jsv/Pointer.h"
+#include "jsv/annotations/Pointer.h"
 
 namespace setup {
 

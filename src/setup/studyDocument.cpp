@@ -7,8 +7,8 @@
 #include <vector>
 
 #include "common/console.h"
-#include "jsv/Pointer.h"
 #include "jsv/StreamValidator.h"
+#include "jsv/annotations/Pointer.h"
 #include "setup/StudySchema.h"
 #include "setup/cards.h"
 

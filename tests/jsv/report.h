@@ -5,10 +5,10 @@
 #include <sstream>
 #include <string>
 
-#include "jsv/Collection.h"
 #include "jsv/SchemaException.h"
 #include "jsv/SchemaValidatorBase.h"
 #include "jsv/StreamValidator.h"
+#include "jsv/annotations/Collection.h"
 
 namespace jsv::test {
 
