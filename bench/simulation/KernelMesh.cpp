@@ -11,7 +11,7 @@
 #include "catalogue/Relations.h"
 #include "catalogue/Sets.h"
 #include "op/op_seq.h"
-#include "setup/SetContent.h"
+#include "setup/runfile/contents.h"
 
 namespace bench {
 

@@ -13,7 +13,7 @@
 
 #include "catalogue/IDs.h"
 #include "op/op_lib_core.h"
-#include "setup/Domain.h"
+#include "setup/domain/Domain.h"
 
 namespace bench {
 

@@ -6,10 +6,10 @@
 #include "api/IModel.h"
 #include "common/console.h"
 #include "model/Factory.h"
-#include "setup/Domain.h"
-#include "setup/RunFile.h"
-#include "setup/Study.h"
+#include "setup/domain/Domain.h"
 #include "setup/report.h"
+#include "setup/runfile/RunFile.h"
+#include "setup/study/Study.h"
 
 namespace setup {
 

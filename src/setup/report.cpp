@@ -4,7 +4,7 @@
 #include <numeric>
 
 #include "common/console.h"
-#include "setup/bedReport.h"
+#include "setup/bed_report.h"
 
 namespace console = common::console;
 

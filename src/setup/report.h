@@ -4,8 +4,8 @@
 #include <string>
 
 #include "api/IModel.h"
-#include "setup/Domain.h"
-#include "setup/Study.h"
+#include "setup/domain/Domain.h"
+#include "setup/study/Study.h"
 
 namespace setup {
 

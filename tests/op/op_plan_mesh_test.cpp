@@ -11,8 +11,8 @@
 #include <vector>
 
 #include "op/op_plan_test_support.h"
-#include "setup/Topology.h"
-#include "setup/gridMesh.h"
+#include "setup/mesh/Topology.h"
+#include "setup/mesh/made_meshes.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 
 #include <string>
 
-#include "setup/Domain.h"
-#include "setup/Study.h"
+#include "setup/domain/Domain.h"
 #include "setup/faults.h"
 #include "setup/studies.h"
+#include "setup/study/Study.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 

@@ -6,12 +6,12 @@
 
 #include "common/BaseException.h"
 #include "common/console.h"
-#include "setup/Reader2dm.h"
-#include "setup/Study.h"
-#include "setup/bedBoundaryTable.h"
-#include "setup/boundaryTable.h"
-#include "setup/friction.h"
-#include "setup/series.h"
+#include "setup/domain/Series.h"
+#include "setup/mesh/Reader2dm.h"
+#include "setup/study/Study.h"
+#include "setup/study/bed_boundary_types.h"
+#include "setup/study/boundary_types.h"
+#include "setup/study/friction.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 

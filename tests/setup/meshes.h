@@ -6,8 +6,8 @@
 #include <random>
 #include <vector>
 
-#include "setup/Mesh.h"
-#include "setup/gridMesh.h"
+#include "setup/mesh/Mesh.h"
+#include "setup/mesh/made_meshes.h"
 
 namespace meshes {
 

@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "model/Factory.h"
+#include "setup/mesh/numbering.h"
 #include "setup/meshes.h"
-#include "setup/numbering.h"
 
 using ::testing::HasSubstr;
 using ::testing::Not;

@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "setup/boundaryTable.h"
+#include "setup/study/boundary_types.h"
 #include "support/H5Compare.h"
 #include "support/Process.h"
 #include "support/TempDir.h"

@@ -1,0 +1,56 @@
+// Nodestrings: lines of mesh edges across or along which water is counted or given.
+//
+// A string has a direction, that of its nodes. Water that crosses it from its left to its right
+// side counts as a positive discharge; the cells on its left are the upstream cells.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "setup/mesh/Geometry.h"
+#include "setup/mesh/Mesh.h"
+#include "setup/mesh/Topology.h"
+
+namespace setup {
+
+struct Study;
+class StudyGroup;
+
+/// How a study names a string: by a nodestring of the mesh, by node ids or by a straight line.
+struct StringDefinition {
+  std::string path;  ///< JSON pointer into the study document, for messages
+  std::string name;
+  std::string meshString;                                    ///< name of a nodestring of the mesh
+  std::vector<long> nodes;                                   ///< ids of nodes
+  std::optional<std::array<std::array<double, 2>, 2>> line;  ///< its two ends [m]
+  bool reverse = false;                                      ///< against the order of its nodes
+};
+
+/// A string on the mesh; all lists have one entry per edge, in the order along the string.
+struct EdgeString {
+  std::string name;
+  std::vector<int> edges;
+  std::vector<int> signs;  ///< 1: the edge has its left cell on the left of the string; -1: flipped
+  std::vector<int> cells;  ///< on the upstream side; at the boundary the one cell that there is
+  double length = 0.0;     ///< [m]
+};
+
+/// The greatest number of edges that a string can hold.
+constexpr std::size_t MOST_STRING_EDGES = 40;
+
+/// Reads the group STRINGDEF, if the study has one.
+/// @throws BaseException for a name that stands twice and for a string given in more than one way
+void readStrings(const StudyGroup& geometry, Study& study);
+
+/// The strings of the study, in its order.
+/// @throws BaseException for a string that the mesh does not have, unknown nodes, consecutive nodes
+///         that no edge joins, an edge that is passed twice, and more edges than are possible.
+std::vector<EdgeString> findStrings(const Study& study, const Mesh& mesh, const Topology& topology,
+                                    const Geometry& geometry);
+
+/// Turns the direction of a string.
+void reverse(EdgeString& string, const Topology& topology);
+
+}  // namespace setup

@@ -1,0 +1,111 @@
+#include "setup/mesh/tidying.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <tuple>
+
+#include "common/console.h"
+#include "setup/mesh/position.h"
+
+namespace console = common::console;
+
+namespace setup {
+
+namespace {
+
+/// Area of the parallelogram over twice the square of the longest edge below which a triangle is
+/// taken for a line: its height is then lost in the rounding of the coordinates.
+constexpr double FLATNESS = 1e-10;
+
+void refuseDoubleNodes(const Mesh& mesh) {
+  std::vector<int> order(mesh.nodes.size());
+  std::iota(order.begin(), order.end(), 0);
+  const auto key = [&mesh](int n) {
+    const Node& node = mesh.nodes[index(n)];
+    return std::tuple(node.x, node.y, n);
+  };
+  std::sort(order.begin(), order.end(), [&key](int a, int b) { return key(a) < key(b); });
+  for (std::size_t k = 1; k < order.size(); ++k) {
+    const Node& first = mesh.nodes[index(order[k - 1])];
+    const Node& second = mesh.nodes[index(order[k])];
+    if (first.x != second.x || first.y != second.y) continue;
+    console::fail(place(mesh.file, second.line), "nodes ", first.id, " and ", second.id,
+                  " lie at the same place, each node must have a place of its own");
+  }
+}
+
+/// Turns the triangle if need be. @returns whether it did.
+bool turnCounterClockwise(const Mesh& mesh, Triangle& cell) {
+  const Node& a = mesh.nodes[index(cell.nodes[0])];
+  const Node& b = mesh.nodes[index(cell.nodes[1])];
+  const Node& c = mesh.nodes[index(cell.nodes[2])];
+  if (a.id == b.id || b.id == c.id || c.id == a.id) {
+    console::fail(place(mesh.file, cell.line), "element ", cell.id, " names a node twice: ", a.id,
+                  ", ", b.id, ", ", c.id);
+  }
+  const double abX = b.x - a.x;
+  const double abY = b.y - a.y;
+  const double acX = c.x - a.x;
+  const double acY = c.y - a.y;
+  const double twiceArea = abX * acY - abY * acX;
+  const double longest =
+      std::max({std::hypot(abX, abY), std::hypot(acX, acY), std::hypot(acX - abX, acY - abY)});
+  if (!(std::abs(twiceArea) > FLATNESS * longest * longest)) {
+    console::fail(place(mesh.file, cell.line), "element ", cell.id, " has no area: its nodes ",
+                  a.id, ", ", b.id, ", ", c.id, " lie on a line");
+  }
+  if (twiceArea > 0.0) return false;
+  std::swap(cell.nodes[1], cell.nodes[2]);
+  return true;
+}
+
+/// New position of each node, -1 for those that no triangle uses.
+std::vector<int> usedPositions(const Mesh& mesh) {
+  std::vector<int> positions(mesh.nodes.size(), -1);
+  for (const Triangle& cell : mesh.cells) {
+    for (const int node : cell.nodes) positions[index(node)] = 0;
+  }
+  int next = 0;
+  for (int& position : positions) {
+    if (position == 0) position = next++;
+  }
+  return positions;
+}
+
+int dropUnusedNodes(Mesh& mesh) {
+  const std::vector<int> positions = usedPositions(mesh);
+  const auto unused = static_cast<int>(std::count(positions.begin(), positions.end(), -1));
+  if (unused == 0) return 0;
+  for (NodeString& string : mesh.strings) {
+    for (int& node : string.nodes) {
+      if (positions[index(node)] < 0) {
+        console::fail(place(mesh.file, string.line), "nodestring <", string.name,
+                      "> runs over node ", mesh.nodes[index(node)].id, ", which no element uses");
+      }
+      node = positions[index(node)];
+    }
+  }
+  for (Triangle& cell : mesh.cells) {
+    for (int& node : cell.nodes) node = positions[index(node)];
+  }
+  for (std::size_t n = 0; n < positions.size(); ++n) {
+    if (positions[n] >= 0) mesh.nodes[index(positions[n])] = mesh.nodes[n];
+  }
+  mesh.nodes.resize(mesh.nodes.size() - index(unused));
+  return unused;
+}
+
+}  // namespace
+
+Tidying tidyMesh(Mesh& mesh) {
+  Tidying done;
+  refuseDoubleNodes(mesh);
+  for (Triangle& cell : mesh.cells) {
+    if (turnCounterClockwise(mesh, cell)) ++done.turnedCells;
+  }
+  done.unusedNodes = dropUnusedNodes(mesh);
+  return done;
+}
+
+}  // namespace setup

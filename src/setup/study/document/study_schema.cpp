@@ -1,0 +1,57 @@
+#include "setup/study/document/study_schema.h"
+
+#include "setup/study/document/geometry_schema.h"
+#include "setup/study/document/hydraulics_schema.h"
+#include "setup/study/document/morphology_schema.h"
+
+namespace setup {
+
+const std::string& studySchema() {
+  static const std::string schema = std::string(R"json({
+  "description": "A study: what a run file is made from. Units are metres and seconds.",
+  "type": "object",
+  "required": ["SETUP"],
+  "properties": {
+    "SETUP": {
+      "description": "Everything that setup reads.",
+      "type": "object",
+      "required": ["DOMAIN"],
+      "properties": {
+        "DOMAIN": {
+          "description": "The domain and its name.",
+          "type": "object",
+          "required": ["RHEOPLANE_2D"],
+          "optional": ["name", "crs"],
+          "properties": {
+            "name": {
+              "description": "A name for the report.",
+              "type": "string"
+            },
+            "crs": {
+              "description": "The coordinate reference system of the mesh as a code of the EPSG register, such as EPSG:2056. It goes along with the results; nothing is projected.",
+              "type": "string"
+            },
+            "RHEOPLANE_2D": {
+              "description": "The two-dimensional domain.",
+              "type": "object",
+              "required": ["GEOMETRY", "HYDRAULICS"],
+              "optional": ["MORPHOLOGY"],
+              "properties": {
+                "GEOMETRY": )json") +
+                                    GEOMETRY_SCHEMA + R"json(,
+                "HYDRAULICS": )json" +
+                                    HYDRAULICS_SCHEMA + R"json(,
+                "MORPHOLOGY": )json" +
+                                    MORPHOLOGY_SCHEMA + R"json(
+              }
+            }
+          }
+        }
+      }
+    }
+  }
+})json";
+  return schema;
+}
+
+}  // namespace setup

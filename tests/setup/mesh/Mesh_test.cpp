@@ -1,0 +1,17 @@
+#include "setup/mesh/Mesh.h"
+
+#include <gtest/gtest.h>
+
+using setup::place;
+
+TEST(Mesh, placeNamesFileAndLine) {
+  EXPECT_EQ(place("a.2dm", 7), "mesh file <a.2dm>, line 7: ");
+}
+
+TEST(Mesh, placeWithoutLineNamesTheFile) {
+  EXPECT_EQ(place("a.2dm", 0), "mesh file <a.2dm>: ");
+}
+
+TEST(Mesh, placeOfAMadeMeshNamesNoFile) {
+  EXPECT_EQ(place("", 7), "mesh: ");
+}
