@@ -18,6 +18,7 @@
 
 #include "api/IH5Reader.h"
 #include "api/IModel.h"
+#include "common/NewFile.h"
 #include "export/Mesh.h"
 #include "export/Record.h"
 #include "export/RecordIndex.h"
@@ -38,6 +39,8 @@ class Results {
   explicit Results(const std::string& file);
 
   const std::string& file() const { return name; }
+  /// What must not be overwritten.
+  common::Sources sources() const { return {{"results file", name}}; }
   /// The archived study document and command file, as compact JSON.
   const std::string& study() const { return studyText; }
   const std::string& command() const { return commandText; }

@@ -34,7 +34,7 @@ std::string nameFrom(const std::string& document, const std::string& file) {
 }
 
 XdmfFile::XdmfFile(const Results& results, const std::string& document, const std::string& data)
-    : file(results.file(), document),
+    : file(document, results.sources()),
       name(document),
       relative(nameFrom(document, data)),
       xdmf(dataio::Factory::createXdmfWriter(document)) {

@@ -9,7 +9,7 @@
 #include <string>
 
 #include "api/IXdmfWriter.h"
-#include "export/NewFile.h"
+#include "common/NewFile.h"
 #include "export/Results.h"
 
 namespace exporter {
@@ -28,7 +28,7 @@ class XdmfFile {
   void finish();
 
  private:
-  NewFile file;
+  common::NewFile file;
   std::string name;
   std::string relative;
   std::unique_ptr<api::IXdmfWriter> xdmf;

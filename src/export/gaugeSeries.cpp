@@ -1,7 +1,7 @@
 #include "export/gaugeSeries.h"
 
+#include "common/NewFile.h"
 #include "export/Csv.h"
-#include "export/NewFile.h"
 #include "export/components.h"
 
 namespace exporter {
@@ -52,7 +52,7 @@ void writeGaugeSeries(const Results& results, const std::vector<Gauge>& gauges,
     }
     table.endRow();
   }
-  writeText(results.file(), file, table.text());
+  common::writeText(file, table.text(), results.sources());
 }
 
 }  // namespace exporter

@@ -14,10 +14,10 @@
 #include <memory>
 #include <stdexcept>
 
+#include "common/NewFile.h"
 #include "common/console.h"
 #include "export/Csv.h"
 #include "export/Field.h"
-#include "export/NewFile.h"
 #include "export/Raster.h"
 #include "export/origin.h"
 #include "export/studyFacts.h"
@@ -152,7 +152,7 @@ void write(const Results& results, const RasterRequest& request, const std::stri
 }  // namespace
 
 void writeGeotiff(const Results& results, const RasterRequest& request) {
-  NewFile target(results.file(), request.file);
+  common::NewFile target(request.file, results.sources());
   try {
     write(results, request, target.unfinished());
   } catch (const BaseException&) {

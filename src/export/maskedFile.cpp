@@ -7,10 +7,10 @@
 #include <type_traits>
 
 #include "api/IH5Writer.h"
+#include "common/NewFile.h"
 #include "common/console.h"
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
-#include "export/NewFile.h"
 #include "export/XdmfFile.h"
 #include "export/components.h"
 #include "export/origin.h"
@@ -173,7 +173,7 @@ void writeMasked(const Results& results, const std::string& file) {
     console::fail("file <", file, ">: the name of a file of masked values must end in .h5");
   }
   const std::string stem = file.substr(0, file.size() - std::string(EXTENSION).size());
-  NewFile values(results.file(), file);
+  common::NewFile values(file, results.sources());
   XdmfFile document(results, stem + ".xdmf", file);
   try {
     write(results, values.unfinished(), document);

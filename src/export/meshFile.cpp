@@ -1,7 +1,7 @@
 #include "export/meshFile.h"
 
+#include "common/NewFile.h"
 #include "export/Csv.h"
-#include "export/NewFile.h"
 
 namespace exporter {
 
@@ -18,7 +18,7 @@ void writeMesh(const Results& results, const std::string& file) {
     for (const double coordinate : mesh.nodes[node]) text += " " + numberText(coordinate);
     text += "\n";
   }
-  writeText(results.file(), file, text);
+  common::writeText(file, text, results.sources());
 }
 
 }  // namespace exporter

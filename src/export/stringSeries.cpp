@@ -1,8 +1,8 @@
 #include "export/stringSeries.h"
 
+#include "common/NewFile.h"
 #include "common/console.h"
 #include "export/Csv.h"
-#include "export/NewFile.h"
 #include "export/components.h"
 #include "export/stringNames.h"
 
@@ -44,7 +44,7 @@ void writeStringSeries(const Results& results, const std::string& file) {
     }
     table.endRow();
   }
-  writeText(results.file(), file, table.text());
+  common::writeText(file, table.text(), results.sources());
 }
 
 }  // namespace exporter

@@ -4,9 +4,9 @@
 #include <cmath>
 #include <map>
 
+#include "common/NewFile.h"
 #include "common/console.h"
 #include "export/NcFile.h"
-#include "export/NewFile.h"
 #include "export/UgridMesh.h"
 #include "export/components.h"
 #include "export/definedValues.h"
@@ -161,7 +161,7 @@ class UgridFile {
 }  // namespace
 
 void writeUgrid(const Results& results, const std::string& file) {
-  NewFile target(results.file(), file);
+  common::NewFile target(file, results.sources());
   try {
     UgridFile(results, target.unfinished()).write();
   } catch (const BaseException&) {

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "api/IH5Writer.h"
+#include "common/NewFile.h"
 #include "common/check.h"
 #include "common/console.h"
 #include "dataio/Archive.h"
@@ -142,6 +143,14 @@ void writeAll(const std::string& file, const api::IModel& model, const Domain& d
   writer->flush();  // tells of a full disk; the destructor could not
 }
 
+common::Sources sourcesOf(const Study& study) {
+  common::Sources sources = {{"study document", study.file}};
+  if (const auto* mesh = std::get_if<MeshFile>(&study.mesh)) {
+    sources.push_back({"mesh file", mesh->file});
+  }
+  return sources;
+}
+
 }  // namespace
 
 void requireRunFile(const std::string& file) {
@@ -163,18 +172,15 @@ void requireRunFile(const std::string& file) {
 
 void writeRunFile(const std::string& file, const api::IModel& model, const Domain& domain,
                   const Study& study) {
-  const std::string unfinished = file + ".part";
-  std::error_code ignored;
+  common::NewFile target(file, sourcesOf(study));
   try {
-    writeAll(unfinished, model, domain, study);
-    std::filesystem::rename(unfinished, file);
+    writeAll(target.unfinished(), model, domain, study);
   } catch (const BaseException&) {
-    std::filesystem::remove(unfinished, ignored);
     throw;
   } catch (const std::exception& fault) {
-    std::filesystem::remove(unfinished, ignored);
     console::fail("run file <", file, "> cannot be written: ", fault.what());
   }
+  target.finish();
 }
 
 }  // namespace setup

@@ -188,12 +188,25 @@ TEST_F(RunFile, aFailureLeavesAnEarlierFileAsItWas) {
 }
 
 TEST_F(RunFile, tellsIfItCannotBeWritten) {
-  std::filesystem::create_directories(file + ".part/in the way");
-  ::testing::internal::CaptureStderr();
-  EXPECT_THROW(write({hydraulics_aggr}, TRIANGLE), BaseException);
-  EXPECT_THAT(::testing::internal::GetCapturedStderr(),
-              HasSubstr(" -> run file <" + file + "> cannot be written: "));
-  EXPECT_FALSE(std::filesystem::exists(file));
+  std::filesystem::create_directory(file);
+  EXPECT_EQ(faults::messageOf([this] { write({hydraulics_aggr}, TRIANGLE); }),
+            "file <" + file + "> cannot be written: it is a folder");
+}
+
+TEST_F(RunFile, neverReplacesTheStudyOrItsMesh) {
+  support::writeFile(dir.file("study.json"), "study");
+  support::writeFile(dir.file("m.2dm"), "mesh");
+  study.file = dir.file("study.json");
+  study.mesh = setup::MeshFile{dir.file("m.2dm")};
+  for (const std::string name : {"study.json", "m.2dm"}) {
+    std::filesystem::create_symlink(dir.file(name), file);
+    const std::string before = support::readFile(file);
+    EXPECT_THAT(faults::messageOf([this] { write({hydraulics_aggr}, TRIANGLE); }),
+                HasSubstr(name == "m.2dm" ? "> is the mesh file itself: give another name"
+                                          : "> is the study document itself: give another name"));
+    EXPECT_EQ(support::readFile(dir.file(name)), before);
+    std::filesystem::remove(file);
+  }
 }
 
 TEST(RunFileName, mustEndInH5AndHoldNoOtherDot) {

@@ -1,20 +1,32 @@
 // A file that comes into being as a whole or not at all: it is written under another name, and what
 // has stood under its own name before stays until then.
 //
-//   exporter::NewFile file(results.file(), "gauges.csv");
+//   common::NewFile file("gauges.csv", {{"results file", "run_results.h5"}});
 //   std::ofstream(file.unfinished()) << text;
 //   file.finish();
 #pragma once
 
 #include <string>
+#include <vector>
 
-namespace exporter {
+namespace common {
+
+/// What a file is made from: {"results file", "run_results.h5"}.
+struct Source {
+  std::string kind;
+  std::string name;
+};
+
+using Sources = std::vector<Source>;
 
 class NewFile {
  public:
-  /// @param source the results file, which must not be overwritten
-  /// @throws BaseException if `name` is that file, a folder, or in a folder that does not exist.
-  NewFile(const std::string& source, const std::string& name);
+  /// Creates the unfinished file, empty, beside its target, under a name that no other file has.
+  /// @param sources must not be overwritten
+  /// @throws BaseException if `name` is one of these, a folder or a device, or in a folder that
+  /// does
+  ///         not exist or cannot be written to.
+  NewFile(const std::string& name, const Sources& sources);
   /// Removes what has not been finished.
   ~NewFile();
   NewFile(const NewFile&) = delete;
@@ -35,6 +47,6 @@ class NewFile {
 
 /// Writes a text file as a whole or not at all.
 /// @throws BaseException if it cannot be written.
-void writeText(const std::string& source, const std::string& name, const std::string& text);
+void writeText(const std::string& name, const std::string& text, const Sources& sources);
 
-}  // namespace exporter
+}  // namespace common
