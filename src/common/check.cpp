@@ -1,5 +1,7 @@
 #include "common/check.h"
 
+#include <filesystem>
+
 #include "common/console.h"
 #include "common/version.h"
 
@@ -7,9 +9,9 @@ namespace common {
 
 void failCheck(const std::string& condition, const std::string& message, const std::string& file,
                int line) {
-  const std::size_t dot = file.find_last_of('.');
-  console::fail(message.empty() ? condition : message, ", in file: ", file.substr(0, dot),
-                " on line ", line, ", version ", VERSION);
+  const std::string source = std::filesystem::path(file).replace_extension().string();
+  console::fail(message.empty() ? condition : message, ", in file: ", source, " on line ", line,
+                ", version ", VERSION);
 }
 
 }  // namespace common

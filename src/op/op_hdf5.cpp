@@ -88,13 +88,6 @@ Storage read_plain(hid_t dataset, op_hdf5_value_type type, std::size_t rows, std
   return values;
 }
 
-// Nodestrings have rows of a fixed length, of which each uses the leading part.
-bool has_padded_rows(op_set from, int dim) {
-  const int nodestring_columns = 40;
-  const std::string_view name(from->name);
-  return dim == nodestring_columns && name.substr(0, name.find('/')) == "NodeStrg";
-}
-
 Storage read_table(hid_t dataset, const op_hdf5_dataset_properties& properties, Place place) {
   const auto rows = static_cast<std::size_t>(properties.size);
   const auto columns = static_cast<std::size_t>(properties.dim);
@@ -156,7 +149,6 @@ op_map op_decl_map_hdf5(op_set from, op_set to, int dim, const char* file, const
   Storage table = read_table(dataset.get(), properties, place);
   const op_map map = op_decl_map(from, to, dim, reinterpret_cast<int*>(table.release()), name);
   map->user_managed = 0;
-  if (!has_padded_rows(from, dim)) op_check_map_columns(map, nullptr);
   return map;
 }
 

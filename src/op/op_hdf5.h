@@ -19,8 +19,7 @@ op_set op_decl_set_hdf5(const char* file, const char* name);
 op_set op_decl_set_hdf5_infer_size(const char* file, const char* name, const char* dataset);
 
 /// Map from a dataset of from->size by `dim` ints; null, after a message, if there is no dataset
-/// `name`. All entries are checked against the target set, with one exception: the rows of a
-/// nodestring are padded with anything, so that its maps are left to op_check_map_columns.
+/// `name`. Rows may be padded with anything: entries are left to op_check_map_entry.
 op_map op_decl_map_hdf5(op_set from, op_set to, int dim, const char* file, const char* name);
 
 /// Dat from a dataset of set->size by `dim` values, converted to `type` if the file has another

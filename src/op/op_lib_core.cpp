@@ -66,16 +66,6 @@ void free_text(const char* text) {
   op_free(const_cast<char*>(text));
 }
 
-[[noreturn]] void fail_entry(op_map map, int row, int column, int entry, int base) {
-  const long long shown = static_cast<long long>(entry) + base;
-  if (map->to->size == 0) {
-    op_fail(2, "map %s: row %d, column %d holds %lld, but the set %s has no elements\n", map->name,
-            row, column, shown, map->to->name);
-  }
-  op_fail(2, "map %s: row %d, column %d holds %lld, which is not in the range %d to %d of set %s\n",
-          map->name, row, column, shown, base, map->to->size - 1 + base, map->to->name);
-}
-
 void append_dat(op_dat dat) {
   auto* const entry = new_record<op_dat_entry>(
       " op_decl_dat error -- error allocating memory to double linked list entry");
@@ -226,20 +216,17 @@ void check_map(const char* name, op_set from, op_set to, int dim, const int* tab
   }
 }
 
-void op_check_map_columns(op_map map, const int* used) {
+void op_check_map_entry(op_map map, int row, int column) {
+  const int entry = map->map[static_cast<std::ptrdiff_t>(row) * map->dim + column];
+  if (entry >= 0 && entry < map->to->size) return;
   const int base = OP_maps_base_index == 1 ? 1 : 0;  // shown as the file counts
-  const int* row = map->map;
-  for (int i = 0; i < map->from->size; ++i, row += map->dim) {
-    const int columns = used == nullptr ? map->dim : used[i];
-    if (columns < 0 || columns > map->dim) {
-      op_fail(2, "map %s: row %d uses %d columns, which is not in the range 0 to %d\n", map->name,
-              i, columns, map->dim);
-    }
-    const int* const end = row + columns;
-    const int* const wrong =
-        std::find_if(row, end, [=](int entry) { return entry < 0 || entry >= map->to->size; });
-    if (wrong != end) fail_entry(map, i, static_cast<int>(wrong - row), *wrong, base);
+  const long long shown = static_cast<long long>(entry) + base;
+  if (map->to->size == 0) {
+    op_fail(2, "map %s: row %d, column %d holds %lld, but the set %s has no elements\n", map->name,
+            row, column, shown, map->to->name);
   }
+  op_fail(2, "map %s: row %d, column %d holds %lld, which is not in the range %d to %d of set %s\n",
+          map->name, row, column, shown, base, map->to->size - 1 + base, map->to->name);
 }
 
 void op_require_dat(op_set set, int dim, const char* name) {

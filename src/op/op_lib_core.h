@@ -138,10 +138,8 @@ op_map op_decl_map_core(op_set from, op_set to, int dim, int* table, const char*
 /// Ends the process with the first entry of the table that is no element of the target set.
 void check_map(const char* name, op_set from, op_set to, int dim, const int* table);
 
-/// Ends the process with status 2 at the first entry of a map that is no element of its target set,
-/// and at a row that claims to use more columns than there are.
-/// @param used for each row the number of leading columns that count; null if all of them do
-void op_check_map_columns(op_map map, const int* used);
+/// Ends the process with status 2 if an entry of a map is no element of its target set.
+void op_check_map_entry(op_map map, int row, int column);
 
 /// Ends the process unless a dat could be declared: the set there, dim positive.
 void op_require_dat(op_set set, int dim, const char* name);

@@ -1,14 +1,15 @@
 // Refuses run files whose values would lead the numerics out of their arrays.
 //
 // The kernels trust what they read: signs pick components, sizes bound loops, positions address
-// records. These checks run once, before the first pass, and say what is wrong, where, and what
-// would be right.
+// records, maps address everything. So the input of a kernel is checked before its first call, as
+// far as its calls look at it. What no call looks at may hold anything.
 #pragma once
 
 #include <map>
 #include <string>
+#include <vector>
 
-#include "api/IModel.h"
+#include "catalogue/IDs.h"
 #include "op/op_lib_core.h"
 
 namespace simulation {
@@ -16,18 +17,21 @@ namespace simulation {
 using Dats = std::map<model::DataID, op_dat>;
 using Maps = std::map<model::MapID, op_map>;
 
-/// Makes sure that all data which records are made of are there. Comes before a results file is
-/// created, so that a broken run file does not cost the results of an earlier run.
+/// Makes sure that all data which records are made of are there.
 /// @throws BaseException if a datum is missing
-void checkStateData(const api::IModel& model, const Dats& dats);
+void checkRecordData(const std::vector<model::DataID>& records, const Dats& dats);
 
-/// Checks the values of integer data that address memory, and the columns of nodestring maps that
-/// are in use. Columns that are not in use may hold anything; they are set to 0.
-/// @param endTime end of the run [s]: series must reach that far or be marked as ended
-/// @throws BaseException if a value is out of its range
-void checkInputData(const Dats& dats, const Maps& maps, double endTime);
+/// Checks the integers that a kernel takes for positions, sizes and signs, and the entries of its
+/// maps. Entries that the kernel never follows are set to 0. Data and maps that are missing are
+/// left to the call, which refuses them.
+/// @throws BaseException if an integer is out of its range; ends the process if an entry is
+void checkKernelInput(model::KernelID kernel, const Dats& dats, const Maps& maps);
 
 /// @throws BaseException if a parameter does not hold the number of values that its slots expect
 void checkParameterSize(const std::string& path, std::size_t found, int expected);
+
+/// The datum or map of an ID, null if the run does not have it.
+op_dat find(const Dats& dats, model::DataID id);
+op_map find(const Maps& maps, model::MapID id);
 
 }  // namespace simulation

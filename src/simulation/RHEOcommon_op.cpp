@@ -23,7 +23,9 @@
 #include "op/op_seq.h"
 #include "simulation/Factory.h"
 #include "simulation/InputChecks.h"
+#include "simulation/SeriesGuard.h"
 #include "simulation/SignalWatch.h"
+#include "simulation/StallWatch.h"
 #include "simulation/kernels/parameters.h"
 
 namespace simulation {
@@ -91,19 +93,15 @@ void RHEOcommon::init(const int& level, const bool& showProgress, const bool& de
   initializeSetsAndKernels(fileName);
   initializeMaps(fileName);
   initializeSolutionData();
-  initializeParameters();
-  requireSchedule();
   if (startTime() > 0.0) {
     initializeReRunData(output, startTime());
     initializeData(fileName, true);
-    checkInputData(dats, maps, endTime());
   } else {
     initializeData(fileName, false);
-    checkStateData(*model, dats);
-    checkInputData(dats, maps, endTime());
     initializeResultsFile(output);
   }
   initializeOutputData();
+  initializeParameters();
   initializeVariables();
   // Copies of the setup have left the heap full of holes: the run can do without them.
   malloc_trim(0);
@@ -355,12 +353,45 @@ double RHEOcommon::minimumTimeStep() const {
   return dtMin;
 }
 
-// What a run reads at its start is read once before results of an earlier run are touched: a slip
-// in a document or a run file must not cost them.
-void RHEOcommon::requireSchedule() {
-  endTime();
-  minimumTimeStep();
-  initKernelPlans(startTime());
+bool RHEOcommon::isInModel(model::KernelID kernel) const {
+  return model::elementInVector(kernel, model->getKernels()) >= 0;
+}
+
+// What the first pass would refuse is refused before the first record: a slip in a run file must
+// not cost the results of an earlier run.
+void RHEOcommon::prepareFirstPass() {
+  for (const auto& entry : kernelPlans) {
+    if (!entry.second->execute(currentTime)) continue;
+    if (!isInModel(entry.first)) break;  // its call ends the run
+    prepareKernel(entry.first);
+  }
+  initKernelPlans(currentTime);  // asking the plans has used them up
+}
+
+// Comes before the first call of a kernel; one that is never called may have any input.
+void RHEOcommon::prepareKernel(model::KernelID kernel) {
+  if (!preparedKernels.insert(kernel).second || !isInModel(kernel)) return;
+  if (kernel == model::KernelID::HydBoundaryFluxes ||
+      kernel == model::KernelID::MorBoundaryFluxes) {
+    provideFriction();
+  }
+  checkKernelInput(kernel, dats, maps);
+  const SeriesGuard guard(kernel, dats, maps);
+  if (guard.empty()) return;
+  kernels[kernel] = [this, guard, call = kernels.at(kernel)] {
+    guard.check(currentTime);
+    call();
+  };
+}
+
+// Some types of boundaries ask for the friction of their cell, in runs without friction too. It is
+// zero then.
+void RHEOcommon::provideFriction() {
+  op_dat& coefficient = dats[model::DataID::ChezyCoe];
+  if (coefficient != nullptr) return;
+  const std::unique_ptr<api::IData> data(model::Factory::createData(
+      model::DataID::ChezyCoe, model->getSet(model::SetID::CellsAll), false));
+  coefficient = createLocalData<double>(data.get());
 }
 
 void RHEOcommon::run() {
@@ -375,9 +406,13 @@ void RHEOcommon::run() {
   initialTimeStep = dtInit();
   archive();
   copyMinDepthParameter();
+  checkRecordData(outputData, dats);
+  checkRecordData(trackedData, dats);
+  if (end > start) prepareFirstPass();
   if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
 
   const SignalWatch signals;
+  StallWatch stall(start, end);
   const Clock::time_point clock = Clock::now();
   if (progressPlan->execute(currentTime)) {
     printProgressMessage(progressPlan->getIncrement(), clock, initialTimeStep);
@@ -388,6 +423,7 @@ void RHEOcommon::run() {
       console::info("time step smaller than allowed minimal ", minimum, ". check for stability...");
     }
     currentTime = timeStep + currentTime;
+    stall.pass(currentTime);
     if (logLevel > 2) console::info("time: ", currentTime);
     if (progressPlan->execute(currentTime)) {
       printProgressMessage(progressPlan->getIncrement(), clock, timeStep);
@@ -406,7 +442,9 @@ void RHEOcommon::run() {
 // All plans are asked at the time at which the step starts.
 void RHEOcommon::executeKernels() {
   for (const auto& entry : kernelPlans) {
-    if (entry.second->execute(currentTime)) kernels.at(entry.first)();
+    if (!entry.second->execute(currentTime)) continue;
+    prepareKernel(entry.first);
+    kernels.at(entry.first)();
   }
 }
 

@@ -9,6 +9,7 @@
 #include <functional>
 #include <map>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -56,6 +57,7 @@ class RHEOcommon : public api::ISimulation {
 
   std::map<model::KernelID, std::function<void()>> kernels;
   std::map<model::KernelID, std::unique_ptr<api::IExecutionPlan>> kernelPlans;
+  std::set<model::KernelID> preparedKernels;  ///< those whose input has been checked
 
   std::map<model::SetID, op_set> sets;
   std::map<model::MapID, op_map> maps;
@@ -104,8 +106,11 @@ class RHEOcommon : public api::ISimulation {
   api::IExecutionPlan* createProgressPlan(const double& start, const double& end) const;
   /// @throws BaseException if the command file asks for one that is too small
   double minimumTimeStep() const;
-  void requireSchedule();
   void initKernelPlans(const double& start);
+  bool isInModel(model::KernelID kernel) const;
+  void prepareFirstPass();
+  void prepareKernel(model::KernelID kernel);
+  void provideFriction();
   void executeKernels();
   void printProgressMessage(const double& increment, const Clock::time_point& clock,
                             const double& dt) const;

@@ -121,9 +121,9 @@ template <class L, class... Globals>
 void RHEOdomain::parLoop(void (*frame)(const char*, op_set, typename L::Arguments),
                          Globals&... globals) {
   const std::tuple<Globals&...> given(globals...);
+  const char* const name = model->getKernel(L::kernel)->getNameC();
   [&]<std::size_t... I>(std::index_sequence<I...> /*rows*/) {
-    frame(model->getKernel(L::kernel)->getNameC(), sets[L::set],
-          typename L::Arguments{argument<L, I>(given)...});
+    frame(name, sets[L::set], typename L::Arguments{argument<L, I>(given)...});
   }
   (std::make_index_sequence<L::rows>{});
 }

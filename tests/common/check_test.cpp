@@ -56,4 +56,11 @@ TEST(FailCheck, takesASourceWithoutExtensionAsItIs) {
             " -> a == b, in file: src/model/Model on line 1, version v3.0.1\n");
 }
 
+TEST(FailCheck, cutsNothingButTheExtension) {
+  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/v3.0/Model.test.cpp", 1); }),
+            " -> a == b, in file: src/v3.0/Model.test on line 1, version v3.0.1\n");
+  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/v3.0/Model", 1); }),
+            " -> a == b, in file: src/v3.0/Model on line 1, version v3.0.1\n");
+}
+
 }  // namespace

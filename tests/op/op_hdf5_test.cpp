@@ -265,38 +265,14 @@ TEST_F(OpDeclMapHdf5, RefusesMissingSets) {
              "op_decl_map error -- invalid 'to' set for map edges/cells\n");
 }
 
-TEST_F(OpDeclMapHdf5, RefusesEntriesOutsideTheTargetSet) {
-  FileWriter(file_).ints("above", {2, 2}, {0, 1, 3, 2});
-  FileWriter(file_).ints("below", {2, 2}, {0, -1, 1, 2});
-  expectExit([&] { declare("above"); }, 2,
-             "map above: row 1, column 0 holds 3, which is not in the range 0 to 2 of set cells\n");
-  expectExit(
-      [&] { declare("below"); }, 2,
-      "map below: row 0, column 1 holds -1, which is not in the range 0 to 2 of set cells\n");
-}
-
-TEST_F(OpDeclMapHdf5, LeavesPaddedNodestringsToTheLaterCheck) {
-  std::vector<int> table(80, -999);
-  table[0] = 2;
-  table[40] = 0;
-  table[41] = 5;
-  FileWriter(file_).ints("NodeStrg/CellsAll", {2, 40}, table);
-  const op_set strings = op_decl_set(2, "NodeStrg/set");
-  const op_map map = op_decl_map_hdf5(strings, cells_, 40, file(), "NodeStrg/CellsAll");
+TEST_F(OpDeclMapHdf5, LeavesTheEntriesToALaterCheck) {
+  FileWriter(file_).ints("edges/cells", {2, 2}, {0, -1, 3, 2});
+  const op_map map = declare("edges/cells");
   ASSERT_NE(map, nullptr);
-  std::vector<int> used{1, 1};
-  op_check_map_columns(map, used.data());
-  used[1] = 2;
-  expectExit([&] { op_check_map_columns(map, used.data()); }, 2,
-             "map NodeStrg/CellsAll: row 1, column 1 holds 5, which is not in the range 0 to 2 of "
-             "set cells\n");
-}
-
-TEST_F(OpDeclMapHdf5, ChecksOtherMapsOfNodestrings) {
-  FileWriter(file_).ints("NodeStrg/CellsAll", {2, 1}, {0, -999});
-  const op_set strings = op_decl_set(2, "NodeStrg/set");
-  expectExit([&] { op_decl_map_hdf5(strings, cells_, 1, file(), "NodeStrg/CellsAll"); }, 2,
-             "row 1, column 0 holds -999");
+  op_check_map_entry(map, 0, 0);
+  expectExit([&] { op_check_map_entry(map, 0, 1); }, 2,
+             "map edges/cells: row 0, column 1 holds -1, which is not in the range 0 to 2 of set "
+             "cells\n");
 }
 
 TEST_F(OpDeclMapHdf5, RefusesATableBeyondTheMemory) {

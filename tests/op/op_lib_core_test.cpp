@@ -248,45 +248,38 @@ TEST_F(OpDeclMap, CheckMapStopsAtTheFirstEntryOutOfRange) {
               "element = 1, dimension = 1, map = 3\n$");
 }
 
-TEST_F(OpDeclMap, CheckMapColumnsLooksAtTheUsedColumnsOnly) {
-  table_ = {0, -7, 99, 99, 2, 0};
-  const std::vector<int> used{1, 0, 2};
+TEST_F(OpDeclMap, CheckMapEntryLooksAtThatEntryOnly) {
+  table_ = {0, -7, 3, 2, 99, 0};
   const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
-  EXPECT_EQ(outputOf([&] { op_check_map_columns(map, used.data()); }), "");
+  EXPECT_EQ(outputOf([=] { op_check_map_entry(map, 0, 0); }), "");
+  EXPECT_EQ(outputOf([=] { op_check_map_entry(map, 1, 1); }), "");
+  EXPECT_EQ(outputOf([=] { op_check_map_entry(map, 2, 1); }), "");
 }
 
-TEST_F(OpDeclMap, CheckMapColumnsNamesTheEntry) {
+TEST_F(OpDeclMap, CheckMapEntryNamesTheEntry) {
+  table_[4] = -1;
   table_[5] = 3;
-  const std::vector<int> used{2, 2, 2};
   const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
-  const std::string message = literally(
-      "map map: row 2, column 1 holds 3, which is not in the range 0 to 2 of set cells\n");
-  EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, used.data())), ExitedWithCode(2),
-              message);
-  EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, nullptr)), ExitedWithCode(2), message);
+  EXPECT_EXIT((outputToStderr(), op_check_map_entry(map, 2, 0)), ExitedWithCode(2),
+              literally("map map: row 2, column 0 holds -1, which is not in the range 0 to 2 of "
+                        "set cells\n"));
+  EXPECT_EXIT((outputToStderr(), op_check_map_entry(map, 2, 1)), ExitedWithCode(2),
+              literally("map map: row 2, column 1 holds 3, which is not in the range 0 to 2 of "
+                        "set cells\n"));
 }
 
-TEST_F(OpDeclMap, CheckMapColumnsRefusesMoreColumnsThanThereAre) {
-  const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
-  std::vector<int> used{2, 3, 2};
-  EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, used.data())), ExitedWithCode(2),
-              literally("map map: row 1 uses 3 columns, which is not in the range 0 to 2\n"));
-  used[1] = -1;
-  EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, used.data())), ExitedWithCode(2),
-              "row 1 uses -1 columns");
-}
-
-TEST_F(OpDeclMap, CheckMapColumnsTellsOfAnEmptyTarget) {
+TEST_F(OpDeclMap, CheckMapEntryTellsOfAnEmptyTarget) {
   const op_map map = op_decl_map(edges_, op_decl_set(0, "none"), 2, table_.data(), "map");
-  EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, nullptr)), ExitedWithCode(2),
+  EXPECT_EXIT((outputToStderr(), op_check_map_entry(map, 0, 0)), ExitedWithCode(2),
               "row 0, column 0 holds 0, but the set none has no elements");
 }
 
-TEST_F(OpDeclMap, CheckMapColumnsCountsAsTheCallerDoes) {
+TEST_F(OpDeclMap, CheckMapEntryCountsAsTheCallerDoes) {
   set_maps_base(1);
   table_ = {1, 2, 2, 3, INT_MIN, 1};
   const op_map map = op_decl_map(edges_, cells_, 2, table_.data(), "map");
-  EXPECT_EXIT((outputToStderr(), op_check_map_columns(map, nullptr)), ExitedWithCode(2),
+  EXPECT_EQ(outputOf([=] { op_check_map_entry(map, 1, 1); }), "");
+  EXPECT_EXIT((outputToStderr(), op_check_map_entry(map, 2, 0)), ExitedWithCode(2),
               "row 2, column 0 holds .* not in the range 1 to 3 of set cells");
 }
 

@@ -1,176 +1,78 @@
 #include "simulation/InputChecks.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <list>
-#include <memory>
+#include <climits>
 #include <string>
 #include <vector>
 
-#include "common/BaseException.h"
-#include "model/Factory.h"
-#include "op/op_seq.h"
-#include "simulation/kernels/missing_value.h"
+#include "simulation/RunData.h"
 #include "simulation/kernels/parameters.h"
 
 namespace {
 
 using model::DataID;
+using model::KernelID;
 using model::MapID;
 
-class InputChecks : public ::testing::Test {
+class InputChecks : public support::RunData {
  protected:
-  InputChecks() {
-    ::testing::internal::CaptureStdout();
-    op_init(0, nullptr, 0);
-    ::testing::internal::GetCapturedStdout();
-    std::fill(std::begin(G_INT), std::end(G_INT), 0);
+  std::string refusal(KernelID kernel) {
+    return refusalOf([&] { simulation::checkKernelInput(kernel, dats, maps); });
   }
-  ~InputChecks() override { op_exit(); }
-  InputChecks(const InputChecks&) = delete;
-  InputChecks& operator=(const InputChecks&) = delete;
-  InputChecks(InputChecks&&) = delete;
-  InputChecks& operator=(InputChecks&&) = delete;
-
-  /// Gives the run a datum with `dim` values per element.
-  void give(DataID id, int dim, const std::vector<int>& content) {
-    values.push_back(content);
-    const op_set set = op_decl_set(static_cast<int>(content.size()) / dim, "set");
-    dats[id] = op_decl_dat_char(set, dim, "int", sizeof(int),
-                                reinterpret_cast<char*>(values.back().data()), "dat");
+  void expectAccepted(KernelID kernel) {
+    EXPECT_NO_THROW(simulation::checkKernelInput(kernel, dats, maps));
   }
-
-  /// Gives the run a map into a set of ten elements.
-  std::vector<int>& giveMap(MapID id, int dim, const std::vector<int>& content) {
-    values.push_back(content);
-    const op_set from = op_decl_set(static_cast<int>(content.size()) / dim, "from/set");
-    const op_set to = op_decl_set(10, "ten/set");
-    maps[id] = op_decl_map(from, to, dim, values.back().data(), "strings");
-    return values.back();
-  }
-
-  /// Gives the run one series with the given points (x, y), of which `size` values are in use, and
-  /// looks it up by the given key.
-  void giveSeries(const std::vector<double>& points, int size, int key) {
-    series.assign(12000, kernels::MISSING_VALUE);
-    std::copy(points.begin(), points.end(), series.begin());
-    const op_set set = op_decl_set(1, "InSeries/set");
-    dats[DataID::InSeries_NumValue] = op_decl_dat_char(
-        set, 12000, "double", sizeof(double), reinterpret_cast<char*>(series.data()), "series");
-    give(DataID::InSeries_ListSize, 1, {size});
-    give(DataID::EdInterp_KeyPostn, 2, {key, 0});
-    giveMap(MapID::EdInterp_InSeries, 1, {0});
-  }
-
-  /// As many points as a row can hold, one per second from time 0 on.
-  static std::vector<double> fullSeries() {
-    std::vector<double> points;
-    for (int i = 0; i < 6000; ++i) points.insert(points.end(), {1.0 * i, 0.5});
-    return points;
-  }
-
-  /// What the checks say when they refuse.
-  std::string refusal() {
-    ::testing::internal::CaptureStderr();
-    EXPECT_THROW(simulation::checkInputData(dats, maps, endTime), BaseException);
-    return ::testing::internal::GetCapturedStderr();
-  }
-  static void setFriction(int value) {
-    G_INT[static_cast<int>(model::ParameterID::FrictionOn)] = value;
-  }
-  void expectAccepted() { EXPECT_NO_THROW(simulation::checkInputData(dats, maps, endTime)); }
-
-  double endTime = 10.0;
-  simulation::Dats dats;
-  simulation::Maps maps;
-  std::list<std::vector<int>> values;
-  std::vector<double> series;
 };
 
 TEST_F(InputChecks, acceptARunWithoutTheDataTheyLookAt) {
   dats[DataID::NodeStrg_ListSize] = nullptr;
-  expectAccepted();
+  for (int kernel = 0; kernel <= 25; ++kernel) expectAccepted(static_cast<KernelID>(kernel));
 }
 
-TEST_F(InputChecks, nodestringsHaveNoEdgesToForty) {
-  give(DataID::NodeStrg_ListSize, 1, {0, 40});
-  expectAccepted();
-  give(DataID::NodeStrg_ListSize, 1, {3, 41});
-  EXPECT_EQ(refusal(),
+TEST_F(InputChecks, acceptWhatAnotherKernelReads) {
+  give(DataID::NodeStrg_ListSize, 1, std::vector<int>{41});
+  give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{9, 9, 9});
+  give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{0, 7});
+  expectAccepted(KernelID::HydInternalFluxes);
+  expectAccepted(KernelID::MorFixBedCorrection);
+}
+
+// A nodestring of less than no edges is as good as an empty one.
+TEST_F(InputChecks, nodestringsHaveAtMostFortyEdges) {
+  give(DataID::NodeStrg_ListSize, 1, std::vector<int>{0, 40, -1, INT_MIN});
+  expectAccepted(KernelID::NodeStringStateCalc);
+  give(DataID::NodeStrg_ListSize, 1, std::vector<int>{3, 41});
+  EXPECT_EQ(refusal(KernelID::NodeStringStateCalc),
             " -> data <NodeStrg/ListSize> in row 1, column 0 is 41: number of edges of a "
-            "nodestring must be from 0 to 40\n");
-  give(DataID::NodeStrg_ListSize, 1, {-1});
-  EXPECT_EQ(refusal(),
-            " -> data <NodeStrg/ListSize> in row 0, column 0 is -1: number of edges of a "
-            "nodestring must be from 0 to 40\n");
+            "nodestring must be at most 40\n");
 }
 
-TEST_F(InputChecks, seriesHaveTwoTo12000Values) {
-  give(DataID::InSeries_ListSize, 1, {2, 12000});
-  expectAccepted();
-  for (const int length : {1, 0, -4, 12001}) {
-    give(DataID::InSeries_ListSize, 1, {2, length});
-    EXPECT_EQ(refusal(), " -> data <InSeries/ListSize> in row 1, column 0 is " +
-                             std::to_string(length) +
-                             ": length of a series must be from 2 to 12000\n");
-  }
-}
-
-TEST_F(InputChecks, edgeSignsAreOneOrMinusOne) {
-  give(DataID::CellsAll_EdgeSign, 3, {1, -1, 1, -1, -1, 1});
-  expectAccepted();
-  give(DataID::CellsAll_EdgeSign, 3, {1, -1, 1, -1, 0, 1});
-  EXPECT_EQ(refusal(),
-            " -> data <CellsAll/EdgeSign> in row 1, column 1 is 0: an edge sign must be 1 or -1\n");
-  give(DataID::CellsAll_EdgeSign, 3, {1, -1, 2});
-  EXPECT_EQ(refusal(),
-            " -> data <CellsAll/EdgeSign> in row 0, column 2 is 2: an edge sign must be 1 or -1\n");
-}
-
-TEST_F(InputChecks, boundariesAtNormalDepthNeedFriction) {
-  for (const int code : {100, 104}) {
-    give(DataID::HydBType, 2, {114, 1, code, -1});
-    setFriction(1);
-    expectAccepted();
-    setFriction(0);
-    EXPECT_EQ(refusal(), " -> data <EdgHydBC/HydBType> in row 1 has the type " +
-                             std::to_string(code) +
-                             ", which needs bed friction: parameter <FrictionOn> must be 1\n");
-  }
-}
-
-TEST_F(InputChecks, boundariesAtTransportCapacityNeedFriction) {
-  for (const int code : {408, 414}) {
-    give(DataID::MorBType, 2, {code, 1});
-    setFriction(1);
-    expectAccepted();
-    setFriction(2);
-    EXPECT_EQ(refusal(), " -> data <EdgMorBC/MorBType> in row 0 has the type " +
-                             std::to_string(code) +
-                             ", which needs bed friction: parameter <FrictionOn> must be 1\n");
-  }
-}
-
-TEST_F(InputChecks, otherBoundariesDoWithoutFriction) {
-  give(DataID::HydBType, 2, {102, 100, 999, 104});
-  give(DataID::MorBType, 2, {400, 408, 402, 414});
-  expectAccepted();
+TEST_F(InputChecks, edgeSignsPickComponentsThatAreThere) {
+  give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{1, -1, 1, -1, 0, 2});
+  expectAccepted(KernelID::Update);
+  give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{1, -1, 1, -1, 3, 1});
+  EXPECT_EQ(refusal(KernelID::Update),
+            " -> data <CellsAll/EdgeSign> in row 1, column 1 is 3: edge sign (1 or -1 by "
+            "convention) must be from -1 to 2\n");
+  give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{1, -1, -2});
+  EXPECT_EQ(refusal(KernelID::Update),
+            " -> data <CellsAll/EdgeSign> in row 0, column 2 is -2: edge sign (1 or -1 by "
+            "convention) must be from -1 to 2\n");
 }
 
 TEST_F(InputChecks, positionsOfInterpolationsLieInTheirRecord) {
-  give(DataID::EdInterp_KeyPostn, 2, {-9, 0, 99, 6});
-  give(DataID::ClInterp_KeyPostn, 2, {-9, 0, 99, 1});
-  expectAccepted();
-  give(DataID::EdInterp_KeyPostn, 2, {0, 0, 0, 7});
-  EXPECT_EQ(refusal(),
+  give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{-9, 0, 99, 6});
+  give(DataID::ClInterp_KeyPostn, 2, std::vector<int>{-9, 0, 99, 1});
+  expectAccepted(KernelID::EdgeDataInterpolation);
+  expectAccepted(KernelID::CellDataInterpolation);
+  give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{0, 0, 0, 7});
+  EXPECT_EQ(refusal(KernelID::EdgeDataInterpolation),
             " -> data <EdInterp/KeyPostn> in row 1, column 1 is 7: position in a boundary record "
             "must be from 0 to 6\n");
-  give(DataID::EdInterp_KeyPostn, 2, {0, 0});
-  give(DataID::ClInterp_KeyPostn, 2, {0, -1});
-  EXPECT_EQ(refusal(),
+  give(DataID::ClInterp_KeyPostn, 2, std::vector<int>{0, -1});
+  EXPECT_EQ(refusal(KernelID::CellDataInterpolation),
             " -> data <ClInterp/KeyPostn> in row 0, column 1 is -1: position in a source record "
             "must be from 0 to 1\n");
 }
@@ -197,12 +99,13 @@ TEST_F(InputChecks, modificationsOfEdgesAreCheckedWhereTheirTypeLooks) {
         info[static_cast<std::size_t>(column)] = position;
         give(DataID::EdModDat_ModfInfo, 7, info);
         if (std::find(columns.begin(), columns.end(), column) == columns.end()) {
-          expectAccepted();
+          expectAccepted(KernelID::EdgeDataModification);
           continue;
         }
-        EXPECT_EQ(refusal(), " -> data <EdModDat/ModfInfo> in row 0, column " +
-                                 std::to_string(column) + " is " + std::to_string(position) +
-                                 ": position in a boundary record must be from 0 to 6\n");
+        EXPECT_EQ(refusal(KernelID::EdgeDataModification),
+                  " -> data <EdModDat/ModfInfo> in row 0, column " + std::to_string(column) +
+                      " is " + std::to_string(position) +
+                      ": position in a boundary record must be from 0 to 6\n");
       }
     }
   }
@@ -210,75 +113,36 @@ TEST_F(InputChecks, modificationsOfEdgesAreCheckedWhereTheirTypeLooks) {
 
 TEST_F(InputChecks, modificationsOfCellsAreCheckedWhereTheirTypeLooks) {
   for (const int type : {6, 7}) {
-    give(DataID::ClModDat_ModfInfo, 7, {type, 1, 0, 99, 99, 99, 99});
-    expectAccepted();
+    give(DataID::ClModDat_ModfInfo, 7, std::vector<int>{type, 1, 0, 99, 99, 99, 99});
+    expectAccepted(KernelID::CellDataModification);
     for (const int column : {1, 2}) {
       std::vector<int> info{type, 0, 0, 0, 0, 0, 0};
       info[static_cast<std::size_t>(column)] = 2;
       give(DataID::ClModDat_ModfInfo, 7, info);
-      EXPECT_EQ(refusal(), " -> data <ClModDat/ModfInfo> in row 0, column " +
-                               std::to_string(column) +
-                               " is 2: position in a source record must be from 0 to 1\n");
+      EXPECT_EQ(refusal(KernelID::CellDataModification),
+                " -> data <ClModDat/ModfInfo> in row 0, column " + std::to_string(column) +
+                    " is 2: position in a source record must be from 0 to 1\n");
     }
   }
-  give(DataID::ClModDat_ModfInfo, 7, {5, 99, 99, 99, 99, 99, 99});
-  expectAccepted();
+  give(DataID::ClModDat_ModfInfo, 7, std::vector<int>{5, 99, 99, 99, 99, 99, 99});
+  expectAccepted(KernelID::CellDataModification);
 }
 
-TEST_F(InputChecks, aSeriesNeedsAPoint) {
-  giveSeries({1.0, 2.0}, 2, 0);
-  expectAccepted();
-  giveSeries({}, 2, 0);
-  EXPECT_EQ(refusal(),
-            " -> series 0 in <InSeries/NumValue> has no point: it must have at least one\n");
-}
-
-// The last pass starts before the end of the run.
-TEST_F(InputChecks, aFullSeriesMustReachTheEndOfTheRun) {
-  giveSeries(fullSeries(), 12000, 0);
-  endTime = 5999.0;
-  expectAccepted();
-  endTime = 6000.0;
-  const std::string expected =
-      " -> series 0 in <InSeries/NumValue> has 6000 points and no end mark: at most 5999 points "
-      "can "
-      "be looked up beyond the last one\n";
-  EXPECT_EQ(refusal(), expected);
-  endTime = 1.0;
-  giveSeries(fullSeries(), 12000, 1);  // a rating curve, of which no one knows how far it is asked
-  EXPECT_EQ(refusal(), expected);
-}
-
-TEST_F(InputChecks, aSeriesWithAnEndMarkMayEndBeforeTheRun) {
-  std::vector<double> points = fullSeries();
-  points.resize(11998);
-  giveSeries(points, 11998, 0);
-  endTime = 1e6;
-  expectAccepted();
-  giveSeries(points, 11998, 3);
-  expectAccepted();
-}
-
-TEST_F(InputChecks, unusedColumnsOfNodestringMapsMayHoldAnythingAndBecomeZero) {
-  give(DataID::NodeStrg_ListSize, 1, {1, 3, 0});
-  for (const MapID id : {MapID::NodeStrg_EdgesAll, MapID::NodeStrg_CellsAll}) {
-    const std::vector<int>& table = giveMap(id, 3, {9, -7, 10, 0, 5, 9, 99, 99, 99});
-    expectAccepted();
-    EXPECT_EQ(table, (std::vector<int>{9, 0, 0, 0, 5, 9, 0, 0, 0}));
-  }
-}
-
-// The runtime refuses maps: on standard output, and by the end of the process.
-TEST_F(InputChecks, usedColumnsOfNodestringMapsAreChecked) {
-  give(DataID::NodeStrg_ListSize, 1, {1, 2});
-  giveMap(MapID::NodeStrg_CellsAll, 3, {9, -7, 10, 0, 10, 9});
-  EXPECT_EXIT(
-      {
-        ::dup2(2, 1);
-        simulation::checkInputData(dats, maps, endTime);
-      },
-      ::testing::ExitedWithCode(2),
-      "^map strings: row 1, column 1 holds 10, which is not in the range 0 to 9 of set ten/set\n$");
+// The runtime refuses entries by the end of the process: a throw would be seen.
+TEST_F(InputChecks, fixedBedsThatAreNotCorrectedNeedNoMap) {
+  double& accuracy = G_REAL[static_cast<int>(model::ParameterID::FixBedAccuracy)];
+  int& iterations = G_INT[static_cast<int>(model::ParameterID::FixBedMaxIter)];
+  const std::vector<int>& table = giveMap(MapID::CellsFix_CellsAll, 1, {-1});
+  accuracy = 1e12;
+  iterations = 5;
+  expectAccepted(KernelID::MorFixBedCorrection);
+  accuracy = 1e-6;
+  iterations = 0;
+  expectAccepted(KernelID::MorFixBedCorrection);
+  iterations = 1;
+  EXPECT_EXIT(simulation::checkKernelInput(KernelID::MorFixBedCorrection, dats, maps),
+              ::testing::ExitedWithCode(2), "");
+  EXPECT_EQ(table[0], -1);
 }
 
 TEST(CheckParameterSize, refusesAnotherNumberOfValues) {
@@ -289,18 +153,17 @@ TEST(CheckParameterSize, refusesAnotherNumberOfValues) {
             " -> parameter <Parameters/BedloadInts> has 3 values, but must have 2\n");
 }
 
-TEST(CheckStateData, refusesARunWithoutItsState) {
-  ::testing::internal::CaptureStdout();
-  const std::unique_ptr<api::IModel> model(model::Factory::createModel("a.0"));
-  ::testing::internal::GetCapturedStdout();
+TEST(CheckRecordData, refusesARunWithoutIt) {
   op_dat_core state{};
   simulation::Dats dats{{DataID::HydState, &state}, {DataID::BottomEl, nullptr}};
-  EXPECT_NO_THROW(simulation::checkStateData(*model, dats));
-  dats[DataID::HydState] = nullptr;
+  EXPECT_NO_THROW(simulation::checkRecordData({DataID::HydState}, dats));
   ::testing::internal::CaptureStderr();
-  EXPECT_THROW(simulation::checkStateData(*model, dats), BaseException);
+  EXPECT_THROW(simulation::checkRecordData({DataID::HydState, DataID::BottomEl}, dats),
+               BaseException);
+  EXPECT_THROW(simulation::checkRecordData({DataID::ChezyCoe}, dats), BaseException);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            " -> data <CellsAll/HydState> not found in runfile: a run cannot start without it\n");
+            " -> data <CellsAll/BottomEl> not found in runfile: a run cannot start without it\n"
+            " -> data <CellsAll/ChezyCoe> not found in runfile: a run cannot start without it\n");
 }
 
 }  // namespace

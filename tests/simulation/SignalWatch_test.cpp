@@ -43,6 +43,16 @@ TEST(SignalWatch, forgetsWhatCameBeforeIt) {
   EXPECT_FALSE(SignalWatch::takeRecordRequest());
 }
 
+// A write to the results file that a signal comes upon goes on by itself.
+TEST(SignalWatch, letsCallsOfTheSystemGoOn) {
+  const SignalWatch watch;
+  for (const int signal : {SIGINT, SIGTERM, SIGUSR1}) {
+    struct sigaction current {};
+    ASSERT_EQ(sigaction(signal, nullptr, &current), 0);
+    EXPECT_NE(current.sa_flags & SA_RESTART, 0) << signal;
+  }
+}
+
 TEST(SignalWatch, aSecondSignalEndsTheProcess) {
   EXPECT_EXIT(
       {

@@ -48,7 +48,8 @@ struct VectorCursor {
   }
 };
 
-/// An optional row without data: the body must not look at what it gets.
+/// An optional row: without data the body must not look at what it gets. Data that are there come
+/// through whatever the flag says, since some bodies decide for themselves.
 template <class Base>
 struct OptionalCursor {
   Base cursor;
@@ -76,7 +77,8 @@ constexpr auto makeCursor(const op_arg& arg) {
       }
     }();
     if constexpr (Row::optional) {
-      return OptionalCursor<decltype(plain)>{plain, arg.opt != 0};
+      const bool reachable = !Row::mapped || arg.map_data != nullptr;
+      return OptionalCursor<decltype(plain)>{plain, data != nullptr && reachable};
     } else {
       return plain;
     }

@@ -8,7 +8,8 @@
 //   8       switch with hysteresis and delay     16   discharge per length of the other
 //
 // Every other type changes nothing. Of the two nodestrings of a modification, the second one, the
-// other, lends its length only. The letters S, D and so on are those of EdgeModification.
+// other, lends its length only. A type looks at nothing but what it needs: the rest need not exist.
+// The letters S, D and so on are those of EdgeModification.
 #pragma once
 
 #include <cmath>
@@ -21,15 +22,17 @@ namespace kernels::data {
 
 /// What a modification knows.
 struct EdgeModification {
-  const int* r;        ///< five read positions
-  const double* S;     ///< state of the nodestring
-  double length;       ///< of the nodestring [m]
-  double lengthOther;  ///< of the other nodestring [m]
-  double time;         ///< [s]
-  const double* D;     ///< boundary record
+  const int* r;          ///< five read positions
+  const double* S;       ///< state of the nodestring
+  const double* T;       ///< length of the nodestring [m]
+  const double* Tother;  ///< length of the other nodestring [m]
+  double time;           ///< [s]
+  const double* D;       ///< boundary record
 
   /// Value at read position `index`.
   double value(int index) const { return D[r[index]]; }
+  double length() const { return T[0]; }
+  double lengthOther() const { return Tother[0]; }
   double wettedArea() const { return S[2]; }
   double conveyance() const { return S[7]; }
   double capacity() const { return S[9]; }
@@ -50,7 +53,7 @@ inline double weirDischarge(const EdgeModification& m) {
   const double inverseHeight = inverseOfAbsolute(crest - m.S[4]);
   const double Cd = 0.6666666666666666 * (m.value(2) * head * inverseHeight + m.value(1));
   const double g = real(ParameterID::Gravity);
-  const double Qw = Cd * std::sqrt(2.0 * g * head * head * head) * m.length;
+  const double Qw = Cd * std::sqrt(2.0 * g * head * head * head) * m.length();
   return share(Qw, m.wettedArea());
 }
 
@@ -86,25 +89,25 @@ inline double hysteresisSwitch(const EdgeModification& m, double* memory) {
 inline void edge_modification(const int* info, const double* string, const double* /*stringOther*/,
                               const double* length, const double* lengthOther, const double* time,
                               double* memory, double* boundary) {
-  const EdgeModification m{info + 2, string, length[0], lengthOther[0], time[0], boundary};
+  const EdgeModification m{info + 2, string, length, lengthOther, time[0], boundary};
   double* const D = boundary;
   const int w = info[1];
   // clang-format off
   switch (info[0]) {
     case 1:
-    case 10: D[w] = share(m.value(0), m.length);             break;
-    case 2:  D[w] = share(m.value(0), m.lengthOther);        break;
-    case 3:  D[w] = weirDischarge(m);                        break;
+    case 10: D[w] = share(m.value(0), m.length());             break;
+    case 2:  D[w] = share(m.value(0), m.lengthOther());        break;
+    case 3:  D[w] = weirDischarge(m);                          break;
     case 4:
-    case 11: D[w] = share(m.value(0), m.wettedArea());       break;
-    case 5:  D[w] = m.time > m.value(0) ? 1.0 : -1.0;        break;
-    case 8:  D[w] = hysteresisSwitch(m, memory);             break;
-    case 9:  D[w] = share(m.wettedArea(), m.lengthOther);    break;
-    case 12: D[w] = share(m.value(0), m.conveyance());       break;
-    case 13: D[w] = share(m.capacity(), m.length);           break;
-    case 14: D[w] = share(m.capacity(), m.wettedArea());     break;
-    case 15: D[w] = share(m.capacity(), m.conveyance());     break;
-    case 16: D[w] = share(m.S[1], m.lengthOther);            break;
+    case 11: D[w] = share(m.value(0), m.wettedArea());         break;
+    case 5:  D[w] = m.time > m.value(0) ? 1.0 : -1.0;          break;
+    case 8:  D[w] = hysteresisSwitch(m, memory);               break;
+    case 9:  D[w] = share(m.wettedArea(), m.lengthOther());    break;
+    case 12: D[w] = share(m.value(0), m.conveyance());         break;
+    case 13: D[w] = share(m.capacity(), m.length());           break;
+    case 14: D[w] = share(m.capacity(), m.wettedArea());       break;
+    case 15: D[w] = share(m.capacity(), m.conveyance());       break;
+    case 16: D[w] = share(m.S[1], m.lengthOther());            break;
     default: break;
   }
   // clang-format on

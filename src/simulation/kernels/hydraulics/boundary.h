@@ -26,7 +26,7 @@ struct BoundaryEdge {
   const double* stateRight;
   const double* bedLeft;  ///< z [m]
   const double* bedRight;
-  const double* chezy;  ///< squared Chezy value of the left cell; null without friction
+  const double* chezy;  ///< squared Chezy value of the left cell; 0 without friction
   const double* size;   ///< characteristic size [m]
   BoundaryCell cell;    ///< the left cell
 };
@@ -181,7 +181,7 @@ inline void innerGate(const BoundaryEdge& edge, double* flux) {
 }
 
 /// @param type {type code, orientation sign}; @param D boundary record, seven values
-/// @param chezy null without friction; codes 100 and 104 need it for a normal depth
+/// @param chezy 0 without friction; read by codes 100 and 104, for a normal depth
 /// @param flux out: five components as those of hydrodynamic_solver
 inline void boundary(const int* type, const double* D, const double* normal,
                      const double* stateLeft, const double* stateRight, const double* bedLeft,
@@ -192,7 +192,7 @@ inline void boundary(const int* type, const double* D, const double* normal,
                           stateRight, bedLeft,
                           bedRight,   chezy,
                           size,       boundaryCell(normal, stateLeft, bedLeft[0])};
-  const bool open = D[1] > 0.0;
+  const auto open = [D] { return D[1] > 0.0; };
   // clang-format off
   switch (type[0]) {
     case 100: return inflowAtNormalDepth(edge, flux);
@@ -207,8 +207,8 @@ inline void boundary(const int* type, const double* D, const double* normal,
     case 329: return outflowWithMomentum(edge, D[5], flux);
     case 112: return freeOutflow(edge, flux);
     case 114: return imposedLevel(edge, flux);
-    case 216: return open ? innerTransfer(edge, flux) : innerWall(edge, flux);
-    case 218: return open ? innerGate(edge, flux) : innerWall(edge, flux);
+    case 216: return open() ? innerTransfer(edge, flux) : innerWall(edge, flux);
+    case 218: return open() ? innerGate(edge, flux) : innerWall(edge, flux);
     case 220: return innerWall(edge, flux);
     case 322:
     case 324: return inflowByVelocityAndDepth(edge, flux);

@@ -24,7 +24,7 @@ struct BoundaryEdge {
   double area;          ///< of the cell [m2]
   double z;             ///< bed of the cell [m]
   double h;             ///< depth of the cell [m]
-  const double* chezy;  ///< squared Chezy value of the cell; null without friction
+  const double* chezy;  ///< squared Chezy value of the cell; 0 without friction
 };
 
 /// From a volume of grains to one of bed, with the calibration factor of the formulas.
@@ -88,7 +88,7 @@ inline double boundaryFlux(int type, const BoundaryEdge& edge) {
 /// @param dt time step [s]; @param type {type code, orientation of the stored value}
 /// @param D boundary record, seven values; @param length of the edge [m]
 /// @param state {H, qx, qy} [m, m2/s] of the cell; @param bed z of the cell [m]
-/// @param chezy null without friction; codes 408 and 414 need it
+/// @param chezy 0 without friction; read by codes 408 and 414
 /// @param area of the cell [m2]; @param flux out [m2/s]
 inline void boundary(const double* dt, const int* type, const double* D, const double* /*normal*/,
                      const double* length, const double* state, const double* /*stateRight*/,
