@@ -4,7 +4,10 @@
 #include <climits>
 #include <cstddef>
 #include <initializer_list>
+#include <string>
 
+#include "catalogue/Codes.h"
+#include "catalogue/Limits.h"
 #include "common/console.h"
 #include "simulation/MapChecks.h"
 #include "simulation/kernels/parameters.h"
@@ -22,9 +25,10 @@ constexpr int ALL_COLUMNS = -1;
 constexpr int NO_LOWEST = INT_MIN;
 
 /// A set of record types; the type of a record stands in its column 0.
-constexpr unsigned types(std::initializer_list<int> numbers) {
+template <class Code>
+constexpr unsigned types(std::initializer_list<Code> codes) {
   unsigned set = 0;
-  for (const int number : numbers) set |= 1U << static_cast<unsigned>(number);
+  for (const Code code : codes) set |= 1U << static_cast<unsigned>(code);
   return set;
 }
 constexpr unsigned ANY_TYPE = 0;
@@ -41,23 +45,33 @@ struct Range {
   const char* meaning;
 };
 
-constexpr unsigned WRITING = types({1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, 14, 15, 16});
-constexpr unsigned READING = types({1, 2, 3, 4, 5, 8, 10, 11, 12});
-constexpr unsigned CELL_TYPES = types({6, 7});
+using Edge = model::EdgeModificationCode;
+using Cell = model::CellModificationCode;
+constexpr unsigned SWITCH = types({Edge::Switch});
+constexpr unsigned WEIR_OR_SWITCH = types({Edge::WeirVelocity, Edge::Switch});
+constexpr unsigned READING =
+    WEIR_OR_SWITCH |
+    types({Edge::OverLength, Edge::OverSecondLength, Edge::OverWettedArea, Edge::OpenFromTime,
+           Edge::BedloadOverLength, Edge::BedloadOverWettedArea, Edge::BedloadOverConveyance});
+constexpr unsigned WRITING =
+    READING |
+    types({Edge::WettedAreaOverSecondLength, Edge::CapacityOverLength, Edge::CapacityOverWettedArea,
+           Edge::CapacityOverConveyance, Edge::DischargeOverSecondLength});
+constexpr unsigned CELL_TYPES = types({Cell::OverRegionArea, Cell::MillimetresPerHour});
 
 // clang-format off
 constexpr std::array RANGES = {
   // A cell reads the components 2 - sign and 3 - sign of the five of a flux.
   Range{KernelID::Update,                DataID::CellsAll_EdgeSign, ALL_COLUMNS, ANY_TYPE, -1,  2, "edge sign (1 or -1 by convention)"},
-  Range{KernelID::NodeStringStateCalc,   DataID::NodeStrg_ListSize, 0, ANY_TYPE,    NO_LOWEST, 40, "number of edges of a nodestring"},
+  Range{KernelID::NodeStringStateCalc,   DataID::NodeStrg_ListSize, 0, ANY_TYPE,    NO_LOWEST, model::STRING_EDGES, "number of edges of a nodestring"},
   Range{KernelID::EdgeDataInterpolation, DataID::EdInterp_KeyPostn, 1, ANY_TYPE,            0,  6, "position in a boundary record"},
   Range{KernelID::CellDataInterpolation, DataID::ClInterp_KeyPostn, 1, ANY_TYPE,            0,  1, "position in a source record"},
   Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 1, WRITING,             0,  6, "position in a boundary record"},
   Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 2, READING,             0,  6, "position in a boundary record"},
-  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 3, types({3, 8}),       0,  6, "position in a boundary record"},
-  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 4, types({3, 8}),       0,  6, "position in a boundary record"},
-  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 5, types({8}),          0,  6, "position in a boundary record"},
-  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 6, types({8}),          0,  6, "position in a boundary record"},
+  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 3, WEIR_OR_SWITCH,      0,  6, "position in a boundary record"},
+  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 4, WEIR_OR_SWITCH,      0,  6, "position in a boundary record"},
+  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 5, SWITCH,              0,  6, "position in a boundary record"},
+  Range{KernelID::EdgeDataModification,  DataID::EdModDat_ModfInfo, 6, SWITCH,              0,  6, "position in a boundary record"},
   Range{KernelID::CellDataModification,  DataID::ClModDat_ModfInfo, 1, CELL_TYPES,          0,  1, "position in a source record"},
   Range{KernelID::CellDataModification,  DataID::ClModDat_ModfInfo, 2, CELL_TYPES,          0,  1, "position in a source record"},
 };

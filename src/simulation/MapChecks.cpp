@@ -4,6 +4,7 @@
 #include <array>
 #include <initializer_list>
 
+#include "catalogue/Codes.h"
 #include "catalogue/Relations.h"
 #include "op/op_seq.h"
 
@@ -15,31 +16,64 @@ using model::MapID;
 
 namespace {
 
-constexpr bool oneOf(int code, std::initializer_list<int> codes) {
-  return std::find(codes.begin(), codes.end(), code) != codes.end();
+using Boundary = model::HydBoundaryCode;
+using BedBoundary = model::MorBoundaryCode;
+using EdgeChange = model::EdgeModificationCode;
+using SourceChange = model::CellModificationCode;
+using Key = model::InterpolationKey;
+
+template <class Code>
+bool oneOf(int code, std::initializer_list<Code> codes) {
+  return std::find(codes.begin(), codes.end(), static_cast<Code>(code)) != codes.end();
 }
 
-// What rules over the entries of a record: its key, its type or its number of edges.
+// What rules over the entries of a row: its key, its type or its number of edges.
 // clang-format off
-bool isEdgeOfString(int size, int column)      { return column < size; }
-bool asksString(int key, int /*column*/)       { return key >= 1 && key <= 3; }
+bool isEdgeOfString(int size, int column) {
+  return column < size;
+}
+bool asksString(int key, int /*column*/) {
+  return oneOf(key, {Key::Depth, Key::WaterLevel, Key::Discharge});
+}
 bool takesFromString(int type, int column) {
-  return column == 0 ? oneOf(type, {1, 3, 4, 8, 9, 10, 11, 12, 13, 14, 15, 16})
-                     : oneOf(type, {2, 9, 16});
+  using enum EdgeChange;
+  if (column == 1) {
+    return oneOf(type, {OverSecondLength, WettedAreaOverSecondLength, DischargeOverSecondLength});
+  }
+  return oneOf(type, {OverLength, WeirVelocity, OverWettedArea, Switch, WettedAreaOverSecondLength,
+                      BedloadOverLength, BedloadOverWettedArea, BedloadOverConveyance,
+                      CapacityOverLength, CapacityOverWettedArea, CapacityOverConveyance,
+                      DischargeOverSecondLength});
 }
-bool changesBoundary(int type, int /*column*/) {
-  return oneOf(type, {1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, 14, 15, 16});
+bool changesBoundary(int type, int column) {
+  return takesFromString(type, column) ||
+         oneOf(type, {EdgeChange::OverSecondLength, EdgeChange::OpenFromTime});
 }
-bool spreadsOverRegion(int type, int /*column*/) { return type == 6; }
-bool changesSource(int type, int /*column*/)     { return type == 6 || type == 7; }
-bool isCellOfBoundary(int type, int column)      { return column == 0 || oneOf(type, {216, 218, 220}); }
-bool isInnerCell(int /*type*/, int column)       { return column == 0; }
+bool spreadsOverRegion(int type, int /*column*/) {
+  return oneOf(type, {SourceChange::OverRegionArea});
+}
+bool changesSource(int type, int /*column*/) {
+  return oneOf(type, {SourceChange::OverRegionArea, SourceChange::MillimetresPerHour});
+}
+bool isCellOfBoundary(int type, int column) {
+  return column == 0 ||
+         oneOf(type, {Boundary::InnerTransfer, Boundary::InnerGate, Boundary::InnerWall});
+}
+bool isInnerCell(int /*type*/, int column) {
+  return column == 0;
+}
 bool takesValue(int type, int /*column*/) {
-  return oneOf(type, {100, 102, 104, 106, 108, 110, 114, 216, 218,
-                      322, 323, 324, 325, 326, 327, 328, 329, 330, 331});
+  using enum Boundary;
+  return oneOf(type, {InflowNormalDepth, InflowFroude, OutflowNormalDepth, OutflowWeir,
+                      OutflowRatingCurve, OutflowDischarge, WaterLevel, InnerTransfer, InnerGate,
+                      LinkWeirInflow, LinkWeirOutflow, LinkRatingCurveInflow,
+                      LinkRatingCurveOutflow, LinkDischargeInflow, LinkDischargeOutflow,
+                      LinkSwitchInflow, LinkSwitchOutflow, LinkLevelInflow, LinkLevelOutflow});
 }
 bool takesBedValue(int type, int /*column*/) {
-  return oneOf(type, {400, 402, 404, 406, 408, 410, 412, 414});
+  using enum BedBoundary;
+  return oneOf(type, {LowestBed, HighestBed, Inflow, InflowByDepth, InflowByConveyance, Capacity,
+                      CapacityByDepth, CapacityByConveyance});
 }
 
 /// A map of which a kernel follows some entries only.

@@ -93,15 +93,19 @@ void RHEOcommon::init(const int& level, const bool& showProgress, const bool& de
   initializeSetsAndKernels(fileName);
   initializeMaps(fileName);
   initializeSolutionData();
+  initializeParameters();
+  requireSchedule();
   if (startTime() > 0.0) {
     initializeReRunData(output, startTime());
     initializeData(fileName, true);
+    prepareFirstPass();
   } else {
     initializeData(fileName, false);
+    checkRecordData(solutionData, dats);
+    prepareFirstPass();
     initializeResultsFile(output);
   }
   initializeOutputData();
-  initializeParameters();
   initializeVariables();
   // Copies of the setup have left the heap full of holes: the run can do without them.
   malloc_trim(0);
@@ -353,6 +357,15 @@ double RHEOcommon::minimumTimeStep() const {
   return dtMin;
 }
 
+// What a run reads at its start is read once before results of an earlier run are touched: a slip
+// in a document or a run file must not cost them.
+void RHEOcommon::requireSchedule() {
+  currentTime = startTime();
+  endTime();
+  minimumTimeStep();
+  initKernelPlans(currentTime);
+}
+
 bool RHEOcommon::isInModel(model::KernelID kernel) const {
   return model::elementInVector(kernel, model->getKernels()) >= 0;
 }
@@ -360,6 +373,7 @@ bool RHEOcommon::isInModel(model::KernelID kernel) const {
 // What the first pass would refuse is refused before the first record: a slip in a run file must
 // not cost the results of an earlier run.
 void RHEOcommon::prepareFirstPass() {
+  if (!(endTime() > currentTime)) return;
   for (const auto& entry : kernelPlans) {
     if (!entry.second->execute(currentTime)) continue;
     if (!isInModel(entry.first)) break;  // its call ends the run
@@ -408,7 +422,6 @@ void RHEOcommon::run() {
   copyMinDepthParameter();
   checkRecordData(outputData, dats);
   checkRecordData(trackedData, dats);
-  if (end > start) prepareFirstPass();
   if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
 
   const SignalWatch signals;

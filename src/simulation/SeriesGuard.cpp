@@ -1,7 +1,9 @@
 #include "simulation/SeriesGuard.h"
 
 #include <cstddef>
+#include <string>
 
+#include "catalogue/Limits.h"
 #include "common/console.h"
 #include "simulation/kernels/data/edge_interpolation.h"
 #include "simulation/names.h"
@@ -15,18 +17,18 @@ using model::MapID;
 
 namespace {
 
-constexpr int MOST_POINTS = kernels::data::SERIES_VALUES / 2;
+constexpr int MOST_POINTS = model::SERIES_VALUES / 2;
 constexpr int UNKNOWN_KEY = -1;
 
 double lastOf(const double* row) {
-  return row[kernels::data::SERIES_VALUES - 2];
+  return row[model::SERIES_VALUES - 2];
 }
 
 // Whether every look-up stays within the row.
 bool isSound(const double* row, int size) {
   const int points = size / 2;
-  const bool ends = points < MOST_POINTS || lastOf(row) == kernels::MISSING_VALUE;
-  return points >= 1 && points <= MOST_POINTS && row[0] != kernels::MISSING_VALUE && ends;
+  const bool ends = points < MOST_POINTS || lastOf(row) == model::MISSING_VALUE;
+  return points >= 1 && points <= MOST_POINTS && row[0] != model::MISSING_VALUE && ends;
 }
 
 template <class Value>
@@ -68,9 +70,9 @@ void SeriesGuard::check(double time) const {
     if (points < 1 || points > MOST_POINTS) {
       console::fail(name, " is asked at ", x, ", behind its first point, but its <",
                     pathOf(DataID::InSeries_ListSize), "> is ", lookUp.size,
-                    ": it must be from 2 to ", kernels::data::SERIES_VALUES);
+                    ": it must be from 2 to ", model::SERIES_VALUES);
     }
-    if (lookUp.row[0] == kernels::MISSING_VALUE) {
+    if (lookUp.row[0] == model::MISSING_VALUE) {
       console::fail(name, " has no point: it must have at least one");
     }
     if (kernels::data::firstPointAbove(lookUp.row, points, x) == MOST_POINTS) {

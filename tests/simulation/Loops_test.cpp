@@ -109,6 +109,7 @@ TEST(Loops, haveTheirSlotsNamesEntriesKindsAndReductions) {
 // What a row names, as the catalogue knows it.
 struct Use {
   std::set<DataID> data;
+  std::set<DataID> optionalData;
   std::set<MapID> maps;
 };
 
@@ -116,7 +117,7 @@ template <class RowType>
 void note(Use& use) {
   if constexpr (!RowType::global) {
     if constexpr (std::is_same_v<decltype(RowType::datum), const DataID>) {
-      use.data.insert(RowType::datum);
+      (RowType::optional ? use.optionalData : use.data).insert(RowType::datum);
     }
     if constexpr (RowType::mapped) use.maps.insert(RowType::Route::map);
   }
@@ -141,11 +142,12 @@ template <class L>
 void expectSameAsCatalogue() {
   SCOPED_TRACE(L::name());
   EXPECT_EQ(model::Kernel2Set.at(L::kernel), L::set);
-  std::set<DataID> data = asSet(model::Kernel2Data.at(L::kernel));
+  EXPECT_EQ(useOf<L>().data, asSet(model::Kernel2Data.at(L::kernel)));
+  std::set<DataID> optionalData;
   if (model::Kernel2OptionalData.count(L::kernel) == 1) {
-    for (const DataID id : model::Kernel2OptionalData.at(L::kernel)) data.insert(id);
+    optionalData = asSet(model::Kernel2OptionalData.at(L::kernel));
   }
-  EXPECT_EQ(useOf<L>().data, data);
+  EXPECT_EQ(useOf<L>().optionalData, optionalData);
   std::set<MapID> maps;
   if (model::Kernel2Maps.count(L::kernel) == 1) maps = asSet(model::Kernel2Maps.at(L::kernel));
   for (const MapID map : useOf<L>().maps) EXPECT_EQ(maps.count(map), 1U) << static_cast<int>(map);

@@ -2,13 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
 #include <limits>
 #include <string>
 #include <vector>
 
+#include "catalogue/Limits.h"
 #include "simulation/RunData.h"
-#include "simulation/kernels/missing_value.h"
 
 namespace {
 
@@ -30,7 +29,7 @@ class SeriesGuards : public support::RunData {
   /// looks it up by the given key.
   void giveSeries(const std::vector<double>& points, int size, int key = 0) {
     std::vector<double> row(points);
-    row.resize(12000, kernels::MISSING_VALUE);
+    row.resize(12000, model::MISSING_VALUE);
     give(DataID::InSeries_NumValue, 12000, row);
     give(DataID::InSeries_ListSize, 1, std::vector<int>{size});
     give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{key, 0});
