@@ -268,6 +268,21 @@ TEST_F(TimeLoop, endsWhereTheTimeIsNotANumber) {
   EXPECT_TRUE(std::isnan(domain.time()));
 }
 
+TEST_F(TimeLoop, ofStepsThatLeadNowhereWarnsAndGoesOn) {
+  setTimes(R"("start": 0, "end": 1, "out": 1)");
+  Driver& domain = driver();
+  domain.on(KernelID::TimeStepCalculation, [&domain] {
+    if (domain.calls.size() == 250) throw BaseException();
+    domain.setStep(1e-300);
+  });
+  ::testing::internal::CaptureStderr();
+  EXPECT_THROW(run(), BaseException);
+  EXPECT_EQ(linesWith(" -> the run does not get on: its last 100 steps took it 1e-298 s further",
+                      ::testing::internal::GetCapturedStderr())
+                .size(),
+            1U);
+}
+
 TEST_F(TimeLoop, aFailingKernelLeavesTheRecordsThatAreWritten) {
   setTimes(R"("start": 0, "end": 1, "out": 0.25)");
   driver().allowSteps(0.25);

@@ -124,6 +124,13 @@ void replaceText(const std::string& file, const std::string& path, const std::st
   H5Tclose(type);
 }
 
+void replaceByGroup(const std::string& file, const std::string& path) {
+  removeLink(file, path);
+  const hid_t handle = open(H5Fopen(file.c_str(), H5F_ACC_RDWR, H5P_DEFAULT), file);
+  H5Gclose(open(H5Gcreate2(handle, path.c_str(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT), path));
+  H5Fclose(handle);
+}
+
 std::string readText(const std::string& file, const std::string& path) {
   const hid_t handle = open(H5Fopen(file.c_str(), H5F_ACC_RDONLY, H5P_DEFAULT), file);
   const hid_t dataset = open(H5Dopen2(handle, path.c_str(), H5P_DEFAULT), path);

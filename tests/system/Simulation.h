@@ -46,6 +46,8 @@ void replaceInts(const std::string& file, const std::string& path, const std::ve
                  int value);
 /// Replaces a dataset by one text.
 void replaceText(const std::string& file, const std::string& path, const std::string& value);
+/// Puts an empty group in the place of a dataset.
+void replaceByGroup(const std::string& file, const std::string& path);
 /// The text of a dataset that holds one.
 std::string readText(const std::string& file, const std::string& path);
 

@@ -130,6 +130,8 @@ INSTANTIATE_TEST_SUITE_P(Missing, BadInput, ::testing::Values(
          " -> Unable to open the dataset \"Parameters/MinWaterDepth\":"},
     Case{"kernels",    "one_cell", without("kernels/ID"), 1,
          " -> Unable to open the dataset \"kernels/ID\":"},
+    Case{"kernelOfAnotherModel", "one_cell", with("kernels/ID", 3, 23), 1,
+         " -> kernel <23> not found, in file: src/model/Model on line "},
     Case{"execution",  "one_cell", without("kernels/execution"), 1,
          " -> Unable to open the dataset \"kernels/execution\":"}), nameOf);
 
