@@ -1,8 +1,7 @@
 // One loop ready to be called, whatever its description asks for.
 //
 //   LoopCall<loops::HydFriction> call(mesh, {.given = 0.01});
-//   op_par_loop_kernel_HYDRAULICS_Friction("friction", mesh.set(SetID::CellsAll),
-//   call.arguments());
+//   call.run(mesh.set(SetID::CellsAll));
 #pragma once
 
 #include <array>
@@ -13,7 +12,7 @@
 #include "bench/simulation/KernelMesh.h"
 #include "bench/simulation/LoopDats.h"
 #include "op/op_seq.h"
-#include "simulation/Loops.h"
+#include "simulation/loops/all_loops.h"
 
 namespace bench {
 
@@ -32,9 +31,14 @@ class LoopCall {
         dats(kernelMesh),
         args(makeAll(std::make_index_sequence<L::rows>{})) {}
 
-  const typename L::Arguments& arguments() const { return args; }
+  void run(op_set set) const { runRows(set, std::make_index_sequence<L::rows>{}); }
 
  private:
+  template <std::size_t... I>
+  void runRows(op_set set, std::index_sequence<I...> /*rows*/) const {
+    loops::FrameOf<L>::run(loops::FrameOf<L>::name, set, args[I]...);
+  }
+
   template <std::size_t... I>
   typename L::Arguments makeAll(std::index_sequence<I...> /*rows*/) {
     return {make<typename L::template Row<I>>(I)...};

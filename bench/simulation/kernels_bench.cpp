@@ -4,13 +4,14 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <type_traits>
 
 #include "bench/benchmarks.h"
 #include "bench/simulation/KernelMesh.h"
 #include "bench/simulation/LoopCall.h"
 #include "bench/simulation/syntheticData.h"
 #include "op/op_rt_support.h"
-#include "simulation/Loops_op.h"
+#include "simulation/loops/all_loops.h"
 
 namespace bench {
 
@@ -31,26 +32,23 @@ KernelMesh& meshOf(std::int64_t cells) {
   return meshes.try_emplace(cells, meshSizes().at(cells)).first->second;
 }
 
-template <class L>
-using Frame = void (*)(const char*, op_set, typename L::Arguments);
-
 /// Bytes that the runtime books for one call, by its own estimate.
 template <class L>
-double transferOf(Frame<L> frame, op_set set, const LoopCall<L>& call) {
+double transferOf(op_set set, const LoopCall<L>& call) {
   op_timing_realloc(L::slot);
   OP_kernels[L::slot].transfer = 0.0F;
-  frame(L::name(), set, call.arguments());
+  call.run(set);
   return static_cast<double>(OP_kernels[L::slot].transfer);
 }
 
 template <class L>
-void timeLoop(benchmark::State& state, Frame<L> frame, const LoopSetting& setting) {
+void timeLoop(benchmark::State& state, const LoopSetting& setting) {
   setParameters();
   KernelMesh& mesh = meshOf(state.range(0));
   const op_set set = mesh.set(L::set);
   const LoopCall<L> call(mesh, setting);
-  const double bytes = transferOf<L>(frame, set, call);
-  for (auto _ : state) frame(L::name(), set, call.arguments());
+  const double bytes = transferOf<L>(set, call);
+  for (auto _ : state) call.run(set);
 
   const auto calls = static_cast<std::int64_t>(state.iterations());
   state.SetItemsProcessed(calls * set->size);
@@ -66,11 +64,10 @@ constexpr bool isRecordSet(SetID id) {
 
 /// @param variant behind the loop's name, for a loop that is timed in more than one setting
 template <class L>
-void add(Frame<L> frame, const LoopSetting& setting = {}, const std::string& variant = "") {
-  const std::string name = L::name() + variant;
+void add(const LoopSetting& setting, const std::string& variant = "") {
+  const std::string name = loops::FrameOf<L>::name + variant;
   auto* const registered = benchmark::RegisterBenchmark(
-      name.c_str(),
-      [frame, setting](benchmark::State& state) { timeLoop<L>(state, frame, setting); });
+      name.c_str(), [setting](benchmark::State& state) { timeLoop<L>(state, setting); });
   registered->Unit(benchmark::kMicrosecond)->ArgName("cells");
   for (const auto& size : meshSizes()) {
     registered->Arg(size.first);
@@ -78,39 +75,24 @@ void add(Frame<L> frame, const LoopSetting& setting = {}, const std::string& var
   }
 }
 
+/// Whether a loop looks a series up: it is asked within the series then.
+constexpr bool looksUpSeries(SetID set) {
+  return set == SetID::EdInterp || set == SetID::ClInterp;
+}
+
 }  // namespace
 
 void registerKernels() {
-  const LoopSetting inSeries{.given = SERIES_TIME};
-  // clang-format off
-  add<loops::InitCellHydFeatures>   (op_par_loop_kernel_HYDRAULICS_InitializeCellFeatures);
-  add<loops::InitCellMorFeatures>   (op_par_loop_kernel_MORPHOLOGY_InitializeCellFeatures);
-  add<loops::InitFrictionFeatures>  (op_par_loop_kernel_HYDRAULICS_InitializeFriction);
-  add<loops::TimeStepCalculation>   (op_par_loop_kernel_HYDRAULICS_TimeStep);
-  add<loops::NodeStringStateCalc>   (op_par_loop_kernel_TOPOLOGY_NodeStringStates);
-  add<loops::EdgeDataInterpolation> (op_par_loop_kernel_DATA_EdgeInterpolation, inSeries);
-  add<loops::CellDataInterpolation> (op_par_loop_kernel_DATA_CellInterpolation, inSeries);
-  add<loops::EdgeDataModification>  (op_par_loop_kernel_DATA_EdgeModification);
-  add<loops::CellDataModification>  (op_par_loop_kernel_DATA_CellModification);
-  add<loops::CalCCurvature>         (op_par_loop_kernel_HYDRAULICS_CalcCurvature);
-  add<loops::CalcBedGradient>       (op_par_loop_kernel_MORPHOLOGY_CalcBedGradient);
-  add<loops::HydBoundaryFluxes>     (op_par_loop_kernel_HYDRAULICS_Boundary);
-  add<loops::MorBoundaryFluxes>     (op_par_loop_kernel_MORPHOLOGY_Boundary);
-  add<loops::HydWallBFluxes>        (op_par_loop_kernel_HYDRAULICS_WallFluxes);
-  add<loops::MorWallBFluxes>        (op_par_loop_kernel_MORPHOLOGY_WallFluxes);
-  add<loops::HydInternalFluxes>     (op_par_loop_kernel_HYDRAULICS_InternalFluxes);
-  add<loops::LocalBedSlope>         (op_par_loop_kernel_MORPHOLOGY_LocalBedSlope);
-  add<loops::MorBedloadTransport>   (op_par_loop_kernel_MORPHOLOGY_CalcBedloadTransport);
-  add<loops::MorInternalFluxes>     (op_par_loop_kernel_MORPHOLOGY_InternalFluxes);
-  add<loops::MorFixBedCorrection>   (op_par_loop_kernel_MORPHOLOGY_FixedBedCorrection);
-  add<loops::MorFixBedCorrectionMax>(op_par_loop_kernel_MORPHOLOGY_FixedBedCorrectionFindMax);
-  add<loops::Update>                (op_par_loop_kernel_GLOBAL_Update, {.morphology = false});
-  add<loops::Update>                (op_par_loop_kernel_GLOBAL_Update, {}, "/morphology");
-  add<loops::HydFriction>           (op_par_loop_kernel_HYDRAULICS_Friction);
-  add<loops::HydFlood>              (op_par_loop_kernel_HYDRAULICS_FloodTracking);
-  add<loops::HydSource>             (op_par_loop_kernel_HYDRAULICS_Source);
-  add<loops::MorSource>             (op_par_loop_kernel_MORPHOLOGY_Source);
-  // clang-format on
+  loops::forEach([]<class L>() {
+    if constexpr (std::is_same_v<L, loops::Update>) {
+      add<L>({.morphology = false});
+      add<L>({}, "/morphology");
+    } else if constexpr (looksUpSeries(L::set)) {
+      add<L>({.given = SERIES_TIME});
+    } else {
+      add<L>({});
+    }
+  });
 }
 
 }  // namespace bench

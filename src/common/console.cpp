@@ -12,10 +12,9 @@ void errorLine(const std::string& message) {
   std::cerr << " -> " << message << std::endl;
 }
 
-void printHeader() {
+void printHeader(const char* build) {
   std::cout << "RHEOMARK " << VERSION << std::endl;
-  std::cout << "RHEOplane" << ' ' << "sequential"
-            << " binary" << std::endl;
+  std::cout << "RHEOplane " << build << " binary" << std::endl;
   std::cout << VERSION << std::endl;
   std::cout << "Results are computed without warranty; checking them is up to the user."
             << std::endl;

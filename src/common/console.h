@@ -48,7 +48,8 @@ template <class... Parts>
 }
 
 /// The banner at the start of every executable.
-void printHeader();
+/// @param build what kind of build it is, in one word
+void printHeader(const char* build);
 
 /// The closing lines of a run that came to its regular end.
 void printFooter();

@@ -64,7 +64,7 @@ int main(int argc, char** argv) {
   try {
     const exporter::Request request = parse(argc, argv);
     forPeople = !request.json;
-    if (forPeople) console::printHeader();
+    if (forPeople) console::printHeader("sequential");
     exporter::run(request);
   } catch (const BaseException& fault) {
     console::error(fault.what());

@@ -36,7 +36,7 @@ Arguments parse(int argc, char** argv) {
 int main(int argc, char** argv) {
   // Some network file systems know no locks; a value that the user has set is kept.
   setenv("HDF5_USE_FILE_LOCKING", "FALSE", 0);
-  console::printHeader();
+  console::printHeader("sequential");
   try {
     const Arguments arguments = parse(argc, argv);
     setup::makeRunFile(arguments.study, arguments.runFile);

@@ -2,6 +2,7 @@
 
 #include "common/console.h"
 #include "common/version.h"
+#include "op/op_seq.h"
 
 using TCLAP::ValueArg;
 
@@ -30,7 +31,7 @@ RheomarkCmdLine::~RheomarkCmdLine() {
 }
 
 void RheomarkCmdLine::printHeader() {
-  common::console::printHeader();
+  common::console::printHeader(op_build());
 }
 
 void RheomarkCmdLine::printFooter() {

@@ -1,18 +1,19 @@
 // The one frame of all loops: timing, diagnostics, halo calls, the backend, reductions, accounting.
 //
-//   void op_par_loop_kernel_HYDRAULICS_TimeStep(const char* name, op_set set,
-//                                               loops::TimeStep::Arguments args) {
-//     op::par_loop<loops::TimeStep, hydraulics::time_step>(name, set, args);
+//   void op_par_loop_kernel_DATA_CellModification(const char* name, op_set set, op_arg arg1,
+//                                                 op_arg arg2, op_arg arg3, op_arg arg4) {
+//     op::par_loop<loops::CellDataModification, data::cell_modification, op::backend::Sequential>(
+//         "kernel_DATA_CellModification", name, set, {arg1, arg2, arg3, arg4});
 //   }
 //
 // The frame keeps the shape of a parallel build; what has no meaning for one process is a stub.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <utility>
 
-#include "op/backend/sequential.h"
 #include "op/op_lib_core.h"
 #include "op/op_loop.h"
 #include "op/op_rt_support.h"
@@ -93,10 +94,12 @@ void reduce(typename L::Arguments& args, std::index_sequence<I...> /*rows*/) {
 /// Runs a kernel body over a set.
 /// @tparam L description of the loop
 /// @tparam Body one small function over raw pointers; it is inlined here
+/// @tparam Backend who visits the elements, see op/backend/
+/// @param kernel the kernel's own name, for the diagnostics
 /// @param name under which the timing table lists the loop
 /// @param incoming one argument per row of the description
-template <class L, typename L::Body* Body, class Backend = backend::Sequential>
-void par_loop(const char* name, op_set set, typename L::Arguments incoming) {
+template <class L, typename L::Body* Body, class Backend>
+void par_loop(const char* kernel, const char* name, op_set set, typename L::Arguments incoming) {
   constexpr auto rows = std::make_index_sequence<L::rows>{};
   auto args = detail::expand<L>(incoming, rows);
 
@@ -104,7 +107,7 @@ void par_loop(const char* name, op_set set, typename L::Arguments incoming) {
   double cpu = 0.0;
   double start = 0.0;
   op_timers_core(&cpu, &start);
-  op_frame_diagnostics(L::name(), L::isDirect);
+  op_frame_diagnostics(kernel, L::isDirect);
 
   const int executed = op_mpi_halo_exchanges(set, L::entries, args.data());
   if (set->size >= 1 && executed >= 1) {
@@ -133,3 +136,24 @@ void par_loop(const char* name, op_set set, typename L::Arguments incoming) {
 }
 
 }  // namespace op
+
+// The parameters of a frame with n arguments, OP_ARGS_n(OP_ARG_PARAMETER), and their names,
+// OP_ARGS_n(OP_ARG_NAME).
+#define OP_ARG_PARAMETER(N) op_arg arg##N
+#define OP_ARG_NAME(N) arg##N
+#define OP_ARGS_1(ONE) ONE(1)
+#define OP_ARGS_2(ONE) OP_ARGS_1(ONE), ONE(2)
+#define OP_ARGS_3(ONE) OP_ARGS_2(ONE), ONE(3)
+#define OP_ARGS_4(ONE) OP_ARGS_3(ONE), ONE(4)
+#define OP_ARGS_5(ONE) OP_ARGS_4(ONE), ONE(5)
+#define OP_ARGS_6(ONE) OP_ARGS_5(ONE), ONE(6)
+#define OP_ARGS_7(ONE) OP_ARGS_6(ONE), ONE(7)
+#define OP_ARGS_8(ONE) OP_ARGS_7(ONE), ONE(8)
+#define OP_ARGS_9(ONE) OP_ARGS_8(ONE), ONE(9)
+#define OP_ARGS_10(ONE) OP_ARGS_9(ONE), ONE(10)
+#define OP_ARGS_11(ONE) OP_ARGS_10(ONE), ONE(11)
+#define OP_ARGS_12(ONE) OP_ARGS_11(ONE), ONE(12)
+#define OP_ARGS_13(ONE) OP_ARGS_12(ONE), ONE(13)
+#define OP_ARGS_14(ONE) OP_ARGS_13(ONE), ONE(14)
+#define OP_ARGS_15(ONE) OP_ARGS_14(ONE), ONE(15)
+#define OP_ARGS_16(ONE) OP_ARGS_15(ONE), ONE(16)

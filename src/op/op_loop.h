@@ -5,14 +5,13 @@
 // reductions and the transfer estimate. Data, maps, sets and flags are named by enumerators of the
 // application; the runtime never looks at their meaning.
 //
-//   struct TimeStep : op::Loop<"kernel_HYDRAULICS_TimeStep", 8, KernelID::TimeStepCalculation,
-//       SetID::EdgesAll, op::Order::any,
+//   struct TimeStep : op::Loop<8, KernelID::TimeStepCalculation, SetID::EdgesAll, op::Order::any,
+//       op::constants<Parameters>,                                                // no argument
 //       op::read<DataID::NormVect, double[2]>,                                    // direct
 //       op::read<DataID::IsWetted, int, op::at<MapID::EdgesAll_CellsAll, 0>>,     // one column
 //       op::lowest<double>> {};                                                    // global
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <tuple>
@@ -22,14 +21,6 @@
 #include "op/op_lib_core.h"
 
 namespace op {
-
-/// A text that can stand among template arguments.
-template <std::size_t N>
-struct Text {
-  // NOLINTNEXTLINE(google-explicit-constructor,cppcoreguidelines-avoid-c-arrays): literals
-  constexpr Text(const char (&literal)[N]) { std::copy_n(literal, N, characters.data()); }
-  std::array<char, N> characters{};
-};
 
 /// Whether elements may be visited in another order, or at the same time, without a change of the
 /// result. Loops marked `ascending` rely on the set order; a parallel backend may not guess.
@@ -79,6 +70,7 @@ struct DatRow {
   static constexpr auto datum = Datum;
   static constexpr int dim = std::is_array_v<Values> ? int{std::extent_v<Values>} : 1;
   static constexpr bool global = false;
+  static constexpr bool takesNotices = false;
   static constexpr bool mapped = Reach::mapped;
   static constexpr bool vector = Reach::columns > 1;
   static constexpr bool optional = !std::is_same_v<Flag, always>;
@@ -97,6 +89,7 @@ struct GlobalRow {
   static constexpr op_access access = Access;
   static constexpr int dim = 1;
   static constexpr bool global = true;
+  static constexpr bool takesNotices = false;
   static constexpr bool mapped = false;
   static constexpr bool vector = false;
   static constexpr bool optional = false;
@@ -107,7 +100,35 @@ struct GlobalRow {
   using Parameter = Element*;
 };
 
-// The rows as a description writes them.
+struct RowWithoutArgument {
+  static constexpr bool mapped = false;
+  static constexpr bool takesNotices = false;
+  static constexpr int entries = 0;
+};
+
+/// Not an argument: a copy of the constants of a run. The backend makes it when the loop starts, so
+/// that no store of a body can change it.
+/// @tparam T has a static T::ofRun(), which returns what holds now
+template <class T>
+struct ConstantsRow : RowWithoutArgument {
+  using Parameter = const T&;
+};
+
+/// Not an argument: what takes the notices of a body, one at most from each element. The backend
+/// has them printed by the end of the loop, in the order of the elements.
+/// @tparam D made from {Notice* notices, int* count, int element}
+/// @tparam Print prints `count` notices
+template <class D, void (*Print)(const typename D::Notice* notices, int count)>
+struct NoticesRow : RowWithoutArgument {
+  static constexpr bool takesNotices = true;
+  using Parameter = const D&;
+};
+
+// The rows as a description writes them. Those without an argument come first.
+template <class T>
+using constants = ConstantsRow<T>;
+template <class D, void (*Print)(const typename D::Notice* notices, int count)>
+using notices = NoticesRow<D, Print>;
 template <auto Datum, class Values, class Reach = direct>
 using read = DatRow<OP_READ, Datum, Values, Reach, always>;
 template <auto Datum, class Values, class Reach = direct>
@@ -124,28 +145,47 @@ using lowest = GlobalRow<OP_MIN, T>;
 template <class T>
 using highest = GlobalRow<OP_MAX, T>;
 
+namespace detail {
+
+/// A function that takes N arguments of a loop by value.
+template <class Indices>
+struct FrameOfArguments;
+template <std::size_t... I>
+struct FrameOfArguments<std::index_sequence<I...>> {
+  template <std::size_t>
+  using Argument = op_arg;
+  using Type = void(const char* name, op_set set, Argument<I>... args);
+};
+
+}  // namespace detail
+
 /// A loop over `Set`; `Slot` is its place among the timing records.
-template <Text Name, int Slot, auto Kernel, auto Set, Order Visit, class... Rows>
+template <int Slot, auto Kernel, auto Set, Order Visit, class... Rows>
 struct Loop {
-  static constexpr const char* name() { return text.characters.data(); }
   static constexpr int slot = Slot;
   static constexpr auto kernel = Kernel;
   static constexpr auto set = Set;
   static constexpr Order order = Visit;
-  static constexpr std::size_t rows = sizeof...(Rows);
   static constexpr int entries = (Rows::entries + ...);
   static constexpr bool isDirect = !(Rows::mapped || ...);
+  static constexpr bool takesNotices = (Rows::takesNotices || ...);
+
+  /// Number of the rows without an argument, which come first, and of those with one.
+  static constexpr std::size_t supplies = (std::size_t{Rows::entries == 0} + ...);
+  static constexpr std::size_t rows = sizeof...(Rows) - supplies;
 
   using RowList = std::tuple<Rows...>;
   template <std::size_t I>
-  using Row = std::tuple_element_t<I, RowList>;
-  /// The kernel body: a function over raw pointers, one per row.
+  using Supply = std::tuple_element_t<I, RowList>;
+  template <std::size_t I>
+  using Row = std::tuple_element_t<supplies + I, RowList>;
+
+  /// The kernel body: a function of one parameter per row, raw pointers where it has an argument.
   using Body = void(typename Rows::Parameter...);
   /// One incoming argument per row.
   using Arguments = std::array<op_arg, rows>;
-
- private:
-  static constexpr auto text = Name;
+  /// The public function that runs the loop: its name in the timing table, its set, its arguments.
+  using Frame = typename detail::FrameOfArguments<std::make_index_sequence<rows>>::Type;
 };
 
 namespace detail {

@@ -122,6 +122,10 @@ void set_maps_base(int base) {
   if (base == 0 || base == 1) OP_maps_base_index = base;
 }
 
+const char* op_build() {
+  return "sequential";
+}
+
 void op_printf(const char* format, ...) {
   va_list arguments;
   va_start(arguments, format);

@@ -76,6 +76,9 @@ int getSetSizeFromOpArg(const op_arg* arg);
 /// Sets OP_maps_base_index, if `base` is 0 or 1.
 void set_maps_base(int base);
 
+/// What kind of build this runtime is, in one word.
+const char* op_build();
+
 /// As printf and puts, once for all processes.
 [[gnu::format(printf, 1, 2)]] void op_printf(const char* format, ...);
 void op_print(const char* line);

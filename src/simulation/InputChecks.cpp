@@ -108,9 +108,10 @@ void checkRange(const Dats& dats, const Range& range) {
 
 // The correction of fixed beds can be switched off by its parameters: then it looks at nothing.
 bool isIdle(KernelID kernel) {
+  const kernels::Parameters par = kernels::Parameters::ofRun();
   return kernel == KernelID::MorFixBedCorrection &&
-         !(kernels::real(model::ParameterID::FixBedAccuracy) < 1e12 &&
-           kernels::integer(model::ParameterID::FixBedMaxIter) > 0);
+         !(par.real(model::ParameterID::FixBedAccuracy) < 1e12 &&
+           par.integer(model::ParameterID::FixBedMaxIter) > 0);
 }
 
 }  // namespace

@@ -7,14 +7,13 @@
 #include "common/console.h"
 #include "op/op_seq.h"
 #include "simulation/LoopArguments.h"
-#include "simulation/Loops_op.h"
 #include "simulation/kernels/parameters.h"
+#include "simulation/loops/all_loops.h"
 
 namespace simulation {
 
 namespace console = common::console;
-using kernels::integer;
-using kernels::real;
+using kernels::Parameters;
 using loops::Flag;
 using model::KernelID;
 using model::ParameterID;
@@ -23,7 +22,7 @@ namespace {
 
 // Numerical trouble ends the run only where the user asked for it.
 void stopInSafeMode(int check, const std::string& message) {
-  if (check == 0 && integer(ParameterID::SafeMode) == 1) console::fail(message);
+  if (check == 0 && Parameters::ofRun().integer(ParameterID::SafeMode) == 1) console::fail(message);
 }
 
 }  // namespace
@@ -68,19 +67,20 @@ RHEOdomain::RHEOdomain(const std::string& commandFileName, const std::string& ru
 // then, and no kernel of that model reads it.
 void RHEOdomain::initializeSimulationParameters() {
   const auto slot = [](ParameterID id) -> double& { return G_REAL[static_cast<int>(id)]; };
-  slot(ParameterID::InvGravity) = 1.0 / real(ParameterID::Gravity);
-  slot(ParameterID::InvBedPorosity) = 1.0 / (1.0 - real(ParameterID::BedPorosity));
+  slot(ParameterID::InvGravity) = 1.0 / slot(ParameterID::Gravity);
+  slot(ParameterID::InvBedPorosity) = 1.0 / (1.0 - slot(ParameterID::BedPorosity));
   slot(ParameterID::SedRelDensity) =
-      (real(ParameterID::SedimentDensity) - real(ParameterID::FluidDensity)) /
-      real(ParameterID::FluidDensity);
+      (slot(ParameterID::SedimentDensity) - slot(ParameterID::FluidDensity)) /
+      slot(ParameterID::FluidDensity);
 }
 
 int RHEOdomain::flag(Flag which) const {
-  const bool friction = integer(ParameterID::FrictionOn) == 1;
-  const bool morphology = currentTime >= real(ParameterID::MorphStart);
+  const Parameters par = Parameters::ofRun();
+  const bool friction = par.integer(ParameterID::FrictionOn) == 1;
+  const bool morphology = currentTime >= par.real(ParameterID::MorphStart);
   switch (which) {
     case Flag::debug:
-      return G_Debug;
+      return par.debug() ? 1 : 0;
     case Flag::friction:
       return friction ? 1 : 0;
     case Flag::morphology:
@@ -118,34 +118,35 @@ op_arg RHEOdomain::argument(const GlobalTuple& globals) {
 }
 
 template <class L, class... Globals>
-void RHEOdomain::parLoop(void (*frame)(const char*, op_set, typename L::Arguments),
-                         Globals&... globals) {
+void RHEOdomain::parLoop(Globals&... globals) {
   const std::tuple<Globals&...> given(globals...);
   const char* const name = model->getKernel(L::kernel)->getNameC();
   [&]<std::size_t... I>(std::index_sequence<I...> /*rows*/) {
-    frame(name, sets[L::set], typename L::Arguments{argument<L, I>(given)...});
+    const typename L::Arguments args{argument<L, I>(given)...};
+    loops::FrameOf<L>::run(name, sets[L::set], args[I]...);
   }
   (std::make_index_sequence<L::rows>{});
 }
 
 void RHEOdomain::kernel_HYDRAULICS_InitializeCellFeatures() {
-  parLoop<loops::InitCellHydFeatures>(op_par_loop_kernel_HYDRAULICS_InitializeCellFeatures);
+  parLoop<loops::InitCellHydFeatures>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_InitializeCellFeatures() {
-  parLoop<loops::InitCellMorFeatures>(op_par_loop_kernel_MORPHOLOGY_InitializeCellFeatures);
+  parLoop<loops::InitCellMorFeatures>();
 }
 
 void RHEOdomain::kernel_HYDRAULICS_InitializeFriction() {
-  parLoop<loops::InitFrictionFeatures>(op_par_loop_kernel_HYDRAULICS_InitializeFriction);
+  parLoop<loops::InitFrictionFeatures>();
 }
 
 // On the first step of a domain that nothing limits (all dry, say) the initial step is taken.
 void RHEOdomain::kernel_HYDRAULICS_TimeStep() {
-  const double longest = real(ParameterID::DTmax);
-  const double courant = real(ParameterID::CFLnumber);
+  const Parameters par = Parameters::ofRun();
+  const double longest = par.real(ParameterID::DTmax);
+  const double courant = par.real(ParameterID::CFLnumber);
   double dtLocal = longest;
-  parLoop<loops::TimeStepCalculation>(op_par_loop_kernel_HYDRAULICS_TimeStep, dtLocal);
+  parLoop<loops::TimeStepCalculation>(dtLocal);
   if (firstTimeStep) {
     if (dtLocal == longest) dtLocal = initialTimeStep / courant;
     firstTimeStep = false;
@@ -156,85 +157,84 @@ void RHEOdomain::kernel_HYDRAULICS_TimeStep() {
 void RHEOdomain::kernel_TOPOLOGY_NodeStringStates() {
   int morphology = flag(Flag::morphology);
   int morphologyFriction = flag(Flag::morphologyFriction);
-  parLoop<loops::NodeStringStateCalc>(op_par_loop_kernel_TOPOLOGY_NodeStringStates, morphology,
-                                      morphologyFriction);
+  parLoop<loops::NodeStringStateCalc>(morphology, morphologyFriction);
 }
 
 void RHEOdomain::kernel_DATA_EdgeInterpolation() {
   double time = currentTime;
-  parLoop<loops::EdgeDataInterpolation>(op_par_loop_kernel_DATA_EdgeInterpolation, time);
+  parLoop<loops::EdgeDataInterpolation>(time);
 }
 
 void RHEOdomain::kernel_DATA_CellInterpolation() {
   double time = currentTime;
-  parLoop<loops::CellDataInterpolation>(op_par_loop_kernel_DATA_CellInterpolation, time);
+  parLoop<loops::CellDataInterpolation>(time);
 }
 
 void RHEOdomain::kernel_DATA_EdgeModification() {
   double time = currentTime;
-  parLoop<loops::EdgeDataModification>(op_par_loop_kernel_DATA_EdgeModification, time);
+  parLoop<loops::EdgeDataModification>(time);
 }
 
 void RHEOdomain::kernel_DATA_CellModification() {
   double time = currentTime;
-  parLoop<loops::CellDataModification>(op_par_loop_kernel_DATA_CellModification, time);
+  parLoop<loops::CellDataModification>(time);
 }
 
 void RHEOdomain::kernel_HYDRAULICS_CalcCurvature() {
-  parLoop<loops::CalCCurvature>(op_par_loop_kernel_HYDRAULICS_CalcCurvature);
+  parLoop<loops::CalCCurvature>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_CalcBedGradient() {
-  parLoop<loops::CalcBedGradient>(op_par_loop_kernel_MORPHOLOGY_CalcBedGradient);
+  parLoop<loops::CalcBedGradient>();
 }
 
 void RHEOdomain::kernel_HYDRAULICS_Boundary() {
-  parLoop<loops::HydBoundaryFluxes>(op_par_loop_kernel_HYDRAULICS_Boundary);
+  parLoop<loops::HydBoundaryFluxes>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_Boundary() {
   double dt = timeStep;
-  parLoop<loops::MorBoundaryFluxes>(op_par_loop_kernel_MORPHOLOGY_Boundary, dt);
+  parLoop<loops::MorBoundaryFluxes>(dt);
 }
 
 void RHEOdomain::kernel_HYDRAULICS_WallFluxes() {
-  parLoop<loops::HydWallBFluxes>(op_par_loop_kernel_HYDRAULICS_WallFluxes);
+  parLoop<loops::HydWallBFluxes>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_WallFluxes() {
-  parLoop<loops::MorWallBFluxes>(op_par_loop_kernel_MORPHOLOGY_WallFluxes);
+  parLoop<loops::MorWallBFluxes>();
 }
 
 void RHEOdomain::kernel_HYDRAULICS_InternalFluxes() {
-  parLoop<loops::HydInternalFluxes>(op_par_loop_kernel_HYDRAULICS_InternalFluxes);
+  parLoop<loops::HydInternalFluxes>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_LocalBedSlope() {
-  parLoop<loops::LocalBedSlope>(op_par_loop_kernel_MORPHOLOGY_LocalBedSlope);
+  parLoop<loops::LocalBedSlope>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_CalcBedloadTransport() {
   int friction = flag(Flag::friction);
-  parLoop<loops::MorBedloadTransport>(op_par_loop_kernel_MORPHOLOGY_CalcBedloadTransport, friction);
+  parLoop<loops::MorBedloadTransport>(friction);
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_InternalFluxes() {
-  parLoop<loops::MorInternalFluxes>(op_par_loop_kernel_MORPHOLOGY_InternalFluxes);
+  parLoop<loops::MorInternalFluxes>();
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_FixedBedCorrection() {
-  const double accuracy = real(ParameterID::FixBedAccuracy);
-  const int mostIterations = integer(ParameterID::FixBedMaxIter);
+  const Parameters par = Parameters::ofRun();
+  const double accuracy = par.real(ParameterID::FixBedAccuracy);
+  const int mostIterations = par.integer(ParameterID::FixBedMaxIter);
   if (!(1e12 > accuracy) || mostIterations <= 0) return;
   double deviation = accuracy;
   int iteration = 0;
   do {
     double dt = timeStep;
     deviation = accuracy;
-    parLoop<loops::MorFixBedCorrection>(op_par_loop_kernel_MORPHOLOGY_FixedBedCorrection, dt);
+    parLoop<loops::MorFixBedCorrection>(dt);
     if (mostIterations == 1) return;
-    parLoop<loops::MorFixBedCorrectionMax>(op_par_loop_kernel_MORPHOLOGY_FixedBedCorrectionFindMax,
-                                           deviation);
+    parLoop<loops::MorFixBedCorrectionMax>(deviation);
     ++iteration;
   } while (deviation > accuracy && mostIterations > iteration);
 }
@@ -243,31 +243,31 @@ void RHEOdomain::kernel_GLOBAL_Update() {
   double dt = timeStep;
   int morphology = flag(Flag::morphology);
   int check = 1;
-  parLoop<loops::Update>(op_par_loop_kernel_GLOBAL_Update, dt, morphology, check);
+  parLoop<loops::Update>(dt, morphology, check);
   stopInSafeMode(check, "ERROR in kernel_GLOBAL_Update... MASS not conserved");
 }
 
 void RHEOdomain::kernel_HYDRAULICS_Friction() {
   double dt = timeStep;
-  parLoop<loops::HydFriction>(op_par_loop_kernel_HYDRAULICS_Friction, dt);
+  parLoop<loops::HydFriction>(dt);
 }
 
 void RHEOdomain::kernel_HYDRAULICS_FloodTracking() {
   double time = currentTime;
-  parLoop<loops::HydFlood>(op_par_loop_kernel_HYDRAULICS_FloodTracking, time);
+  parLoop<loops::HydFlood>(time);
 }
 
 void RHEOdomain::kernel_HYDRAULICS_Source() {
   double dt = timeStep;
   int check = 1;
-  parLoop<loops::HydSource>(op_par_loop_kernel_HYDRAULICS_Source, dt, check);
+  parLoop<loops::HydSource>(dt, check);
   stopInSafeMode(check, "ERROR in kernel_HYDRAULICS_Source... LIQUID MASS not conserved");
 }
 
 void RHEOdomain::kernel_MORPHOLOGY_Source() {
   double dt = timeStep;
   int check = 1;
-  parLoop<loops::MorSource>(op_par_loop_kernel_MORPHOLOGY_Source, dt, check);
+  parLoop<loops::MorSource>(dt, check);
   stopInSafeMode(check, "ERROR in kernel_MORPHOLOGY_Source... SEDIMENT MASS not conserved");
 }
 

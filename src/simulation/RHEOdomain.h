@@ -2,13 +2,13 @@
 //
 // A method does what stands around a loop: it computes flags and globals, calls the loop and deals
 // with what the loop returned in its globals. Which data the loop reaches, and how, is told by its
-// description in Loops.h.
+// description in loops/..
 #pragma once
 
 #include <string>
 
-#include "simulation/Loops.h"
 #include "simulation/RHEOcommon_op.h"
+#include "simulation/loops/descriptions.h"
 
 namespace simulation {
 
@@ -57,7 +57,7 @@ class RHEOdomain : public RHEOcommon {
   /// Builds the arguments of loop L from the model's data and maps and calls its frame.
   /// @param globals the global arguments, in the order of the rows
   template <class L, class... Globals>
-  void parLoop(void (*frame)(const char*, op_set, typename L::Arguments), Globals&... globals);
+  void parLoop(Globals&... globals);
   template <class L, std::size_t I, class GlobalTuple>
   op_arg argument(const GlobalTuple& globals);
 

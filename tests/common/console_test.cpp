@@ -37,7 +37,7 @@ TEST(Console, numbersHaveTheFormatOfAStream) {
 
 TEST(Console, theBannerHasFiveLines) {
   ::testing::internal::CaptureStdout();
-  console::printHeader();
+  console::printHeader("sequential");
   const std::string banner = ::testing::internal::GetCapturedStdout();
   EXPECT_EQ(banner.rfind("RHEOMARK v3.0.1\nRHEOplane sequential binary\nv3.0.1\n", 0), 0U);
   EXPECT_EQ(banner.substr(banner.size() - 2), "\n\n");

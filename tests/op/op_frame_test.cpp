@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "op/backend/sequential.h"
+
 namespace {
 
 // Counts what a loop allocates: the frame and the backend must not allocate per element.
@@ -55,17 +57,18 @@ enum class Switch { on };
 using op::all;
 using op::at;
 using op::Order;
+using op::backend::Sequential;
 
 void copyBody(const double* in, double* out) {
   out[0] = in[0] + in[1];
 }
-using CopyLoop = op::Loop<"toy_copy", 0, Kernel::toy, Set::cells, Order::any,
-                          op::read<Datum::state, double[2]>, op::write<Datum::depth, double>>;
+using CopyLoop = op::Loop<0, Kernel::toy, Set::cells, Order::any, op::read<Datum::state, double[2]>,
+                          op::write<Datum::depth, double>>;
 
 void jumpBody(const double* left, const double* right, const double* factor, double* out) {
   out[0] = (right[0] - left[0]) * factor[0];
 }
-using JumpLoop = op::Loop<"toy_jump", 1, Kernel::toy, Set::cells, Order::any,
+using JumpLoop = op::Loop<1, Kernel::toy, Set::cells, Order::any,
                           op::read<Datum::depth, double, at<Map::edgeCells, 0>>,
                           op::read<Datum::depth, double, at<Map::edgeCells, 1>>, op::given<double>,
                           op::write<Datum::state, double>>;
@@ -75,7 +78,7 @@ void sumBody(const double* const* values, const int* number, double* out, double
   if (number != nullptr) out[0] += number[0];
   if (out[0] > highest[0]) highest[0] = out[0];
 }
-using SumLoop = op::Loop<"toy_sum", 2, Kernel::toy, Set::cells, Order::any,
+using SumLoop = op::Loop<2, Kernel::toy, Set::cells, Order::any,
                          op::read<Datum::area, double, all<Map::cellEdges, 3>>,
                          op::read_if<Switch::on, Datum::flag, int>,
                          op::change<Datum::depth, double>, op::highest<double>>;
@@ -83,16 +86,63 @@ using SumLoop = op::Loop<"toy_sum", 2, Kernel::toy, Set::cells, Order::any,
 void lowestBody(const int* value, int* lowest) {
   if (value[0] < lowest[0]) lowest[0] = value[0];
 }
-using LowestLoop = op::Loop<"toy_lowest", 3, Kernel::toy, Set::cells, Order::ascending,
+using LowestLoop = op::Loop<3, Kernel::toy, Set::cells, Order::ascending,
                             op::read<Datum::flag, int>, op::lowest<int>>;
 
 void flatBody(const double* in, double* out) {
   out[0] = in[0];
 }
-using FlatLoop = op::Loop<"toy_flat", 4, Kernel::toy, Set::cells, Order::any,
-                          op::read<Datum::state, double>, op::write<Datum::depth, double>>;
+using FlatLoop = op::Loop<4, Kernel::toy, Set::cells, Order::any, op::read<Datum::state, double>,
+                          op::write<Datum::depth, double>>;
+
+double limitOfRun = 0;  // NOLINT: the constant of the toy loops
+
+struct Limit {
+  double value;
+  static Limit ofRun() { return {limitOfRun}; }
+};
+
+void raiseBody(const Limit& limit, double* value) {
+  value[0] = limit.value + 1;
+}
+using RaiseLoop = op::Loop<5, Kernel::toy, Set::cells, Order::ascending, op::constants<Limit>,
+                           op::change<Datum::depth, double, at<Map::cellEdges, 0>>>;
+
+struct Complaint {
+  int element;
+  double value;
+  bool operator==(const Complaint&) const = default;
+};
+
+/// Notes a value at an element.
+struct Complaints {
+  using Notice = Complaint;
+  Complaints(Complaint* noticesOfLoop, int* noticeCount, int elementNumber)
+      : notices(noticesOfLoop), count(noticeCount), element(elementNumber) {}
+  void add(double value) const { notices[(*count)++] = {element, value}; }
+  Complaint* notices;
+  int* count;
+  int element;
+};
+
+std::vector<Complaint> printed;  // NOLINT: what the loop has had printed
+
+void print(const Complaint* notices, int count) {
+  printed.insert(printed.end(), notices, notices + count);
+}
+
+void complainBody(const Limit& limit, const Complaints& complaints, const double* value) {
+  if (value[0] < limit.value) complaints.add(value[0]);
+}
+using ComplainLoop = op::Loop<6, Kernel::toy, Set::cells, Order::any, op::constants<Limit>,
+                              op::notices<Complaints, print>, op::read<Datum::depth, double>>;
 
 static_assert(CopyLoop::isDirect && CopyLoop::entries == 2);
+static_assert(ComplainLoop::rows == 1 && ComplainLoop::entries == 1 && ComplainLoop::isDirect);
+static_assert(ComplainLoop::takesNotices && !RaiseLoop::takesNotices);
+static_assert(std::is_same_v<ComplainLoop::Frame, void(const char*, op_set, op_arg)>);
+static_assert(
+    std::is_same_v<JumpLoop::Frame, void(const char*, op_set, op_arg, op_arg, op_arg, op_arg)>);
 static_assert(!JumpLoop::isDirect && JumpLoop::entries == 4);
 static_assert(!SumLoop::isDirect && SumLoop::entries == 6);
 static_assert(
@@ -123,8 +173,8 @@ class Frame : public ::testing::Test {
 
   void runJump(op_set set) {
     static double factor = 10;
-    op::par_loop<JumpLoop, jumpBody>(
-        "jump", set,
+    op::par_loop<JumpLoop, jumpBody, Sequential>(
+        "toy_jump", "jump", set,
         {op_arg_dat(depth, 0, edgeCells, 1, "double", OP_READ),
          op_arg_dat(depth, 1, edgeCells, 1, "double", OP_READ),
          op_arg_gbl(&factor, 1, "double", OP_READ), direct(jump, 1, OP_WRITE)});
@@ -139,8 +189,8 @@ class Frame : public ::testing::Test {
   }
 
   void runCopy(op_set set) {
-    op::par_loop<CopyLoop, copyBody>("copy", set,
-                                     {direct(state, 2, OP_READ), direct(depth, 1, OP_WRITE)});
+    op::par_loop<CopyLoop, copyBody, Sequential>(
+        "toy_copy", "copy", set, {direct(state, 2, OP_READ), direct(depth, 1, OP_WRITE)});
   }
 
   std::array<int, 6> edgeCellTable{0, 1, 1, 2, 3, 0};
@@ -175,19 +225,21 @@ TEST_F(Frame, vectorRowsGiveAllColumnsAndOptionalRowsAPointerOrNull) {
   const op_arg absent = op_opt_arg_dat(0, nullptr, -1, nullptr, 1, "int", OP_READ);
   const op_arg values = op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ);
   const op_arg global = op_arg_gbl(&highest, 1, "double", OP_MAX);
-  op::par_loop<SumLoop, sumBody>("sum", cells, {values, absent, direct(depth, 1, OP_RW), global});
+  op::par_loop<SumLoop, sumBody, Sequential>("toy_sum", "sum", cells,
+                                             {values, absent, direct(depth, 1, OP_RW), global});
   EXPECT_EQ(depths, (std::array<double, 4>{10101, 3, 10101, 10200}));
   EXPECT_EQ(highest, 10200);
 
   const op_arg present = op_opt_arg_dat(1, numbers, -1, nullptr, 1, "int", OP_READ);
-  op::par_loop<SumLoop, sumBody>("sum", cells, {values, present, direct(depth, 1, OP_RW), global});
+  op::par_loop<SumLoop, sumBody, Sequential>("toy_sum", "sum", cells,
+                                             {values, present, direct(depth, 1, OP_RW), global});
   EXPECT_EQ(depths, (std::array<double, 4>{10106, -4, 10104, 10209}));
 }
 
 TEST_F(Frame, anOptionalRowOutOfUseComesThroughIfItsDatExists) {
   double highest = 0;
-  op::par_loop<SumLoop, sumBody>(
-      "sum", cells,
+  op::par_loop<SumLoop, sumBody, Sequential>(
+      "toy_sum", "sum", cells,
       {op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ),
        op_opt_arg_dat(0, numbers, -1, nullptr, 1, "int", OP_READ), direct(depth, 1, OP_RW),
        op_arg_gbl(&highest, 1, "double", OP_MAX)});
@@ -196,16 +248,16 @@ TEST_F(Frame, anOptionalRowOutOfUseComesThroughIfItsDatExists) {
 
 TEST_F(Frame, reductionsKeepTheRunningValue) {
   int lowest = 4;
-  op::par_loop<LowestLoop, lowestBody>(
-      "lowest", cells,
+  op::par_loop<LowestLoop, lowestBody, Sequential>(
+      "toy_lowest", "lowest", cells,
       {op_arg_dat(numbers, -1, nullptr, 1, "int", OP_READ), op_arg_gbl(&lowest, 1, "int", OP_MIN)});
   EXPECT_EQ(lowest, -7);
 }
 
 TEST_F(Frame, theStrideIsTheDimOfTheRowNotOfTheDat) {
   // One value of a dat with two: element e reads the flat entry e.
-  op::par_loop<FlatLoop, flatBody>("flat", cells,
-                                   {direct(state, 1, OP_READ), direct(depth, 1, OP_WRITE)});
+  op::par_loop<FlatLoop, flatBody, Sequential>(
+      "toy_flat", "flat", cells, {direct(state, 1, OP_READ), direct(depth, 1, OP_WRITE)});
   EXPECT_EQ(depths, (std::array<double, 4>{1, 10, 2, 20}));
 }
 
@@ -263,8 +315,8 @@ TEST_F(Frame, anIndirectLoopCountsADatumPerMapOnceAndEachMap) {
 
 TEST_F(Frame, anIndirectLoopCountsChangedDataTwiceAndOptionalOnesAlways) {
   double highest = 0;
-  op::par_loop<SumLoop, sumBody>(
-      "sum", cells,
+  op::par_loop<SumLoop, sumBody, Sequential>(
+      "toy_sum", "sum", cells,
       {op_arg_dat(jump, -3, cellEdges, 1, "double", OP_READ),
        op_opt_arg_dat(0, numbers, -1, nullptr, 1, "int", OP_READ), direct(depth, 1, OP_RW),
        op_arg_gbl(&highest, 1, "double", OP_MAX)});
@@ -294,6 +346,41 @@ TEST_F(Frame, indirectLoopsShowALineOfTheirOwnAboveLevelTwo) {
   const auto run = [this] { runJump(edges); };
   EXPECT_EQ(outputOfCopyAtLevel(2, run), "");
   EXPECT_EQ(outputOfCopyAtLevel(3, run), " kernel routine with indirection: toy_jump\n");
+}
+
+// The loop writes into its own constant.
+TEST_F(Frame, constantsAreThoseOfTheStartOfTheLoop) {
+  limitOfRun = 7;
+  const op_set one = op_decl_set(1, "one");
+  std::array<int, 4> zeros{};
+  const op_map map = op_decl_map(cells, one, 1, zeros.data(), "toOne");
+  const op_dat own = dat(one, 1, &limitOfRun, "limit");
+  op::par_loop<RaiseLoop, raiseBody, Sequential>("toy_raise", "raise", cells,
+                                                 {op_arg_dat(own, 0, map, 1, "double", OP_RW)});
+  EXPECT_EQ(limitOfRun, 8);
+}
+
+TEST_F(Frame, noticesArePrintedByTheEndOfTheLoopInTheOrderOfTheElements) {
+  limitOfRun = 5;
+  printed.clear();
+  op::par_loop<ComplainLoop, complainBody, Sequential>("toy_complain", "complain", cells,
+                                                       {direct(depth, 1, OP_READ)});
+  EXPECT_EQ(printed, (std::vector<Complaint>{{0, 1}, {1, 2}, {2, 4}}));
+}
+
+TEST_F(Frame, aNoticeFromEachOfManyElementsIsPrinted) {
+  limitOfRun = 1e9;
+  printed.clear();
+  std::vector<double> values(100'000);
+  std::vector<Complaint> expected;
+  for (int i = 0; i < 100'000; ++i) {
+    values[static_cast<std::size_t>(i)] = i % 1000;
+    expected.push_back({i, static_cast<double>(i % 1000)});
+  }
+  const op_set many = op_decl_set(100'000, "many");
+  op::par_loop<ComplainLoop, complainBody, Sequential>(
+      "toy_complain", "complain", many, {direct(dat(many, 1, values.data(), "v"), 1, OP_READ)});
+  EXPECT_EQ(printed, expected);
 }
 
 TEST_F(Frame, nothingIsAllocatedOnceTheSlotExists) {

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "common/BaseException.h"
-#include "simulation/Loops.h"
+#include "simulation/loops/descriptions.h"
 
 namespace {
 

@@ -5,8 +5,10 @@
 // share one index load: their cursors get the same row of the map's table.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <limits>
 #include <tuple>
 #include <type_traits>
 #include <utility>
@@ -95,24 +97,58 @@ Element* bodyArgument(Element* address) {
   return address;
 }
 
+/// What a row without an argument gives the body: made when the loop starts, asked for each
+/// element, told when a block of elements is done.
+template <class Row>
+struct Supply;
+
+template <class T>
+struct Supply<ConstantsRow<T>> {
+  const T copy = T::ofRun();
+  const T& of(std::ptrdiff_t /*n*/) const { return copy; }
+  void endBlock() {}
+};
+
+/// Elements between two looks at what bodies have noted.
+inline constexpr std::ptrdiff_t BLOCK = 256;
+
+template <class D, auto Print>
+struct Supply<NoticesRow<D, Print>> {
+  std::array<typename D::Notice, std::size_t{BLOCK}> noted;  // filled from the front
+  int count = 0;
+  D of(std::ptrdiff_t n) { return D(noted.data(), &count, static_cast<int>(n)); }
+  void endBlock() {
+    if (count > 0) Print(noted.data(), count);
+    count = 0;
+  }
+};
+
 struct Sequential {
   /// Runs the body for the elements from `begin` to `end` - 1.
   /// @param args one argument per row
   template <class L, typename L::Body* Body>
   static void run(const typename L::Arguments& args, int begin, int end) {
-    runRows<L, Body>(args, begin, end, std::make_index_sequence<L::rows>{});
+    runRows<L, Body>(args, begin, end, std::make_index_sequence<L::supplies>{},
+                     std::make_index_sequence<L::rows>{});
   }
 
  private:
-  template <class L, typename L::Body* Body, std::size_t... I>
+  template <class L, typename L::Body* Body, std::size_t... S, std::size_t... I>
   static void runRows(const typename L::Arguments& args, std::ptrdiff_t begin, std::ptrdiff_t end,
-                      std::index_sequence<I...> /*rows*/) {
+                      std::index_sequence<S...> /*supplies*/, std::index_sequence<I...> /*rows*/) {
+    std::tuple<Supply<typename L::template Supply<S>>...> supplies;
     const auto cursors = std::tuple{makeCursor<typename L::template Row<I>>(args[I])...};
     const std::array<const int*, L::rows> tables{args[I].map_data...};
     const std::array<std::ptrdiff_t, L::rows> widths{
         (args[I].map == nullptr ? 0 : args[I].map->dim)...};
-    for (std::ptrdiff_t n = begin; n < end; ++n) {
-      Body(bodyArgument(std::get<I>(cursors).resolve(n, columnsOf<L, I>(tables, widths, n)))...);
+    constexpr std::ptrdiff_t step = L::takesNotices ? BLOCK : std::numeric_limits<int>::max();
+    for (std::ptrdiff_t first = begin; first < end; first += step) {
+      const std::ptrdiff_t last = std::min(first + step, end);
+      for (std::ptrdiff_t n = first; n < last; ++n) {
+        Body(std::get<S>(supplies).of(n)...,
+             bodyArgument(std::get<I>(cursors).resolve(n, columnsOf<L, I>(tables, widths, n)))...);
+      }
+      (std::get<S>(supplies).endBlock(), ...);
     }
   }
 

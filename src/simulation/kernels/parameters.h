@@ -1,10 +1,16 @@
-// Access of the kernel bodies to the global parameters of a run.
+// The parameters of a run, as its kernel bodies read them.
 //
-//   const double g = real(ParameterID::Gravity);
+//   const double g = par.real(ParameterID::Gravity);
 //
-// A parameter of type double stands in G_REAL, one of type int in G_INT, each at the slot that is
-// the value of its ParameterID. A parameter with several values fills consecutive slots.
+// The driver fills the global arrays: a parameter of type double stands in G_REAL, one of type int
+// in G_INT, each at the slot that is the value of its ParameterID. A parameter with several values
+// fills consecutive slots. Bodies get a copy of all, made when their loop starts: the compiler
+// knows that none of their stores changes it, and threads and devices can have one of their own.
 #pragma once
+
+#include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "catalogue/IDs.h"
 
@@ -20,15 +26,29 @@ namespace kernels {
 
 using model::ParameterID;
 
-inline double real(ParameterID id) {
-  return G_REAL[static_cast<int>(id)];
-}
-inline int integer(ParameterID id) {
-  return G_INT[static_cast<int>(id)];
-}
-/// Value `offset` of a parameter with several values.
-inline int integer(ParameterID id, int offset) {
-  return G_INT[static_cast<int>(id) + offset];
-}
+class Parameters {
+ public:
+  /// A copy of what the globals hold now.
+  static Parameters ofRun() {
+    Parameters par;
+    std::copy(std::begin(G_REAL), std::end(G_REAL), par.reals.begin());
+    std::copy(std::begin(G_INT), std::end(G_INT), par.integers.begin());
+    par.namesElements = G_Debug != 0;
+    return par;
+  }
+
+  double real(ParameterID id) const { return reals[static_cast<std::size_t>(id)]; }
+  int integer(ParameterID id) const { return integers[static_cast<std::size_t>(id)]; }
+  /// Value `offset` of a parameter with several values.
+  int integer(ParameterID id, std::size_t offset) const {
+    return integers[static_cast<std::size_t>(id) + offset];
+  }
+  bool debug() const { return namesElements; }
+
+ private:
+  std::array<double, PARAMETER_SLOTS> reals;
+  std::array<int, PARAMETER_SLOTS> integers;
+  bool namesElements;
+};
 
 }  // namespace kernels

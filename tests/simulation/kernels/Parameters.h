@@ -23,6 +23,9 @@ class Parameters : public ::testing::Test {
     G_Debug = 0;
   }
 
+  /// What bodies get.
+  static kernels::Parameters par() { return kernels::Parameters::ofRun(); }
+
   static void set(ParameterID id, double value) { G_REAL[static_cast<int>(id)] = value; }
   static void setInt(ParameterID id, int value) { G_INT[static_cast<int>(id)] = value; }
   /// Value `offset` of a parameter with several values.

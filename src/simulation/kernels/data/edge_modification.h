@@ -46,13 +46,13 @@ inline double share(double a, double b) {
 /// Type 3: specific discharge over a weir, by Poleni, Q = 2/3 (a + b hw / P) sqrt(2 g) L hw^1.5,
 /// with P the height of the crest above the bed (Rehbock, 1929, for the shape of the coefficient).
 /// Values read: crest [m], coefficients a and b.
-inline double weirDischarge(const EdgeModification& m) {
+inline double weirDischarge(const Parameters& par, const EdgeModification& m) {
   const double crest = m.value(0);
   const double head = m.S[0] - crest;
-  if (head < real(ParameterID::MinWaterDepth)) return 0.0;
+  if (head < par.real(ParameterID::MinWaterDepth)) return 0.0;
   const double inverseHeight = inverseOfAbsolute(crest - m.S[4]);
   const double Cd = 0.6666666666666666 * (m.value(2) * head * inverseHeight + m.value(1));
-  const double g = real(ParameterID::Gravity);
+  const double g = par.real(ParameterID::Gravity);
   const double Qw = Cd * std::sqrt(2.0 * g * head * head * head) * m.length();
   return share(Qw, m.wettedArea());
 }
@@ -86,9 +86,10 @@ inline double hysteresisSwitch(const EdgeModification& m, double* memory) {
 /// @param string state of the nodestring, ten values; @param length,lengthOther [m]
 /// @param time [s]; @param memory what a switch remembers from step to step, 0 at the start
 /// @param boundary boundary record, seven values; only the one at the write position changes
-inline void edge_modification(const int* info, const double* string, const double* /*stringOther*/,
-                              const double* length, const double* lengthOther, const double* time,
-                              double* memory, double* boundary) {
+inline void edge_modification(const Parameters& par, const int* info, const double* string,
+                              const double* /*stringOther*/, const double* length,
+                              const double* lengthOther, const double* time, double* memory,
+                              double* boundary) {
   const EdgeModification m{info + 2, string, length, lengthOther, time[0], boundary};
   double* const D = boundary;
   const int w = info[1];
@@ -97,7 +98,7 @@ inline void edge_modification(const int* info, const double* string, const doubl
     case 1:
     case 10: D[w] = share(m.value(0), m.length());             break;
     case 2:  D[w] = share(m.value(0), m.lengthOther());        break;
-    case 3:  D[w] = weirDischarge(m);                          break;
+    case 3:  D[w] = weirDischarge(par, m);                     break;
     case 4:
     case 11: D[w] = share(m.value(0), m.wettedArea());         break;
     case 5:  D[w] = m.time > m.value(0) ? 1.0 : -1.0;          break;

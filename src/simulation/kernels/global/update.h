@@ -10,7 +10,7 @@
 
 namespace kernels::global {
 
-/// @param cell number of the cell, null unless G_Debug is set
+/// @param cell number of the cell, null unless in debug mode
 /// @param dt time step [s]; @param morphology 1 if the bed moves; @param area [m2]
 /// @param length lengths of the edges [m]; @param fluxHy five hydraulic fluxes per edge
 /// @param fluxMo bed flux per edge [m2/s], in units of bed elevation; null unless the bed moves
@@ -18,7 +18,8 @@ namespace kernels::global {
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]; @param wetted out: 1 or 0
 /// @param massKept 0 if the depth of this cell is negative, else 1: each cell replaces the verdict
 ///   of the one before, so the flag tells only about the last cell of the loop
-inline void update(const int* cell, const double* dt, const int* morphology, const double* area,
+inline void update(const Parameters& par, const Diagnostics& diagnostics, const int* cell,
+                   const double* dt, const int* morphology, const double* area,
                    const double* const* length, const double* const* fluxHy,
                    const double* const* fluxMo, const int* sign, double* state, double* bed,
                    int* wetted, int* massKept) {
@@ -47,8 +48,14 @@ inline void update(const int* cell, const double* dt, const int* morphology, con
   }
 
   const double h = state[0] - bed[0];
-  const bool kept = hydraulics::settle(h, state, wetted);
-  if (!kept) reportMassBalance(h, cell);
+  const bool kept = hydraulics::settle(par, h, state, wetted);
+  if (!kept) {
+    if (par.debug()) {
+      diagnostics.negativeDepth(h, cell[0]);
+    } else {
+      diagnostics.negativeDepth(h);
+    }
+  }
   massKept[0] = kept ? 1 : 0;
 }
 

@@ -31,25 +31,26 @@ inline BoundaryCell boundaryCell(const double* normal, const double* state, doub
 }
 
 /// Hydrostatic pressure of a water surface over the bed z, in surface form [m3/s2].
-inline double hydrostaticPressure(double surface, double z) {
-  return (0.5 * surface - z) * (surface * real(ParameterID::Gravity));
+inline double hydrostaticPressure(const Parameters& par, double surface, double z) {
+  return (0.5 * surface - z) * (surface * par.real(ParameterID::Gravity));
 }
 
 /// 1/h, or 0 where the depth is below MinWaterDepth.
-inline double inverseWetDepth(double h) {
-  return inverseDepth(h, real(ParameterID::MinWaterDepth));
+inline double inverseWetDepth(const Parameters& par, double h) {
+  return inverseDepth(h, par.real(ParameterID::MinWaterDepth));
 }
 
 /// Froude number of the cell; 0 where celerity times depth vanishes.
-inline double froudeNumber(const BoundaryCell& cell) {
-  const double c = std::sqrt(real(ParameterID::Gravity) * fmax(cell.h, 0.0));
+inline double froudeNumber(const Parameters& par, const BoundaryCell& cell) {
+  const double c = std::sqrt(par.real(ParameterID::Gravity) * fmax(cell.h, 0.0));
   return cell.q * inverse(c * cell.h);
 }
 
 /// Normal depth [m] of a specific discharge on a slope, from q^2 = C g S h^3 with C the squared
 /// non-dimensional Chezy value.
-inline double normalDepth(double discharge, double chezySquared, double slope) {
-  return std::cbrt(discharge * discharge / (chezySquared * real(ParameterID::Gravity) * slope));
+inline double normalDepth(const Parameters& par, double discharge, double chezySquared,
+                          double slope) {
+  return std::cbrt(discharge * discharge / (chezySquared * par.real(ParameterID::Gravity) * slope));
 }
 
 /// Flux that only the left cell feels.
@@ -64,29 +65,30 @@ inline void oneSidedFlux(const double* normal, double mass, double normalMomentu
 }
 
 /// A wall: nothing but the pressure of the cell.
-inline void wallFlux(const double* normal, const BoundaryCell& cell, double* flux) {
-  oneSidedFlux(normal, 0.0, hydrostaticPressure(cell.H, cell.z), 0.0, flux);
+inline void wallFlux(const Parameters& par, const double* normal, const BoundaryCell& cell,
+                     double* flux) {
+  oneSidedFlux(normal, 0.0, hydrostaticPressure(par, cell.H, cell.z), 0.0, flux);
 }
 
 /// Mass flux with the momentum that a depth at the boundary gives it.
 /// @param depth depth at the boundary [m]
-inline void flowThrough(const double* normal, const BoundaryCell& cell, double mass, double depth,
-                        double tangentialMomentum, double* flux) {
+inline void flowThrough(const Parameters& par, const double* normal, const BoundaryCell& cell,
+                        double mass, double depth, double tangentialMomentum, double* flux) {
   const double pressure =
-      mass * mass * inverseWetDepth(depth) + hydrostaticPressure(depth + cell.z, cell.z);
+      mass * mass * inverseWetDepth(par, depth) + hydrostaticPressure(par, depth + cell.z, cell.z);
   oneSidedFlux(normal, mass, pressure, tangentialMomentum, flux);
 }
 
 /// Mass flux that carries the tangential velocity of the cell and takes its depth.
-inline void flowAtCellDepth(const double* normal, const BoundaryCell& cell, double mass,
-                            double* flux) {
-  flowThrough(normal, cell, mass, cell.h, mass * cell.qt * inverseWetDepth(cell.h), flux);
+inline void flowAtCellDepth(const Parameters& par, const double* normal, const BoundaryCell& cell,
+                            double mass, double* flux) {
+  flowThrough(par, normal, cell, mass, cell.h, mass * cell.qt * inverseWetDepth(par, cell.h), flux);
 }
 
 /// Mass flux against the pressure of the cell, without momentum of its own.
-inline void flowWithPressureOnly(const double* normal, const BoundaryCell& cell, double mass,
-                                 double* flux) {
-  oneSidedFlux(normal, mass, hydrostaticPressure(cell.H, cell.z), 0.0, flux);
+inline void flowWithPressureOnly(const Parameters& par, const double* normal,
+                                 const BoundaryCell& cell, double mass, double* flux) {
+  oneSidedFlux(normal, mass, hydrostaticPressure(par, cell.H, cell.z), 0.0, flux);
 }
 
 }  // namespace kernels::hydraulics

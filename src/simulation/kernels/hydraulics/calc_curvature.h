@@ -18,11 +18,11 @@ namespace kernels::hydraulics {
 /// @param state,bed the cell; @param neighbourState,neighbourBed its three neighbours
 /// @param weight {x, y} weights of the three neighbours [1/m]
 /// @param curvature out [1/m]; 0 where nothing flows
-inline void calc_curvature(const double* const* unitCentroid, const double* const* distance,
-                           const double* state, const double* bed,
+inline void calc_curvature(const Parameters& par, const double* const* unitCentroid,
+                           const double* const* distance, const double* state, const double* bed,
                            const double* const* neighbourState, const double* const* neighbourBed,
                            const double* weight, double* curvature) {
-  const double hmin = real(ParameterID::MinWaterDepth);
+  const double hmin = par.real(ParameterID::MinWaterDepth);
   const double w = inverseDepth(state[0] - bed[0], hmin);
   const double u = state[1] * w;
   const double v = state[2] * w;

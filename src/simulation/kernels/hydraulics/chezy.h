@@ -18,16 +18,16 @@ namespace kernels::hydraulics {
 
 /// FrictionType 1: C = d^(1/3) / (g n^2).
 /// @param depth [m]; @param n Manning's value [s/m^(1/3)]
-inline double chezyManning(double depth, double n) {
-  const double rootOfDepth = std::cbrt(fmax(depth, real(ParameterID::MinWaterDepth)));
-  return real(ParameterID::InvGravity) * rootOfDepth * inverse(n) * inverse(n);
+inline double chezyManning(const Parameters& par, double depth, double n) {
+  const double rootOfDepth = std::cbrt(fmax(depth, par.real(ParameterID::MinWaterDepth)));
+  return par.real(ParameterID::InvGravity) * rootOfDepth * inverse(n) * inverse(n);
 }
 
 /// FrictionType 2: C = k^2 d^(1/3) / g.
 /// @param depth [m]; @param k Strickler's value [m^(1/3)/s]
-inline double chezyStrickler(double depth, double k) {
-  const double rootOfDepth = std::cbrt(fmax(depth, real(ParameterID::MinWaterDepth)));
-  return real(ParameterID::InvGravity) * rootOfDepth * k * k;
+inline double chezyStrickler(const Parameters& par, double depth, double k) {
+  const double rootOfDepth = std::cbrt(fmax(depth, par.real(ParameterID::MinWaterDepth)));
+  return par.real(ParameterID::InvGravity) * rootOfDepth * k * k;
 }
 
 /// FrictionType 3: C = (5.75 log10(12 d / ks))^2, and its value at d = ks for smaller depths.
@@ -57,11 +57,11 @@ inline double chezyRoughLayer(double depth, double ks) {
 
 /// Squared Chezy value [-] by the closure of the run; 0 for an unknown one.
 /// @param depth [m]; @param friction friction value of the cell, in the closure's own unit
-inline double chezySquared(double depth, double friction) {
+inline double chezySquared(const Parameters& par, double depth, double friction) {
   // clang-format off
-  switch (integer(ParameterID::FrictionType)) {
-    case 1:  return chezyManning(depth, friction);
-    case 2:  return chezyStrickler(depth, friction);
+  switch (par.integer(ParameterID::FrictionType)) {
+    case 1:  return chezyManning(par, depth, friction);
+    case 2:  return chezyStrickler(par, depth, friction);
     case 3:  return chezyLogarithmic(depth, friction);
     case 4:  return chezyRoughLayer(depth, friction);
     default: return 0.0;

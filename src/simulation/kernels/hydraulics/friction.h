@@ -18,10 +18,10 @@ namespace kernels::hydraulics {
 /// @param dt time step [s]; @param bed z [m]
 /// @param roughness friction value of the cell, in the closure's own unit
 /// @param chezy out: squared Chezy value C [-]; @param state {H, qx, qy} [m, m2/s]; H stays
-inline void friction(const double* dt, const double* bed, const double* roughness, double* chezy,
-                     double* state) {
+inline void friction(const Parameters& par, const double* dt, const double* bed,
+                     const double* roughness, double* chezy, double* state) {
   const double h = state[0] - bed[0];
-  chezy[0] = chezySquared(h, roughness[0]);
+  chezy[0] = chezySquared(par, h, roughness[0]);
 
   const double qx = state[1];
   const double qy = state[2];

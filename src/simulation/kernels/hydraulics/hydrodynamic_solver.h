@@ -38,10 +38,10 @@ struct EdgeFlux {
 
 /// Hydrostatic reconstruction of one side.
 /// @param zf the higher of the two beds [m]
-inline EdgeState reconstruct(const double* normal, const double* state, double bed, bool wet,
-                             double zf) {
+inline EdgeState reconstruct(const Parameters& par, const double* normal, const double* state,
+                             double bed, bool wet, double zf) {
   const double h = fmax(0.0, state[0] - zf);
-  const bool active = h >= real(ParameterID::MinWaterDepth);
+  const bool active = h >= par.real(ParameterID::MinWaterDepth);
   const double scale = wet ? h / (state[0] - bed) : 0.0;
   const double qn = (state[1] * normal[0] + state[2] * normal[1]) * scale;
   const double qt = (state[2] * normal[0] - state[1] * normal[1]) * scale;
@@ -53,7 +53,7 @@ inline EdgeState reconstruct(const double* normal, const double* state, double b
           inverse_h,
           qn * inverse_h,
           qt * inverse_h,
-          std::sqrt(real(ParameterID::Gravity) * h)};
+          std::sqrt(par.real(ParameterID::Gravity) * h)};
 }
 
 /// The same side seen against the normal.
@@ -68,9 +68,9 @@ inline double waveFactor(const EdgeState& side, double starDepth) {
 }
 
 /// Physical flux of one side, with the pressure against the reference bed zs.
-inline EdgeFlux sideFlux(const EdgeState& side, double surface, double zs) {
+inline EdgeFlux sideFlux(const Parameters& par, const EdgeState& side, double surface, double zs) {
   const double mass = side.h * side.u;
-  const double pressure = real(ParameterID::Gravity) * surface * (0.5 * surface - zs);
+  const double pressure = par.real(ParameterID::Gravity) * surface * (0.5 * surface - zs);
   return {mass, pressure + side.u * mass, side.v * mass};
 }
 
@@ -85,7 +85,7 @@ inline EdgeFlux starFlux(const EdgeState& side, const EdgeFlux& flux, double sur
 
 /// HLLC flux from side L to side R along the normal.
 /// @param zs reference bed of the problem [m]
-inline EdgeFlux hllc(const EdgeState& L, const EdgeState& R, double zs) {
+inline EdgeFlux hllc(const Parameters& par, const EdgeState& L, const EdgeState& R, double zs) {
   const double surfaceL = L.h + zs;
   const double surfaceR = R.h + zs;
   const double r = inverse(L.c + R.c);
@@ -93,9 +93,9 @@ inline EdgeFlux hllc(const EdgeState& L, const EdgeState& R, double zs) {
   const double SL = L.active ? L.u - L.c * waveFactor(L, starDepth) : R.u - 2.0 * R.c;
   const double SR = R.active ? R.u + R.c * waveFactor(R, starDepth) : L.u + 2.0 * L.c;
 
-  const EdgeFlux fluxL = sideFlux(L, surfaceL, zs);
+  const EdgeFlux fluxL = sideFlux(par, L, surfaceL, zs);
   if (SL >= 0.0) return fluxL;
-  const EdgeFlux fluxR = sideFlux(R, surfaceR, zs);
+  const EdgeFlux fluxR = sideFlux(par, R, surfaceR, zs);
   if (SR <= 0.0) return fluxR;
 
   const double dSL = L.u - SL;
@@ -114,10 +114,11 @@ inline EdgeFlux hllc(const EdgeState& L, const EdgeState& R, double zs) {
 /// @param flux out: [0] mass, positive to the right [m2/s]; [1, 2] momentum as it leaves the left
 ///   cell, [3, 4] as it leaves the right cell in that cell's own outward sense [m3/s2]. Both hold
 ///   the bed term of their cell.
-inline void hydrodynamic_solver(const double* normal, const double* stateLeft,
-                                const double* bedLeft, const int* wetLeft, const double* stateRight,
-                                const double* bedRight, const int* wetRight, double* flux) {
-  const double g = real(ParameterID::Gravity);
+inline void hydrodynamic_solver(const Parameters& par, const double* normal,
+                                const double* stateLeft, const double* bedLeft, const int* wetLeft,
+                                const double* stateRight, const double* bedRight,
+                                const int* wetRight, double* flux) {
+  const double g = par.real(ParameterID::Gravity);
   const double nx = normal[0];
   const double ny = normal[1];
   const double HL = stateLeft[0];
@@ -125,11 +126,11 @@ inline void hydrodynamic_solver(const double* normal, const double* stateLeft,
   const double zf = fmax(bedLeft[0], bedRight[0]);
   const bool emerging = HL - zf < 0.0 || HR - zf < 0.0;
 
-  const EdgeState left = reconstruct(normal, stateLeft, bedLeft[0], wetLeft[0] == 1, zf);
-  const EdgeState right = reconstruct(normal, stateRight, bedRight[0], wetRight[0] == 1, zf);
+  const EdgeState left = reconstruct(par, normal, stateLeft, bedLeft[0], wetLeft[0] == 1, zf);
+  const EdgeState right = reconstruct(par, normal, stateRight, bedRight[0], wetRight[0] == 1, zf);
 
   const double zsLeft = zf - fmax(0.0, zf - HL);
-  const EdgeFlux F = hllc(left, right, zsLeft);
+  const EdgeFlux F = hllc(par, left, right, zsLeft);
   const double P =
       F.normal - 0.5 * g * ((left.h + zsLeft) + (right.h + zsLeft)) * (bedLeft[0] - zsLeft);
   flux[0] = F.mass;
@@ -137,7 +138,7 @@ inline void hydrodynamic_solver(const double* normal, const double* stateLeft,
   flux[2] = ny * P + nx * F.tangential;
 
   const double zsRight = zf - fmax(0.0, zf - HR);
-  const EdgeFlux G = emerging ? hllc(mirrored(right), mirrored(left), zsRight) : F;
+  const EdgeFlux G = emerging ? hllc(par, mirrored(right), mirrored(left), zsRight) : F;
   const double P2 =
       G.normal - 0.5 * g * ((left.h + zsRight) + (right.h + zsRight)) * (bedRight[0] - zsRight);
   flux[3] = nx * (-P2) - ny * (-G.tangential);

@@ -11,10 +11,10 @@ namespace kernels::hydraulics {
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]
 /// @param roughness friction value of the cell, in the closure's own unit
 /// @param chezy out: squared Chezy value [-]
-inline void initialize_friction(const double* state, const double* bed, const double* roughness,
-                                double* chezy) {
-  const double depth = fmax(state[0] - bed[0], real(ParameterID::MinWaterDepth));
-  chezy[0] = chezySquared(depth, roughness[0]);
+inline void initialize_friction(const Parameters& par, const double* state, const double* bed,
+                                const double* roughness, double* chezy) {
+  const double depth = fmax(state[0] - bed[0], par.real(ParameterID::MinWaterDepth));
+  chezy[0] = chezySquared(par, depth, roughness[0]);
 }
 
 }  // namespace kernels::hydraulics

@@ -6,11 +6,12 @@
 namespace kernels::hydraulics {
 
 /// Arguments and units as those of hydrodynamic_solver.
-inline void internal_fluxes(const double* normal, const int* wettedLeft, const int* wettedRight,
-                            const double* stateLeft, const double* stateRight,
-                            const double* bedLeft, const double* bedRight, double* flux) {
-  hydrodynamic_solver(normal, stateLeft, bedLeft, wettedLeft, stateRight, bedRight, wettedRight,
-                      flux);
+inline void internal_fluxes(const Parameters& par, const double* normal, const int* wettedLeft,
+                            const int* wettedRight, const double* stateLeft,
+                            const double* stateRight, const double* bedLeft, const double* bedRight,
+                            double* flux) {
+  hydrodynamic_solver(par, normal, stateLeft, bedLeft, wettedLeft, stateRight, bedRight,
+                      wettedRight, flux);
 }
 
 }  // namespace kernels::hydraulics

@@ -33,13 +33,14 @@ inline double sourceHeight(int type, double amount, const double* state, const d
 /// @param wetted out: 1 or 0; left alone where the depth gets negative
 /// @param massKept 0 if the depth of this cell is negative, else 1: each cell replaces the verdict
 ///   of the one before, so the flag tells only about the last cell of the loop
-inline void source(const double* dt, const double* data, const int* type, const double* bed,
-                   double* state, int* wetted, int* massKept) {
+inline void source(const Parameters& par, const Diagnostics& diagnostics, const double* dt,
+                   const double* data, const int* type, const double* bed, double* state,
+                   int* wetted, int* massKept) {
   state[0] = sourceHeight(type[0], data[1] * dt[0], state, bed) + state[0];
 
   const double h = state[0] - bed[0];
-  const bool kept = settle(h, state, wetted);
-  if (!kept) reportMassBalance(h);
+  const bool kept = settle(par, h, state, wetted);
+  if (!kept) diagnostics.negativeDepth(h);
   massKept[0] = kept ? 1 : 0;
 }
 

@@ -7,9 +7,9 @@ namespace kernels::hydraulics {
 
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]; @param normal {nx, ny}
 /// @param flux out: five components as those of hydrodynamic_solver
-inline void wall_fluxes(const double* state, const double* bed, const double* normal,
-                        double* flux) {
-  wallFlux(normal, boundaryCell(normal, state, bed[0]), flux);
+inline void wall_fluxes(const Parameters& par, const double* state, const double* bed,
+                        const double* normal, double* flux) {
+  wallFlux(par, normal, boundaryCell(normal, state, bed[0]), flux);
 }
 
 }  // namespace kernels::hydraulics

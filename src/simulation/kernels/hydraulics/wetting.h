@@ -10,9 +10,9 @@ namespace kernels::hydraulics {
 /// @param h depth after the change [m]; @param state {H, qx, qy} [m, m2/s]
 /// @param wetted out: 1 or 0
 /// @return false if the depth is negative beyond round-off; nothing is changed then
-inline bool settle(double h, double* state, int* wetted) {
+inline bool settle(const Parameters& par, double h, double* state, int* wetted) {
   if (h < -1e-12) return false;
-  if (h > real(ParameterID::MinWaterDepth)) {
+  if (h > par.real(ParameterID::MinWaterDepth)) {
     wetted[0] = 1;
   } else {
     wetted[0] = 0;

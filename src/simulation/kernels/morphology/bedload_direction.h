@@ -27,23 +27,25 @@ struct Direction {
 /// Dimensionless stress of the lateral slope effect. It weighs the grains with 1/g where the
 /// Shields parameter of the bed load formulas has g.
 /// @param q [m2/s]; @param inverse_h [1/m]; @param inverse_C2 1/C^2 [-]; @param d grain size [m]
-inline double lateralStress(double q, double inverse_h, double inverse_C2, double d) {
-  const double weight = real(ParameterID::InvGravity) * real(ParameterID::SedRelDensity) * d;
+inline double lateralStress(const Parameters& par, double q, double inverse_h, double inverse_C2,
+                            double d) {
+  const double weight =
+      par.real(ParameterID::InvGravity) * par.real(ParameterID::SedRelDensity) * d;
   return q * q * inverse_C2 * inverse_h * inverse_h * inverse(weight);
 }
 
 /// Part of the deviation that the bend of the flow causes [-].
 /// @param h depth [m]; @param curvature of the flow [1/m]
-inline double curvatureDeviation(double h, double curvature) {
-  const double on = integer(ParameterID::BedloadInts, 1) == 1 ? 1.0 : 0.0;
-  return real(ParameterID::BedloadCurvature) * h * curvature * on;
+inline double curvatureDeviation(const Parameters& par, double h, double curvature) {
+  const double on = par.integer(ParameterID::BedloadInts, 1) == 1 ? 1.0 : 0.0;
+  return par.real(ParameterID::BedloadCurvature) * h * curvature * on;
 }
 
 /// Part of the deviation that the slope across the flow causes [-]: downslope.
 /// @param slope dz/dn, positive where the bed rises to the left [-]; @param stress lateralStress
-inline double lateralSlopeDeviation(double slope, double stress) {
-  const double on = integer(ParameterID::BedloadInts, 0) == 1 ? 1.0 : 0.0;
-  return -slope * (real(ParameterID::BedloadIkeda) * inverse(std::sqrt(stress))) * on;
+inline double lateralSlopeDeviation(const Parameters& par, double slope, double stress) {
+  const double on = par.integer(ParameterID::BedloadInts, 0) == 1 ? 1.0 : 0.0;
+  return -slope * (par.real(ParameterID::BedloadIkeda) * inverse(std::sqrt(stress))) * on;
 }
 
 /// The flow direction turned by the angle of the given tangent.

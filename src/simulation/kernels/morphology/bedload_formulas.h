@@ -49,10 +49,10 @@ inline double excess(double load, double critical) {
 }
 
 /// Unit of the MPM capacity, A sqrt(s g d^3) [m2/s].
-inline double mpmUnit(double d) {
-  const double g = real(ParameterID::Gravity);
-  const double s = real(ParameterID::SedRelDensity);
-  const double A = real(ParameterID::BedloadCoeff);
+inline double mpmUnit(const Parameters& par, double d) {
+  const double g = par.real(ParameterID::Gravity);
+  const double s = par.real(ParameterID::SedRelDensity);
+  const double A = par.real(ParameterID::BedloadCoeff);
   return A * std::sqrt(d * d * d * g * s);
 }
 
@@ -61,17 +61,17 @@ inline double powerOverBase(double P, double T) {
   return T < TINY ? 0.0 : P / T;
 }
 
-inline BedloadRate grassBedload(const BedloadCell& cell) {
-  const double A = real(ParameterID::BedloadCoeff);
-  const double B = real(ParameterID::BedloadExpon);
+inline BedloadRate grassBedload(const Parameters& par, const BedloadCell& cell) {
+  const double A = par.real(ParameterID::BedloadCoeff);
+  const double B = par.real(ParameterID::BedloadExpon);
   const double T = excess(cell.q * cell.inverse_h, cell.critical);
   const double P = std::pow(T, B);
   return {A * P, A * B * powerOverBase(P, T) * cell.inverse_h};
 }
 
-inline BedloadRate powerLawBedload(const BedloadCell& cell) {
-  const double ig = real(ParameterID::InvGravity);
-  const double s = real(ParameterID::SedRelDensity);
+inline BedloadRate powerLawBedload(const Parameters& par, const BedloadCell& cell) {
+  const double ig = par.real(ParameterID::InvGravity);
+  const double s = par.real(ParameterID::SedRelDensity);
   const double icc = cell.inverse_C2;
   const double ih = cell.inverse_h;
   const double q = cell.q;
@@ -80,27 +80,27 @@ inline BedloadRate powerLawBedload(const BedloadCell& cell) {
   return {Ec * (q * q) * ih * ih * ih * ih * ih, Ec * ((q + q) * ih * ih * ih * ih * ih)};
 }
 
-inline BedloadRate mpmBedload(const BedloadCell& cell) {
-  const double ig = real(ParameterID::InvGravity);
-  const double s = real(ParameterID::SedRelDensity);
-  const double B = real(ParameterID::BedloadExpon);
+inline BedloadRate mpmBedload(const Parameters& par, const BedloadCell& cell) {
+  const double ig = par.real(ParameterID::InvGravity);
+  const double s = par.real(ParameterID::SedRelDensity);
+  const double B = par.real(ParameterID::BedloadExpon);
   const double ih = cell.inverse_h;
   const double q = cell.q;
   const double K1 = cell.inverse_C2 * ig / (s * cell.d);
   const double K2 = (q + q) * ih * ih;
   const double T = excess(q * q * ih * ih * K1, cell.critical);
   const double P = std::pow(T, B);
-  const double A1 = mpmUnit(cell.d);
+  const double A1 = mpmUnit(par, cell.d);
   return {A1 * P, A1 * B * powerOverBase(P, T) * K1 * K2};
 }
 
 /// The formula that BeadloadType names.
-inline BedloadRate bedload(const BedloadCell& cell) {
+inline BedloadRate bedload(const Parameters& par, const BedloadCell& cell) {
   // clang-format off
-  switch (integer(ParameterID::BeadloadType)) {
-    case GRASS_FORM: return grassBedload(cell);
-    case POWER_LAW:  return powerLawBedload(cell);
-    default:         return mpmBedload(cell);
+  switch (par.integer(ParameterID::BeadloadType)) {
+    case GRASS_FORM: return grassBedload(par, cell);
+    case POWER_LAW:  return powerLawBedload(par, cell);
+    default:         return mpmBedload(par, cell);
   }
   // clang-format on
 }

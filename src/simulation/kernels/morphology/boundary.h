@@ -28,8 +28,8 @@ struct BoundaryEdge {
 };
 
 /// From a volume of grains to one of bed, with the calibration factor of the formulas.
-inline double bedVolume(double flux) {
-  return flux * real(ParameterID::InvBedPorosity) * real(ParameterID::BedloadFactor);
+inline double bedVolume(const Parameters& par, double flux) {
+  return flux * par.real(ParameterID::InvBedPorosity) * par.real(ParameterID::BedloadFactor);
 }
 
 /// Conveyance per unit of width at the cell, h sqrt(C h) with C the squared Chezy value.
@@ -50,36 +50,36 @@ inline double lowerTo(const BoundaryEdge& edge) {
 }
 
 /// Code 404: the inflow D[1]. An outflow is never let through.
-inline double givenInflow(const BoundaryEdge& edge) {
+inline double givenInflow(const Parameters& par, const BoundaryEdge& edge) {
   const double v = edge.sign * edge.D[1];
-  return v >= 0.0 ? 0.0 : bedVolume(v);
+  return v >= 0.0 ? 0.0 : bedVolume(par, v);
 }
 
 /// Code 406: D[1] counts per unit of depth.
-inline double givenInflowByDepth(const BoundaryEdge& edge) {
+inline double givenInflowByDepth(const Parameters& par, const BoundaryEdge& edge) {
   const double v = edge.sign * edge.D[1];
-  return v >= 0.0 ? 0.0 : bedVolume(edge.h * v);
+  return v >= 0.0 ? 0.0 : bedVolume(par, edge.h * v);
 }
 
 /// Code 408: D[1] counts per unit of conveyance.
-inline double givenInflowByConveyance(const BoundaryEdge& edge) {
+inline double givenInflowByConveyance(const Parameters& par, const BoundaryEdge& edge) {
   const double v = edge.sign * edge.D[1];
-  return v >= 0.0 ? 0.0 : bedVolume(conveyance(edge) * v);
+  return v >= 0.0 ? 0.0 : bedVolume(par, conveyance(edge) * v);
 }
 
 /// The flux of a type code [m2/s]. Shares of the capacity keep whatever sign they have.
-inline double boundaryFlux(int type, const BoundaryEdge& edge) {
+inline double boundaryFlux(const Parameters& par, int type, const BoundaryEdge& edge) {
   const double* const D = edge.D;
   // clang-format off
   switch (type) {
     case 400: return raiseTo(edge);
     case 402: return lowerTo(edge);
-    case 404: return givenInflow(edge);
-    case 406: return givenInflowByDepth(edge);
-    case 408: return givenInflowByConveyance(edge);
-    case 410: return -bedVolume(D[0]) * D[1];
-    case 412: return edge.h * -bedVolume(D[0]) * D[1];
-    case 414: return -bedVolume(D[0]) * conveyance(edge) * D[1];
+    case 404: return givenInflow(par, edge);
+    case 406: return givenInflowByDepth(par, edge);
+    case 408: return givenInflowByConveyance(par, edge);
+    case 410: return -bedVolume(par, D[0]) * D[1];
+    case 412: return edge.h * -bedVolume(par, D[0]) * D[1];
+    case 414: return -bedVolume(par, D[0]) * conveyance(edge) * D[1];
     default:  return 0.0;
   }
   // clang-format on
@@ -90,10 +90,11 @@ inline double boundaryFlux(int type, const BoundaryEdge& edge) {
 /// @param state {H, qx, qy} [m, m2/s] of the cell; @param bed z of the cell [m]
 /// @param chezy 0 without friction; read by codes 408 and 414
 /// @param area of the cell [m2]; @param flux out [m2/s]
-inline void boundary(const double* dt, const int* type, const double* D, const double* /*normal*/,
-                     const double* length, const double* state, const double* /*stateRight*/,
-                     const double* bed, const double* /*bedRight*/, const double* chezy,
-                     const double* area, const double* /*grainSize*/, double* flux) {
+inline void boundary(const Parameters& par, const double* dt, const int* type, const double* D,
+                     const double* /*normal*/, const double* length, const double* state,
+                     const double* /*stateRight*/, const double* bed, const double* /*bedRight*/,
+                     const double* chezy, const double* area, const double* /*grainSize*/,
+                     double* flux) {
   const BoundaryEdge edge{.sign = static_cast<double>(type[1]),
                           .D = D,
                           .dt = dt[0],
@@ -102,7 +103,7 @@ inline void boundary(const double* dt, const int* type, const double* D, const d
                           .z = bed[0],
                           .h = state[0] - bed[0],
                           .chezy = chezy};
-  flux[0] = boundaryFlux(type[0], edge);
+  flux[0] = boundaryFlux(par, type[0], edge);
 }
 
 }  // namespace kernels::morphology

@@ -8,6 +8,7 @@
 
 #include "simulation/kernels/diagnostics.h"
 #include "simulation/kernels/numeric.h"
+#include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
 
@@ -18,13 +19,14 @@ inline bool leavesCell(int sign, double flux) {
 
 /// Cells are visited in order: where two of them share an edge, the second meets the flux that the
 /// first has scaled.
-/// @param cell number of the cell, null unless G_Debug is set; @param dt time step [s]
+/// @param cell number of the cell, null unless in debug mode; @param dt time step [s]
 /// @param area [m2]; @param bed z [m]; @param fixedBed zf [m]
 /// @param sign 1 if the cell is on the left of the edge, -1 if on the right
 /// @param length lengths of the edges [m]
 /// @param newBed out: z' [m], before the correction
 /// @param flux bed flux per edge [m2/s]; those out of the cell are scaled, the others kept
-inline void fixed_bed_correction(const int* cell, const double* dt, const double* area,
+inline void fixed_bed_correction(const Parameters& par, const Diagnostics& diagnostics,
+                                 const int* cell, const double* dt, const double* area,
                                  const double* bed, const double* fixedBed, const int* sign,
                                  const double* const* length, double* newBed, double* const* flux) {
   double net = 0.0;
@@ -38,7 +40,7 @@ inline void fixed_bed_correction(const int* cell, const double* dt, const double
   newBed[0] = bed[0] - net * r;
   const double overdraft = fixedBed[0] - newBed[0];
   if (!(overdraft > 0.0)) return;
-  reportOverdraft(overdraft, cell);
+  if (par.debug()) diagnostics.overdraft(overdraft, cell[0]);
 
   // A cell without outflow divides by zero and gets f = 0, with nothing to scale.
   const double f = 1.0 - overdraft / (outflow * r);

@@ -21,37 +21,37 @@ inline constexpr int CHEN = 2;
 
 /// NaN where the lateral slope is steeper than the angle of repose.
 /// @param along,across slopes against the flow direction [-]
-inline double criticalShieldsVanRijn(double along, double across) {
-  const double p = real(ParameterID::ReposeAngle);
+inline double criticalShieldsVanRijn(const Parameters& par, double along, double across) {
+  const double p = par.real(ParameterID::ReposeAngle);
   const double itp = inverseOfAbsolute(std::tan(p));
   const double alongFactor =
-      std::sin(std::atan(along) + p) * real(ParameterID::ThetaCritical) / std::sin(p);
+      std::sin(std::atan(along) + p) * par.real(ParameterID::ThetaCritical) / std::sin(p);
   return alongFactor / std::sqrt(across * across + 1.0) *
          std::sqrt(1.0 - across * across * itp * itp);
 }
 
 /// @param along,across slopes against the flow direction [-]
-inline double criticalShieldsChen(double along, double across) {
-  const double tp = std::tan(real(ParameterID::ReposeAngle));
+inline double criticalShieldsChen(const Parameters& par, double along, double across) {
+  const double tp = std::tan(par.real(ParameterID::ReposeAngle));
   const double c = std::cos(1.5707963267948966 - std::atan(along));
   const double X = (tp * tp + 1.0) / (across * across + (along * along + 1.0)) + (c * c - 1.0);
-  return std::pow(X, 0.5) * (real(ParameterID::ThetaCritical) / tp) + c;
+  return std::pow(X, 0.5) * (par.real(ParameterID::ThetaCritical) / tp) + c;
 }
 
 /// A dry cell keeps its value. A wet cell at rest has no flow direction and gets NaN.
 /// @param state {H, qx, qy} [m, m2/s]; @param bed z [m]; @param gradient {dz/dx, dz/dy} [-]
 /// @param critical out: critical Shields parameter of the cell [-]
-inline void local_bed_slope(const double* state, const double* bed, const double* gradient,
-                            double* critical) {
-  if (!(state[0] - bed[0] > real(ParameterID::MinWaterDepth))) return;
+inline void local_bed_slope(const Parameters& par, const double* state, const double* bed,
+                            const double* gradient, double* critical) {
+  if (!(state[0] - bed[0] > par.real(ParameterID::MinWaterDepth))) return;
   const double q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
   const double nx = state[1] / q;
   const double ny = state[2] / q;
   const double along = gradient[0] * nx + gradient[1] * ny;
   const double across = gradient[0] * ny - nx * gradient[1];
-  critical[0] = integer(ParameterID::IncipientMotType) == CHEN
-                    ? criticalShieldsChen(along, across)
-                    : criticalShieldsVanRijn(along, across);
+  critical[0] = par.integer(ParameterID::IncipientMotType) == CHEN
+                    ? criticalShieldsChen(par, along, across)
+                    : criticalShieldsVanRijn(par, along, across);
 }
 
 }  // namespace kernels::morphology

@@ -30,15 +30,16 @@ inline double sourceHeight(int type, double amount, double available) {
 /// @param state {H, qx, qy} [m, m2/s], of which H moves
 /// @param massKept 0 if the bed of this cell is below its fixed bed, else 1: each cell replaces the
 ///   verdict of the one before, so the flag tells only about the last cell of the loop
-inline void source(const double* dt, const double* data, const int* type, double* bed,
-                   const double* fixedBed, double* state, int* massKept) {
+inline void source(const Diagnostics& diagnostics, const double* dt, const double* data,
+                   const int* type, double* bed, const double* fixedBed, double* state,
+                   int* massKept) {
   const double dz = sourceHeight(type[0], data[1] * dt[0], fixedBed[0] - bed[0]);
   bed[0] = bed[0] + dz;
   state[0] = state[0] + dz;
 
   massKept[0] = 1;
   if (bed[0] - fixedBed[0] < -1e-12) {
-    reportFixedBedDeficit(bed[0], fixedBed[0]);
+    diagnostics.belowFixedBed(bed[0], fixedBed[0]);
     massKept[0] = 0;
   }
 }

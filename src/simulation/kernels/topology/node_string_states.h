@@ -23,22 +23,22 @@ namespace kernels::topology {
 
 /// Bed load [m2/s] of an upstream cell, whatever its direction. The Shields parameter is grouped
 /// unlike that of the cells' own transport; the two may differ in the last digit.
-inline double bedloadCapacity(const morphology::BedloadCell& cell) {
+inline double bedloadCapacity(const Parameters& par, const morphology::BedloadCell& cell) {
   // clang-format off
-  switch (integer(ParameterID::BeadloadType)) {
-    case morphology::GRASS_FORM: return morphology::grassBedload(cell).capacity;
-    case morphology::POWER_LAW:  return morphology::powerLawBedload(cell).capacity;
+  switch (par.integer(ParameterID::BeadloadType)) {
+    case morphology::GRASS_FORM: return morphology::grassBedload(par, cell).capacity;
+    case morphology::POWER_LAW:  return morphology::powerLawBedload(par, cell).capacity;
     default:                     break;
   }
   // clang-format on
-  const double ig = real(ParameterID::InvGravity);
-  const double s = real(ParameterID::SedRelDensity);
+  const double ig = par.real(ParameterID::InvGravity);
+  const double s = par.real(ParameterID::SedRelDensity);
   const double q2 = cell.q * cell.q;
   const double ih2 = cell.inverse_h * cell.inverse_h;
   const double theta = (q2 * ih2) * (cell.inverse_C2 * ig) / (s * cell.d);
   const double power =
-      std::pow(morphology::excess(theta, cell.critical), real(ParameterID::BedloadExpon));
-  return morphology::mpmUnit(cell.d) * power;
+      std::pow(morphology::excess(theta, cell.critical), par.real(ParameterID::BedloadExpon));
+  return morphology::mpmUnit(par, cell.d) * power;
 }
 
 /// Arguments per edge come as arrays of `size` pointers, in the order along the nodestring.
@@ -51,15 +51,15 @@ inline double bedloadCapacity(const morphology::BedloadCell& cell) {
 ///   Shields parameter [-] or velocity [m/s], median grain size [m], {H, qx, qy} [m, m2/s], z [m],
 ///   area [m2]
 /// @param result out: the ten values above
-inline void node_string_states(const int* morphology, const int* friction, const int* size,
-                               const int* sign, const double* const* length,
+inline void node_string_states(const Parameters& par, const int* morphology, const int* friction,
+                               const int* size, const int* sign, const double* const* length,
                                const double* const* fluxHy, const double* const* fluxMo,
                                const double* const* chezy, const double* const* critical,
                                const double* const* grainSize, const double* const* state,
                                const double* const* bed, const double* const* area,
                                double* result) {
-  const double hmin = real(ParameterID::MinWaterDepth);
-  const double solid = 1.0 - real(ParameterID::BedPorosity);
+  const double hmin = par.real(ParameterID::MinWaterDepth);
+  const double solid = 1.0 - par.real(ParameterID::BedPorosity);
   double sumHL = 0.0, Q = 0.0, A = 0.0, sumzL = 0.0, Lw = 0.0;
   double V = 0.0, K = 0.0, Qs = 0.0, Cap = 0.0, zmin = 1e12;
 
@@ -83,8 +83,8 @@ inline void node_string_states(const int* morphology, const int* friction, const
     if (friction[0] == 1) K += h * L * std::sqrt(C[0] * h);
     Qs += L * fluxMo[i][0] * sgn * solid;
     const double q = std::sqrt(state[i][1] * state[i][1] + state[i][2] * state[i][2]);
-    Cap += bedloadCapacity({q, inverse(h), morphology::inverseChezy(friction[0], C),
-                            grainSize[i][0], critical[i][0]}) *
+    Cap += bedloadCapacity(par, {q, inverse(h), morphology::inverseChezy(friction[0], C),
+                                 grainSize[i][0], critical[i][0]}) *
            L;
   }
 

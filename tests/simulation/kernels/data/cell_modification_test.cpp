@@ -6,7 +6,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::data::cell_modification), loops::CellDataModification::Body>);

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::data::edge_modification), loops::EdgeDataModification::Body>);
@@ -31,7 +31,7 @@ class EdgeModification : public support::Parameters {
     const std::array<int, 7> info{type, write, read[0], read[1], read[2], read[3], read[4]};
     std::array<double, 10> other{};
     other.fill(std::nan(""));
-    kernels::data::edge_modification(info.data(), string.data(), other.data(), &length,
+    kernels::data::edge_modification(par(), info.data(), string.data(), other.data(), &length,
                                      &lengthOther, &time, memory.data(), record.data());
   }
 

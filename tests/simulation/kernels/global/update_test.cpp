@@ -8,8 +8,9 @@
 #include <string>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/kernels/Notices.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::global::update), loops::Update::Body>);
 
@@ -22,7 +23,7 @@ class Update : public support::Parameters {
  protected:
   Update() { set(ParameterID::MinWaterDepth, 0.25); }
 
-  /// @return what the step printed
+  /// @return what the step has to tell
   std::string step() {
     std::array<const double*, 3> lengths{}, fluxesHy{}, fluxesMo{};
     for (std::size_t k = 0; k < 3; ++k) {
@@ -30,12 +31,12 @@ class Update : public support::Parameters {
       fluxesHy[k] = fluxHy[k].data();
       fluxesMo[k] = &fluxMo[k];
     }
-    ::testing::internal::CaptureStdout();
-    kernels::global::update(&cell, &dt, &morphology, &area, lengths.data(), fluxesHy.data(),
+    support::Notices notices;
+    kernels::global::update(par(), notices.diagnostics(), &cell, &dt, &morphology, &area,
+                            lengths.data(), fluxesHy.data(),
                             morphology == 1 ? fluxesMo.data() : nullptr, sign.data(), state.data(),
                             &bed, &wetted, &massKept);
-    std::fflush(stdout);
-    return ::testing::internal::GetCapturedStdout();
+    return notices.text();
   }
 
   /// Lets the surface fall to the given depth.

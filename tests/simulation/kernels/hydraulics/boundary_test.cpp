@@ -8,8 +8,8 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::hydraulics::boundary), loops::HydBoundaryFluxes::Body>);
@@ -34,8 +34,9 @@ class HydBoundary : public support::Parameters {
   Flux flux(int code, const double* chezyValue) const {
     const std::array<int, 2> type{code, sign};
     Flux result{9.0, 9.0, 9.0, 9.0, 9.0};
-    kernels::hydraulics::boundary(type.data(), D.data(), normal.data(), left.data(), right.data(),
-                                  &bedLeft, &bedRight, chezyValue, &size, result.data());
+    kernels::hydraulics::boundary(par(), type.data(), D.data(), normal.data(), left.data(),
+                                  right.data(), &bedLeft, &bedRight, chezyValue, &size,
+                                  result.data());
     return result;
   }
 
@@ -51,7 +52,7 @@ class HydBoundary : public support::Parameters {
   Flux solved(const std::array<double, 3>& ghost, double ghostBed, int wetGhost) const {
     const int wet = left[0] - bedLeft > 0.25 ? 1 : 0;
     Flux result{};
-    kernels::hydraulics::hydrodynamic_solver(normal.data(), left.data(), &bedLeft, &wet,
+    kernels::hydraulics::hydrodynamic_solver(par(), normal.data(), left.data(), &bedLeft, &wet,
                                              ghost.data(), &ghostBed, &wetGhost, result.data());
     return result;
   }

@@ -37,26 +37,26 @@ TEST_F(BoundaryTypes, aCellIsSeenInTheFrameOfTheEdge) {
 }
 
 TEST_F(BoundaryTypes, pressureIsThatOfTheSurfaceOverTheBed) {
-  EXPECT_EQ(hydraulics::hydrostaticPressure(4.0, 1.0), (2.0 - 1.0) * (4.0 * 8.0));
+  EXPECT_EQ(hydraulics::hydrostaticPressure(par(), 4.0, 1.0), (2.0 - 1.0) * (4.0 * 8.0));
 }
 
 TEST_F(BoundaryTypes, theFroudeNumberIsSpeedOverCelerity) {
-  EXPECT_EQ(hydraulics::froudeNumber(cell(3.0, 3.0, 4.0, 1.0)), 5.0 / (4.0 * 2.0));
+  EXPECT_EQ(hydraulics::froudeNumber(par(), cell(3.0, 3.0, 4.0, 1.0)), 5.0 / (4.0 * 2.0));
 }
 
 TEST_F(BoundaryTypes, theFroudeNumberOfNoDepthIsZero) {
-  EXPECT_EQ(hydraulics::froudeNumber(cell(1.0, 3.0, 4.0, 1.0)), 0.0);
-  EXPECT_EQ(hydraulics::froudeNumber(cell(0.0, 3.0, 4.0, 1.0)), 0.0);
+  EXPECT_EQ(hydraulics::froudeNumber(par(), cell(1.0, 3.0, 4.0, 1.0)), 0.0);
+  EXPECT_EQ(hydraulics::froudeNumber(par(), cell(0.0, 3.0, 4.0, 1.0)), 0.0);
 }
 
 TEST_F(BoundaryTypes, theNormalDepthHasNoSign) {
-  EXPECT_EQ(hydraulics::normalDepth(4.0, 2.0, 0.125), 2.0);
-  EXPECT_EQ(hydraulics::normalDepth(-4.0, 2.0, 0.125), 2.0);
+  EXPECT_EQ(hydraulics::normalDepth(par(), 4.0, 2.0, 0.125), 2.0);
+  EXPECT_EQ(hydraulics::normalDepth(par(), -4.0, 2.0, 0.125), 2.0);
 }
 
 TEST_F(BoundaryTypes, aDepthBelowTheMinimumHasNoInverse) {
-  EXPECT_EQ(hydraulics::inverseWetDepth(0.25), 4.0);
-  EXPECT_EQ(hydraulics::inverseWetDepth(std::nextafter(0.25, 0.0)), 0.0);
+  EXPECT_EQ(hydraulics::inverseWetDepth(par(), 0.25), 4.0);
+  EXPECT_EQ(hydraulics::inverseWetDepth(par(), std::nextafter(0.25, 0.0)), 0.0);
 }
 
 TEST_F(BoundaryTypes, aOneSidedFluxIsTurnedIntoTheAxesAndSparesTheRightCell) {

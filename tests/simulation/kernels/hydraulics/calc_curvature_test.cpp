@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::hydraulics::calc_curvature), loops::CalCCurvature::Body>);
@@ -35,7 +35,7 @@ class CalcCurvature : public support::Parameters {
       beds[k] = &neighbours[k].bed;
     }
     double result = 99.0;
-    kernels::hydraulics::calc_curvature(units.data(), distances.data(), state.data(), &bed,
+    kernels::hydraulics::calc_curvature(par(), units.data(), distances.data(), state.data(), &bed,
                                         states.data(), beds.data(), weight.data(), &result);
     return result;
   }

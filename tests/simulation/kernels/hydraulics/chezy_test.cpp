@@ -20,8 +20,8 @@ class Chezy : public support::Parameters {
 };
 
 TEST_F(Chezy, ManningDividesTwiceByTheValue) {
-  EXPECT_DOUBLE_EQ(chezyManning(8.0, 0.5), 1.0);    // 0.125 * 2 * 2 * 2
-  EXPECT_DOUBLE_EQ(chezyManning(27.0, 0.25), 6.0);  // 0.125 * 3 * 4 * 4
+  EXPECT_DOUBLE_EQ(chezyManning(par(), 8.0, 0.5), 1.0);    // 0.125 * 2 * 2 * 2
+  EXPECT_DOUBLE_EQ(chezyManning(par(), 27.0, 0.25), 6.0);  // 0.125 * 3 * 4 * 4
 }
 
 TEST_F(Chezy, ManningMultipliesByInversesFromLeftToRight) {
@@ -29,7 +29,7 @@ TEST_F(Chezy, ManningMultipliesByInversesFromLeftToRight) {
   volatile double product = 0.125 * std::cbrt(depth);
   product = product * (1.0 / 0.031);
   product = product * (1.0 / 0.031);
-  EXPECT_EQ(chezyManning(depth, 0.031), product);
+  EXPECT_EQ(chezyManning(par(), depth, 0.031), product);
 }
 
 TEST_F(Chezy, StricklerMultipliesFromLeftToRight) {
@@ -37,32 +37,32 @@ TEST_F(Chezy, StricklerMultipliesFromLeftToRight) {
   volatile double product = 0.125 * std::cbrt(depth);
   product = product * 29.2;
   product = product * 29.2;
-  EXPECT_EQ(chezyStrickler(depth, 29.2), product);
+  EXPECT_EQ(chezyStrickler(par(), depth, 29.2), product);
 }
 
 TEST_F(Chezy, ManningWithoutRoughnessIsZero) {
-  EXPECT_EQ(chezyManning(8.0, 0.0), 0.0);
-  EXPECT_EQ(chezyManning(8.0, 9e-13), 0.0);
-  EXPECT_GT(chezyManning(8.0, 1e-12), 0.0);
-  EXPECT_EQ(chezyManning(8.0, -0.5), 0.0);
+  EXPECT_EQ(chezyManning(par(), 8.0, 0.0), 0.0);
+  EXPECT_EQ(chezyManning(par(), 8.0, 9e-13), 0.0);
+  EXPECT_GT(chezyManning(par(), 8.0, 1e-12), 0.0);
+  EXPECT_EQ(chezyManning(par(), 8.0, -0.5), 0.0);
 }
 
 TEST_F(Chezy, StricklerMultipliesTwiceByTheValue) {
-  EXPECT_DOUBLE_EQ(chezyStrickler(8.0, 30.0), 225.0);  // 0.125 * 2 * 30 * 30
-  EXPECT_EQ(chezyStrickler(8.0, 0.0), 0.0);
+  EXPECT_DOUBLE_EQ(chezyStrickler(par(), 8.0, 30.0), 225.0);  // 0.125 * 2 * 30 * 30
+  EXPECT_EQ(chezyStrickler(par(), 8.0, 0.0), 0.0);
 }
 
 TEST_F(Chezy, ManningAndStricklerSeeAtLeastTheMinimumDepth) {
   set(ParameterID::MinWaterDepth, 0.125);
-  EXPECT_DOUBLE_EQ(chezyManning(0.0, 1.0), 0.0625);
-  EXPECT_DOUBLE_EQ(chezyManning(-3.0, 1.0), 0.0625);
-  EXPECT_DOUBLE_EQ(chezyStrickler(0.1, 2.0), 0.25);
-  EXPECT_DOUBLE_EQ(chezyStrickler(-3.0, 2.0), 0.25);
+  EXPECT_DOUBLE_EQ(chezyManning(par(), 0.0, 1.0), 0.0625);
+  EXPECT_DOUBLE_EQ(chezyManning(par(), -3.0, 1.0), 0.0625);
+  EXPECT_DOUBLE_EQ(chezyStrickler(par(), 0.1, 2.0), 0.25);
+  EXPECT_DOUBLE_EQ(chezyStrickler(par(), -3.0, 2.0), 0.25);
 }
 
 TEST_F(Chezy, ANumberBeatsADepthThatIsNone) {
   set(ParameterID::MinWaterDepth, 0.125);
-  EXPECT_DOUBLE_EQ(chezyManning(std::numeric_limits<double>::quiet_NaN(), 1.0), 0.0625);
+  EXPECT_DOUBLE_EQ(chezyManning(par(), std::numeric_limits<double>::quiet_NaN(), 1.0), 0.0625);
 }
 
 TEST_F(Chezy, LogarithmicLawAboveTheRoughness) {
@@ -111,19 +111,19 @@ TEST_F(Chezy, RoughLayerOfNoOrNegativeRelativeDepthIsTheSmallestRow) {
 
 TEST_F(Chezy, FrictionTypeChoosesTheClosure) {
   setInt(ParameterID::FrictionType, 1);
-  EXPECT_EQ(chezySquared(8.0, 0.5), chezyManning(8.0, 0.5));
+  EXPECT_EQ(chezySquared(par(), 8.0, 0.5), chezyManning(par(), 8.0, 0.5));
   setInt(ParameterID::FrictionType, 2);
-  EXPECT_EQ(chezySquared(8.0, 0.5), chezyStrickler(8.0, 0.5));
+  EXPECT_EQ(chezySquared(par(), 8.0, 0.5), chezyStrickler(par(), 8.0, 0.5));
   setInt(ParameterID::FrictionType, 3);
-  EXPECT_EQ(chezySquared(8.0, 0.5), chezyLogarithmic(8.0, 0.5));
+  EXPECT_EQ(chezySquared(par(), 8.0, 0.5), chezyLogarithmic(8.0, 0.5));
   setInt(ParameterID::FrictionType, 4);
-  EXPECT_EQ(chezySquared(8.0, 0.5), chezyRoughLayer(8.0, 0.5));
+  EXPECT_EQ(chezySquared(par(), 8.0, 0.5), chezyRoughLayer(8.0, 0.5));
 }
 
 TEST_F(Chezy, UnknownFrictionTypeGivesZero) {
   for (const int type : {-1, 0, 5, 100}) {
     setInt(ParameterID::FrictionType, type);
-    EXPECT_EQ(chezySquared(8.0, 0.5), 0.0) << type;
+    EXPECT_EQ(chezySquared(par(), 8.0, 0.5), 0.0) << type;
   }
 }
 

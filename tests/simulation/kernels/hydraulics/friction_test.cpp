@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::friction), loops::HydFriction::Body>);
 
@@ -24,7 +24,7 @@ class Friction : public support::Parameters {
   /// Runs one step over a bed at 0.
   void step(double dt, double roughness) {
     const double bed = 0.0;
-    kernels::hydraulics::friction(&dt, &bed, &roughness, &chezy, state.data());
+    kernels::hydraulics::friction(par(), &dt, &bed, &roughness, &chezy, state.data());
   }
 
   std::array<double, 3> state{8.0, 0.0, 0.0};

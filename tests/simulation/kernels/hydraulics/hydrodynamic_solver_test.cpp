@@ -33,8 +33,8 @@ class HydrodynamicSolver : public support::Parameters {
     const std::array<double, 3> stateLeft{left.H, left.qx, left.qy};
     const std::array<double, 3> stateRight{right.H, right.qx, right.qy};
     Flux result{9.0, 9.0, 9.0, 9.0, 9.0};
-    kernels::hydraulics::hydrodynamic_solver(normal.data(), stateLeft.data(), &left.z, &left.wet,
-                                             stateRight.data(), &right.z, &right.wet,
+    kernels::hydraulics::hydrodynamic_solver(par(), normal.data(), stateLeft.data(), &left.z,
+                                             &left.wet, stateRight.data(), &right.z, &right.wet,
                                              result.data());
     return result;
   }

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::initialize_cell_features),
                              loops::InitCellHydFeatures::Body>);
@@ -21,7 +21,7 @@ class InitializeHydCellFeatures : public support::Parameters {
   static int wettedAt(double surface, double bed) {
     const std::array<double, 3> state{surface, 3.0, -4.0};
     int wetted = 9;
-    kernels::hydraulics::initialize_cell_features(state.data(), &bed, &wetted);
+    kernels::hydraulics::initialize_cell_features(par(), state.data(), &bed, &wetted);
     return wetted;
   }
 };

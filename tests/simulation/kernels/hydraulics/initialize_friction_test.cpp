@@ -5,8 +5,8 @@
 #include <array>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::initialize_friction),
                              loops::InitFrictionFeatures::Body>);
@@ -25,7 +25,7 @@ class InitializeFriction : public support::Parameters {
     const std::array<double, 3> state{2.0 + depth, 7.0, -7.0};
     const double bed = 2.0;
     double result = -1.0;
-    kernels::hydraulics::initialize_friction(state.data(), &bed, &roughness, &result);
+    kernels::hydraulics::initialize_friction(par(), state.data(), &bed, &roughness, &result);
     return result;
   }
 };

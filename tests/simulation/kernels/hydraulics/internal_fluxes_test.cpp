@@ -5,8 +5,8 @@
 #include <array>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::hydraulics::internal_fluxes), loops::HydInternalFluxes::Body>);
@@ -26,10 +26,11 @@ TEST_F(InternalFluxes, areThoseOfTheSolverForTheTwoCells) {
   for (const int wetLeft : {0, 1}) {
     for (const int wetRight : {0, 1}) {
       std::array<double, 5> expected{};
-      kernels::hydraulics::hydrodynamic_solver(normal.data(), left.data(), &bedLeft, &wetLeft,
-                                               right.data(), &bedRight, &wetRight, expected.data());
+      kernels::hydraulics::hydrodynamic_solver(par(), normal.data(), left.data(), &bedLeft,
+                                               &wetLeft, right.data(), &bedRight, &wetRight,
+                                               expected.data());
       std::array<double, 5> flux{};
-      kernels::hydraulics::internal_fluxes(normal.data(), &wetLeft, &wetRight, left.data(),
+      kernels::hydraulics::internal_fluxes(par(), normal.data(), &wetLeft, &wetRight, left.data(),
                                            right.data(), &bedLeft, &bedRight, flux.data());
       EXPECT_EQ(flux, expected) << wetLeft << wetRight;
     }

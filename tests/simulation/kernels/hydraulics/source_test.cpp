@@ -7,8 +7,9 @@
 #include <string>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/kernels/Notices.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::source), loops::HydSource::Body>);
 
@@ -18,12 +19,13 @@ class HydraulicSource : public support::Parameters {
  protected:
   HydraulicSource() { set(ParameterID::MinWaterDepth, 0.25); }
 
-  /// Runs one element over a bed at 1; returns what it prints.
+  /// Runs one element over a bed at 1; returns what it has to tell.
   std::string add(int type, double rate, double dt = 1.0, double bed = 1.0) {
     const std::array<double, 2> data{1e30, rate};
-    ::testing::internal::CaptureStdout();
-    kernels::hydraulics::source(&dt, data.data(), &type, &bed, state.data(), &wetted, &massKept);
-    return ::testing::internal::GetCapturedStdout();
+    support::Notices notices;
+    kernels::hydraulics::source(par(), notices.diagnostics(), &dt, data.data(), &type, &bed,
+                                state.data(), &wetted, &massKept);
+    return notices.text();
   }
 
   void start(double H) {

@@ -7,8 +7,8 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::hydraulics::time_step), loops::TimeStepCalculation::Body>);
@@ -22,7 +22,7 @@ class TimeStep : public support::Parameters {
 
   double bound() { return bound(100.0); }
   double bound(double lowest) {
-    kernels::hydraulics::time_step(normal.data(), size.data(), &wettedLeft, &wettedRight,
+    kernels::hydraulics::time_step(par(), normal.data(), size.data(), &wettedLeft, &wettedRight,
                                    left.data(), right.data(), &bedLeft, &bedRight, &lowest);
     return lowest;
   }

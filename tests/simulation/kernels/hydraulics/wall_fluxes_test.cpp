@@ -5,9 +5,9 @@
 #include <array>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/hydraulics/hydrodynamic_solver.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::hydraulics::wall_fluxes), loops::HydWallBFluxes::Body>);
@@ -25,7 +25,7 @@ class WallFluxes : public support::Parameters {
 
   Flux flux() const {
     Flux result{9.0, 9.0, 9.0, 9.0, 9.0};
-    kernels::hydraulics::wall_fluxes(state.data(), &bed, normal.data(), result.data());
+    kernels::hydraulics::wall_fluxes(par(), state.data(), &bed, normal.data(), result.data());
     return result;
   }
 
@@ -54,8 +54,8 @@ TEST_F(WallFluxes, balanceTheInnerEdgesOfALakeAtRest) {
   const int wet = 1;
   const double otherBed = 2.0;
   Flux inner{};
-  kernels::hydraulics::hydrodynamic_solver(normal.data(), state.data(), &bed, &wet, state.data(),
-                                           &otherBed, &wet, inner.data());
+  kernels::hydraulics::hydrodynamic_solver(par(), normal.data(), state.data(), &bed, &wet,
+                                           state.data(), &otherBed, &wet, inner.data());
   EXPECT_EQ(inner[0], 0.0);
   EXPECT_EQ(inner[1], flux()[1]);
   EXPECT_EQ(inner[2], flux()[2]);

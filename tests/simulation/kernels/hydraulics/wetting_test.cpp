@@ -19,24 +19,24 @@ class Wetting : public support::Parameters {
 };
 
 TEST_F(Wetting, aCellAboveTheMinimumIsWetAndKeepsItsMotion) {
-  EXPECT_TRUE(settle(0.011, state.data(), &wetted));
+  EXPECT_TRUE(settle(par(), 0.011, state.data(), &wetted));
   EXPECT_EQ(wetted, 1);
   EXPECT_EQ(state, (std::array<double, 3>{1.0, 2.0, 3.0}));
 }
 
 TEST_F(Wetting, aCellAtTheMinimumIsDryAndKeepsItsWaterOnly) {
-  EXPECT_TRUE(settle(0.01, state.data(), &wetted));
+  EXPECT_TRUE(settle(par(), 0.01, state.data(), &wetted));
   EXPECT_EQ(wetted, 0);
   EXPECT_EQ(state, (std::array<double, 3>{1.0, 0.0, 0.0}));
 }
 
 TEST_F(Wetting, roundOffBelowTheBedIsDry) {
-  EXPECT_TRUE(settle(-1e-12, state.data(), &wetted));
+  EXPECT_TRUE(settle(par(), -1e-12, state.data(), &wetted));
   EXPECT_EQ(wetted, 0);
 }
 
 TEST_F(Wetting, aNegativeDepthLeavesTheCellAlone) {
-  EXPECT_FALSE(settle(-1.1e-12, state.data(), &wetted));
+  EXPECT_FALSE(settle(par(), -1.1e-12, state.data(), &wetted));
   EXPECT_EQ(wetted, 7);
   EXPECT_EQ(state, (std::array<double, 3>{1.0, 2.0, 3.0}));
 }

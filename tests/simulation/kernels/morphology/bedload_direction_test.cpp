@@ -26,40 +26,40 @@ TEST_F(MorBedloadDirection, lateralStressWeighsWithTheInverseOfGravity) {
   set(ParameterID::Gravity, 1e9);
   set(ParameterID::InvGravity, 0.5);
   set(ParameterID::SedRelDensity, 4.0);
-  EXPECT_EQ(lateralStress(4.0, 0.5, 0.25, 0.125), 4.0);  // 16 * 0.25 * 0.25 / 0.25
+  EXPECT_EQ(lateralStress(par(), 4.0, 0.5, 0.25, 0.125), 4.0);  // 16 * 0.25 * 0.25 / 0.25
 }
 
 TEST_F(MorBedloadDirection, lateralStressIsZeroOnlyForAWeightBelowTheTolerance) {
   set(ParameterID::InvGravity, 1.0);
   set(ParameterID::SedRelDensity, 1.0);
-  EXPECT_DOUBLE_EQ(lateralStress(1.0, 1.0, 1.0, 1e-12), 1e12);
-  EXPECT_EQ(lateralStress(1.0, 1.0, 1.0, std::nextafter(1e-12, 0.0)), 0.0);
+  EXPECT_DOUBLE_EQ(lateralStress(par(), 1.0, 1.0, 1.0, 1e-12), 1e12);
+  EXPECT_EQ(lateralStress(par(), 1.0, 1.0, 1.0, std::nextafter(1e-12, 0.0)), 0.0);
 }
 
 TEST_F(MorBedloadDirection, lateralStressRoundsInOrder) {
   set(ParameterID::InvGravity, 1.0 / 9.81);
   set(ParameterID::SedRelDensity, 1.65);
-  EXPECT_EQ(lateralStress(0.73, 1.0 / 0.37, 1.0 / 83.7, 0.0123), 22.480023755886553);
+  EXPECT_EQ(lateralStress(par(), 0.73, 1.0 / 0.37, 1.0 / 83.7, 0.0123), 22.480023755886553);
 }
 
 TEST_F(MorBedloadDirection, curvatureDeviatesByDepthOverRadius) {
   set(ParameterID::BedloadCurvature, 8.0);
-  EXPECT_EQ(curvatureDeviation(0.5, 0.125), 0.5);
-  EXPECT_EQ(curvatureDeviation(0.5, -0.125), -0.5);
+  EXPECT_EQ(curvatureDeviation(par(), 0.5, 0.125), 0.5);
+  EXPECT_EQ(curvatureDeviation(par(), 0.5, -0.125), -0.5);
 }
 
 TEST_F(MorBedloadDirection, curvatureCountsOnlyIfItsSwitchIsOne) {
   set(ParameterID::BedloadCurvature, 8.0);
   for (const int value : {0, 2, -1}) {
     setInt(ParameterID::BedloadInts, 1, value);
-    EXPECT_EQ(curvatureDeviation(0.5, 0.125), 0.0) << value;
+    EXPECT_EQ(curvatureDeviation(par(), 0.5, 0.125), 0.0) << value;
   }
 }
 
 TEST_F(MorBedloadDirection, lateralSlopeDeviatesDownslope) {
   set(ParameterID::BedloadIkeda, 0.5);
-  EXPECT_EQ(lateralSlopeDeviation(0.25, 4.0), -0.0625);
-  EXPECT_EQ(lateralSlopeDeviation(-0.25, 4.0), 0.0625);
+  EXPECT_EQ(lateralSlopeDeviation(par(), 0.25, 4.0), -0.0625);
+  EXPECT_EQ(lateralSlopeDeviation(par(), -0.25, 4.0), 0.0625);
 }
 
 /// The formula is f / sqrt(t) times the slope, with the Shields parameter t.
@@ -73,31 +73,31 @@ TEST_F(MorBedloadDirection, lateralSlopeTakesTheFactorOfTheLiteratureTimesGravit
   const double grainSize = 0.004;
   const double shields =
       q * q / (depth * depth) / chezySquared / (1.65 * 9.81 * grainSize);  // 0.148
-  const double stress = lateralStress(q, 1.0 / depth, 1.0 / chezySquared, grainSize);
-  EXPECT_NEAR(lateralSlopeDeviation(0.02, stress), -0.5 / std::sqrt(shields) * 0.02, 1e-15);
+  const double stress = lateralStress(par(), q, 1.0 / depth, 1.0 / chezySquared, grainSize);
+  EXPECT_NEAR(lateralSlopeDeviation(par(), 0.02, stress), -0.5 / std::sqrt(shields) * 0.02, 1e-15);
 }
 
 TEST_F(MorBedloadDirection, lateralSlopeCountsOnlyIfItsSwitchIsOne) {
   set(ParameterID::BedloadIkeda, 0.5);
   for (const int value : {0, 2, -1}) {
     setInt(ParameterID::BedloadInts, 0, value);
-    EXPECT_EQ(lateralSlopeDeviation(0.25, 4.0), 0.0) << value;
+    EXPECT_EQ(lateralSlopeDeviation(par(), 0.25, 4.0), 0.0) << value;
   }
 }
 
 TEST_F(MorBedloadDirection, lateralSlopeIsZeroOnlyForARootOfTheStressBelowTheTolerance) {
   set(ParameterID::BedloadIkeda, 0.5);
   ASSERT_EQ(std::sqrt(1e-24), 1e-12);
-  EXPECT_DOUBLE_EQ(lateralSlopeDeviation(0.25, 1e-24), -0.125e12);
-  EXPECT_EQ(lateralSlopeDeviation(0.25, 0.99e-24), 0.0);
-  EXPECT_EQ(lateralSlopeDeviation(0.25, 0.0), 0.0);
+  EXPECT_DOUBLE_EQ(lateralSlopeDeviation(par(), 0.25, 1e-24), -0.125e12);
+  EXPECT_EQ(lateralSlopeDeviation(par(), 0.25, 0.99e-24), 0.0);
+  EXPECT_EQ(lateralSlopeDeviation(par(), 0.25, 0.0), 0.0);
 }
 
 TEST_F(MorBedloadDirection, deviationsRoundInOrder) {
   set(ParameterID::BedloadCurvature, 7.0);
   set(ParameterID::BedloadIkeda, 0.4);
-  EXPECT_EQ(curvatureDeviation(0.94, -0.0374), -0.24609200000000003);
-  EXPECT_EQ(lateralSlopeDeviation(-0.152, 19.35), 0.013821751946601596);
+  EXPECT_EQ(curvatureDeviation(par(), 0.94, -0.0374), -0.24609200000000003);
+  EXPECT_EQ(lateralSlopeDeviation(par(), -0.152, 19.35), 0.013821751946601596);
 }
 
 TEST_F(MorBedloadDirection, aTangentOfZeroKeepsTheFlowDirection) {

@@ -51,7 +51,7 @@ TEST_F(MorBedloadFormulas, inverseChezyIsZeroOnlyBelowTheTolerance) {
 
 TEST_F(MorBedloadFormulas, grassIsAPowerOfTheExcessVelocity) {
   setPower(2.0, 2.0);
-  const BedloadRate rate = grassBedload({2.0, 0.5, NaN, NaN, 0.5});
+  const BedloadRate rate = grassBedload(par(), {2.0, 0.5, NaN, NaN, 0.5});
   EXPECT_EQ(rate.capacity, 0.5);    // 2 * 0.5^2
   EXPECT_EQ(rate.derivative, 1.0);  // 2 * 2 * 0.5 * 0.5
 }
@@ -59,8 +59,8 @@ TEST_F(MorBedloadFormulas, grassIsAPowerOfTheExcessVelocity) {
 TEST_F(MorBedloadFormulas, grassIsZeroAtAndBelowTheThreshold) {
   for (const double B : {0.5, 1.0, 1.5, 3.0}) {
     setPower(2.0, B);
-    EXPECT_EQ(grassBedload({1.0, 0.5, NaN, NaN, 0.5}).capacity, 0.0) << B;
-    EXPECT_EQ(grassBedload({1.0, 0.5, NaN, NaN, 0.75}).capacity, 0.0) << B;
+    EXPECT_EQ(grassBedload(par(), {1.0, 0.5, NaN, NaN, 0.5}).capacity, 0.0) << B;
+    EXPECT_EQ(grassBedload(par(), {1.0, 0.5, NaN, NaN, 0.75}).capacity, 0.0) << B;
   }
 }
 
@@ -68,25 +68,25 @@ TEST_F(MorBedloadFormulas, derivativesAreZeroAtTheThresholdForEveryExponent) {
   setSediment(1.0, 1.0, 1.0);
   for (const double B : {-1.0, 0.0, 0.5, 1.0, 3.0}) {
     setPower(2.0, B);
-    EXPECT_EQ(grassBedload({1.0, 0.5, NaN, NaN, 0.5}).derivative, 0.0) << B;
-    EXPECT_EQ(mpmBedload({1.0, 1.0, 1.0, 1.0, 1.0}).derivative, 0.0) << B;
+    EXPECT_EQ(grassBedload(par(), {1.0, 0.5, NaN, NaN, 0.5}).derivative, 0.0) << B;
+    EXPECT_EQ(mpmBedload(par(), {1.0, 1.0, 1.0, 1.0, 1.0}).derivative, 0.0) << B;
   }
 }
 
 TEST_F(MorBedloadFormulas, derivativesAreNotCappedJustAboveTheThreshold) {
   setPower(2.0, 0.5);
-  EXPECT_DOUBLE_EQ(grassBedload({4e-12, 1.0, NaN, NaN, 0.0}).derivative, 5e5);
-  EXPECT_DOUBLE_EQ(grassBedload({1e-12, 1.0, NaN, NaN, 0.0}).derivative, 1e6);
+  EXPECT_DOUBLE_EQ(grassBedload(par(), {4e-12, 1.0, NaN, NaN, 0.0}).derivative, 5e5);
+  EXPECT_DOUBLE_EQ(grassBedload(par(), {1e-12, 1.0, NaN, NaN, 0.0}).derivative, 1e6);
   const double below = std::nextafter(1e-12, 0.0);
-  EXPECT_EQ(grassBedload({below, 1.0, NaN, NaN, 0.0}).derivative, 0.0);
-  EXPECT_GT(grassBedload({below, 1.0, NaN, NaN, 0.0}).capacity, 0.0);
+  EXPECT_EQ(grassBedload(par(), {below, 1.0, NaN, NaN, 0.0}).derivative, 0.0);
+  EXPECT_GT(grassBedload(par(), {below, 1.0, NaN, NaN, 0.0}).capacity, 0.0);
 }
 
 TEST_F(MorBedloadFormulas, aCriticalValueThatIsNoNumberStopsTheTransport) {
   setPower(2.0, 1.5);
   setSediment(1.0, 1.0, 1.0);
-  for (const BedloadRate rate :
-       {grassBedload({3.0, 1.0, 1.0, 1.0, NaN}), mpmBedload({3.0, 1.0, 1.0, 1.0, NaN})}) {
+  for (const BedloadRate rate : {grassBedload(par(), {3.0, 1.0, 1.0, 1.0, NaN}),
+                                 mpmBedload(par(), {3.0, 1.0, 1.0, 1.0, NaN})}) {
     EXPECT_EQ(rate.capacity, 0.0);
     EXPECT_EQ(rate.derivative, 0.0);
   }
@@ -95,31 +95,31 @@ TEST_F(MorBedloadFormulas, aCriticalValueThatIsNoNumberStopsTheTransport) {
 TEST_F(MorBedloadFormulas, powerLawIsQuadraticInTheDischarge) {
   setSediment(NaN, 2.0, 4.0);
   // E = 2 * (0.05 * 2) * sqrt(4) / 0.5 = 0.8, Ec = 0.25 * 0.8 * 0.5 = 0.1
-  const BedloadRate rate = powerLawBedload({2.0, 0.5, 0.25, 0.5, NaN});
+  const BedloadRate rate = powerLawBedload(par(), {2.0, 0.5, 0.25, 0.5, NaN});
   EXPECT_DOUBLE_EQ(rate.capacity, 0.1 * 4.0 / 32.0);
   EXPECT_DOUBLE_EQ(rate.derivative, 0.1 * 4.0 / 32.0);
-  EXPECT_DOUBLE_EQ(powerLawBedload({4.0, 0.5, 0.25, 0.5, NaN}).capacity, 0.1 * 16.0 / 32.0);
+  EXPECT_DOUBLE_EQ(powerLawBedload(par(), {4.0, 0.5, 0.25, 0.5, NaN}).capacity, 0.1 * 16.0 / 32.0);
 }
 
 TEST_F(MorBedloadFormulas, powerLawUsesNeitherThresholdNorCoefficients) {
   setSediment(NaN, 2.0, 4.0);
   setPower(NaN, NaN);
-  EXPECT_GT(powerLawBedload({2.0, 0.5, 0.25, 0.5, 1e9}).capacity, 0.0);
+  EXPECT_GT(powerLawBedload(par(), {2.0, 0.5, 0.25, 0.5, 1e9}).capacity, 0.0);
 }
 
 TEST_F(MorBedloadFormulas, powerLawIsZeroOnlyForGrainsBelowTheTolerance) {
   setSediment(NaN, 2.0, 4.0);
-  EXPECT_GT(powerLawBedload({2.0, 0.5, 0.25, 1e-12, NaN}).capacity, 0.0);
+  EXPECT_GT(powerLawBedload(par(), {2.0, 0.5, 0.25, 1e-12, NaN}).capacity, 0.0);
   const double below = std::nextafter(1e-12, 0.0);
-  EXPECT_EQ(powerLawBedload({2.0, 0.5, 0.25, below, NaN}).capacity, 0.0);
-  EXPECT_EQ(powerLawBedload({2.0, 0.5, 0.25, below, NaN}).derivative, 0.0);
+  EXPECT_EQ(powerLawBedload(par(), {2.0, 0.5, 0.25, below, NaN}).capacity, 0.0);
+  EXPECT_EQ(powerLawBedload(par(), {2.0, 0.5, 0.25, below, NaN}).derivative, 0.0);
 }
 
 TEST_F(MorBedloadFormulas, mpmIsAPowerOfTheExcessStress) {
   setSediment(2.0, 0.5, 2.0);
   setPower(3.0, 2.0);
   // E = sqrt(1 * 2 * 2) = 2, K1 = 0.5 * 0.5 / 2 = 0.125, t = 16 * 0.125 = 2, K2 = 8
-  const BedloadRate rate = mpmBedload({4.0, 1.0, 0.5, 1.0, 0.5});
+  const BedloadRate rate = mpmBedload(par(), {4.0, 1.0, 0.5, 1.0, 0.5});
   EXPECT_EQ(rate.capacity, 13.5);    // 3 * 2 * 1.5^2
   EXPECT_EQ(rate.derivative, 18.0);  // 3 * 2 * 2 * 1.5 * 0.125 * 8
 }
@@ -128,15 +128,15 @@ TEST_F(MorBedloadFormulas, mpmIsZeroAtAndBelowTheThreshold) {
   setSediment(1.0, 1.0, 1.0);
   for (const double B : {0.5, 1.0, 1.5, 3.0}) {
     setPower(2.0, B);
-    EXPECT_EQ(mpmBedload({1.0, 1.0, 1.0, 1.0, 1.0}).capacity, 0.0) << B;
-    EXPECT_EQ(mpmBedload({1.0, 1.0, 1.0, 1.0, 2.0}).capacity, 0.0) << B;
+    EXPECT_EQ(mpmBedload(par(), {1.0, 1.0, 1.0, 1.0, 1.0}).capacity, 0.0) << B;
+    EXPECT_EQ(mpmBedload(par(), {1.0, 1.0, 1.0, 1.0, 2.0}).capacity, 0.0) << B;
   }
 }
 
 TEST_F(MorBedloadFormulas, mpmVanishesWithoutFriction) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(8.0, 1.5);
-  const BedloadRate rate = mpmBedload({5.0, 1.0, inverseChezy(0, nullptr), 0.01, 0.047});
+  const BedloadRate rate = mpmBedload(par(), {5.0, 1.0, inverseChezy(0, nullptr), 0.01, 0.047});
   EXPECT_EQ(rate.capacity, 0.0);
   EXPECT_EQ(rate.derivative, 0.0);
 }
@@ -144,14 +144,15 @@ TEST_F(MorBedloadFormulas, mpmVanishesWithoutFriction) {
 TEST_F(MorBedloadFormulas, mpmIsNotGuardedAgainstGrainsWithoutSize) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(8.0, 1.5);
-  EXPECT_TRUE(std::isnan(mpmBedload({5.0, 1.0, 0.01, 0.0, 0.047}).capacity));
+  EXPECT_TRUE(std::isnan(mpmBedload(par(), {5.0, 1.0, 0.01, 0.0, 0.047}).capacity));
 }
 
 TEST_F(MorBedloadFormulas, allAreZeroWithoutDepth) {
   setSediment(1.0, 1.0, 1.0);
   setPower(2.0, 1.5);
   const BedloadCell cell{3.0, 0.0, 1.0, 1.0, 0.047};
-  for (const BedloadRate rate : {grassBedload(cell), powerLawBedload(cell), mpmBedload(cell)}) {
+  for (const BedloadRate rate :
+       {grassBedload(par(), cell), powerLawBedload(par(), cell), mpmBedload(par(), cell)}) {
     EXPECT_EQ(rate.capacity, 0.0);
     EXPECT_EQ(rate.derivative, 0.0);
   }
@@ -159,7 +160,7 @@ TEST_F(MorBedloadFormulas, allAreZeroWithoutDepth) {
 
 TEST_F(MorBedloadFormulas, grassMovesWithoutDepthBelowANegativeThreshold) {
   setPower(2.0, 1.0);
-  EXPECT_EQ(grassBedload({3.0, 0.0, 1.0, 1.0, -0.5}).capacity, 1.0);
+  EXPECT_EQ(grassBedload(par(), {3.0, 0.0, 1.0, 1.0, -0.5}).capacity, 1.0);
 }
 
 TEST_F(MorBedloadFormulas, derivativesAreThoseOfTheCapacities) {
@@ -169,24 +170,24 @@ TEST_F(MorBedloadFormulas, derivativesAreThoseOfTheCapacities) {
   const double step = 1e-6;
   for (auto* const formula : {grassBedload, powerLawBedload, mpmBedload}) {
     const auto capacity = [formula](double discharge) {
-      return formula({discharge, 1.25, 0.02, 0.01, 0.05}).capacity;
+      return formula(par(), {discharge, 1.25, 0.02, 0.01, 0.05}).capacity;
     };
     const double slope = (capacity(q + step) - capacity(q - step)) / (2.0 * step);
-    EXPECT_NEAR(formula({q, 1.25, 0.02, 0.01, 0.05}).derivative, slope, 1e-6 * slope);
+    EXPECT_NEAR(formula(par(), {q, 1.25, 0.02, 0.01, 0.05}).derivative, slope, 1e-6 * slope);
   }
 }
 
 TEST_F(MorBedloadFormulas, roundInOrder) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(0.0037, 1.0);
-  const BedloadRate grass = grassBedload({0.73, 1.0 / 0.37, NaN, NaN, 0.21});
+  const BedloadRate grass = grassBedload(par(), {0.73, 1.0 / 0.37, NaN, NaN, 0.21});
   EXPECT_EQ(grass.capacity, 0.0065230000000000002);
   EXPECT_EQ(grass.derivative, 0.01);
-  const BedloadRate power = powerLawBedload({0.73, 1.0 / 0.37, 1.0 / 83.7, 0.0123, NaN});
+  const BedloadRate power = powerLawBedload(par(), {0.73, 1.0 / 0.37, 1.0 / 83.7, 0.0123, NaN});
   EXPECT_EQ(power.capacity, 0.0054452492410258704);
   EXPECT_EQ(power.derivative, 0.014918491071303754);
   setPower(7.72, 1.0);
-  const BedloadRate mpm = mpmBedload({0.98, 1.0 / 0.93, 1.0 / 52.9, 0.0197, 0.047});
+  const BedloadRate mpm = mpmBedload(par(), {0.98, 1.0 / 0.93, 1.0 / 52.9, 0.0197, 0.047});
   EXPECT_EQ(mpm.capacity, 0.0016169623446696427);
   EXPECT_EQ(mpm.derivative, 0.01153741301765839);
 }
@@ -196,12 +197,12 @@ TEST_F(MorBedloadFormulas, areChosenByTheType) {
   setPower(4.0, 1.5);
   const BedloadCell cell{2.0, 1.25, 0.02, 0.01, 0.05};
   setInt(ParameterID::BeadloadType, 3);
-  EXPECT_EQ(bedload(cell).capacity, grassBedload(cell).capacity);
+  EXPECT_EQ(bedload(par(), cell).capacity, grassBedload(par(), cell).capacity);
   setInt(ParameterID::BeadloadType, 4);
-  EXPECT_EQ(bedload(cell).capacity, powerLawBedload(cell).capacity);
+  EXPECT_EQ(bedload(par(), cell).capacity, powerLawBedload(par(), cell).capacity);
   for (const int type : {-1, 0, 1, 2, 5}) {
     setInt(ParameterID::BeadloadType, type);
-    EXPECT_EQ(bedload(cell).capacity, mpmBedload(cell).capacity) << type;
+    EXPECT_EQ(bedload(par(), cell).capacity, mpmBedload(par(), cell).capacity) << type;
   }
 }
 

@@ -8,8 +8,8 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::morphology::boundary), loops::MorBoundaryFluxes::Body>);
@@ -41,7 +41,7 @@ class MorBoundary : public support::Parameters {
     const std::array<double, 3> state{surface, NOTHING, NOTHING};
     double result = 99.0;
     // What the body does not need is not there.
-    kernels::morphology::boundary(&dt, type.data(), D.data(), nullptr, &length, state.data(),
+    kernels::morphology::boundary(par(), &dt, type.data(), D.data(), nullptr, &length, state.data(),
                                   nullptr, &bed, nullptr, chezyValue, &area, nullptr, &result);
     return result;
   }

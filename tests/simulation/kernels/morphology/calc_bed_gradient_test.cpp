@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::morphology::calc_bed_gradient), loops::CalcBedGradient::Body>);

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::calc_bedload_transport),
                              loops::MorBedloadTransport::Body>);
@@ -45,7 +45,7 @@ class MorCalcBedloadTransport : public support::Parameters {
 
   void run() { run(&chezy); }
   void run(const double* chezyValue) {
-    kernels::morphology::calc_bedload_transport(&friction, state.data(), &bed, chezyValue,
+    kernels::morphology::calc_bedload_transport(par(), &friction, state.data(), &bed, chezyValue,
                                                 &grainSize, &critical, gradient.data(), &curvature,
                                                 capacity.data(), derivative.data());
   }

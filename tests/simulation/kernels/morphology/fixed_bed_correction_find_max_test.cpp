@@ -5,7 +5,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::fixed_bed_correction_find_max),
                              loops::MorFixBedCorrectionMax::Body>);

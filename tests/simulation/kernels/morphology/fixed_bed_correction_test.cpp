@@ -8,8 +8,9 @@
 #include <string>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/kernels/Notices.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::fixed_bed_correction),
                              loops::MorFixBedCorrection::Body>);
@@ -30,18 +31,15 @@ class MorFixedBedCorrection : public support::Parameters {
   double newBed = 99.0;
   Fluxes flux{};
 
-  void correct(const int* cell = nullptr) {
+  /// @return what the correction has to tell
+  std::string correct(const int* cell = nullptr) {
+    support::Notices notices;
     const std::array<const double*, 3> lengths{&length[0], &length[1], &length[2]};
     const std::array<double*, 3> fluxes{&flux[0], &flux[1], &flux[2]};
-    kernels::morphology::fixed_bed_correction(cell, &dt, &area, &bed, &fixedBed, sign.data(),
-                                              lengths.data(), &newBed, fluxes.data());
-  }
-
-  /// What a correction prints.
-  std::string printed(const int* cell) {
-    testing::internal::CaptureStdout();
-    correct(cell);
-    return testing::internal::GetCapturedStdout();
+    kernels::morphology::fixed_bed_correction(par(), notices.diagnostics(), cell, &dt, &area, &bed,
+                                              &fixedBed, sign.data(), lengths.data(), &newBed,
+                                              fluxes.data());
+    return notices.text();
   }
 };
 
@@ -164,19 +162,19 @@ TEST_F(MorFixedBedCorrection, namesTheCellInDebugMode) {
   G_Debug = 1;
   const int cell = 17;
   flux = {1.0, 1.0, 0.0};
-  EXPECT_EQ(printed(&cell), "overdraft in cell 17 by dz = 0.500000 [m]\n");
+  EXPECT_EQ(correct(&cell), "overdraft in cell 17 by dz = 0.500000 [m]\n");
 }
 
 TEST_F(MorFixedBedCorrection, isSilentInDebugModeWithoutAnOverdraft) {
   G_Debug = 1;
   const int cell = 17;
   flux = {0.5, 0.5, 0.0};
-  EXPECT_EQ(printed(&cell), "");
+  EXPECT_EQ(correct(&cell), "");
 }
 
 TEST_F(MorFixedBedCorrection, isSilentOutsideDebugMode) {
   flux = {1.0, 1.0, 0.0};
-  EXPECT_EQ(printed(nullptr), "");
+  EXPECT_EQ(correct(nullptr), "");
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 #include <array>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::initialize_cell_features),
                              loops::InitCellMorFeatures::Body>);

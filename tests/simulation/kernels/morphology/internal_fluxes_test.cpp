@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::morphology::internal_fluxes), loops::MorInternalFluxes::Body>);
@@ -36,7 +36,7 @@ class MorInternalFluxes : public support::Parameters {
 
   double flux() const {
     double result = 99.0;
-    kernels::morphology::internal_fluxes(normal.data(), &left.wetted, &right.wetted,
+    kernels::morphology::internal_fluxes(par(), normal.data(), &left.wetted, &right.wetted,
                                          left.state.data(), right.state.data(), &left.bed,
                                          &right.bed, left.capacity.data(), right.capacity.data(),
                                          left.derivative.data(), right.derivative.data(), &result);
@@ -143,11 +143,13 @@ TEST_F(MorInternalFluxes, takeAFasterBedThanThereIsTheMoreTheSlowerTheFlow) {
     const std::array<double, 2> derivative{weak, 0.0};
     const double bed = weak * froude / (1.0 - froude * froude);
     const double along =
-        kernels::morphology::bedWaves(normal.data(), state.data(), 0.0, derivative.data()).high;
+        kernels::morphology::bedWaves(par(), normal.data(), state.data(), 0.0, derivative.data())
+            .high;
     EXPECT_NEAR(along / bed, (1.0 + froude) / froude, 1e-4) << froude;
     const std::array<double, 2> back{-1.0, 0.0};
     const double against =
-        kernels::morphology::bedWaves(back.data(), state.data(), 0.0, derivative.data()).high;
+        kernels::morphology::bedWaves(par(), back.data(), state.data(), 0.0, derivative.data())
+            .high;
     EXPECT_NEAR(against / bed, (1.0 - froude) / froude, 1e-4) << froude;
   }
 }

@@ -6,8 +6,8 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::morphology::local_bed_slope), loops::LocalBedSlope::Body>);
@@ -34,7 +34,7 @@ class MorLocalBedSlope : public support::Parameters {
   }
 
   double on(const std::array<double, 2>& gradient) {
-    kernels::morphology::local_bed_slope(state.data(), &bed, gradient.data(), &critical);
+    kernels::morphology::local_bed_slope(par(), state.data(), &bed, gradient.data(), &critical);
     return critical;
   }
 };

@@ -7,7 +7,8 @@
 #include <string>
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/kernels/Notices.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::source), loops::MorSource::Body>);
 
@@ -25,9 +26,10 @@ class MorSource : public ::testing::Test {
 
   void run(int type, double rate) {
     const std::array<double, 2> data{1e9, rate};
-    testing::internal::CaptureStdout();
-    kernels::morphology::source(&dt, data.data(), &type, &bed, &fixedBed, state.data(), &massKept);
-    text = testing::internal::GetCapturedStdout();
+    support::Notices notices;
+    kernels::morphology::source(notices.diagnostics(), &dt, data.data(), &type, &bed, &fixedBed,
+                                state.data(), &massKept);
+    text = notices.text();
   }
 };
 

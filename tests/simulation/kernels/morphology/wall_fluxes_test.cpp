@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-#include "simulation/Loops.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(
     std::is_same_v<decltype(kernels::morphology::wall_fluxes), loops::MorWallBFluxes::Body>);

@@ -7,8 +7,8 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "simulation/Loops.h"
 #include "simulation/kernels/Parameters.h"
+#include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::topology::node_string_states),
                              loops::NodeStringStateCalc::Body>);
@@ -70,7 +70,7 @@ class NodeStringStates : public support::Parameters {
     Result result{};
     result.fill(-99.0);
     kernels::topology::node_string_states(
-        &morphology, &friction, &size, sign.data(), length.data(), fluxHy.data(),
+        par(), &morphology, &friction, &size, sign.data(), length.data(), fluxHy.data(),
         bedMoves ? fluxMo.data() : nullptr, friction == 1 ? chezy.data() : nullptr,
         bedMoves ? critical.data() : nullptr, bedMoves ? grain.data() : nullptr, state.data(),
         bed.data(), area.data(), result.data());
@@ -239,7 +239,8 @@ TEST_F(NodeStringStates, MpmShieldsParameterGroupsItsSquares) {
   const volatile double unit = std::sqrt(0.006 * 0.006 * 0.006 * 1.0 * 1.65);
   EXPECT_EQ(evaluate(1, 1, 1)[9], unit * theta);
   // In the last digit, not that of the transport on the cells.
-  const double cells = kernels::morphology::mpmBedload({q, ih, 1.0 / 98.8, 0.006, 0.0}).capacity;
+  const double cells =
+      kernels::morphology::mpmBedload(par(), {q, ih, 1.0 / 98.8, 0.006, 0.0}).capacity;
   EXPECT_NE(evaluate(1, 1, 1)[9], cells);
   EXPECT_DOUBLE_EQ(evaluate(1, 1, 1)[9], cells);
 }

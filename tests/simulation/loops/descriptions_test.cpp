@@ -1,5 +1,5 @@
 // The descriptions of the loops against what the timing table, the catalogue and users rely on.
-#include "simulation/Loops.h"
+#include "simulation/loops/all_loops.h"
 
 #include <gtest/gtest.h>
 
@@ -47,29 +47,18 @@ std::string reductionOf() {
 template <class L>
 Row rowOf() {
   return []<std::size_t... I>(std::index_sequence<I...>) {
-    return Row{L::slot, L::name(), L::entries, L::isDirect,
+    return Row{L::slot, loops::FrameOf<L>::name, L::entries, L::isDirect,
                (reductionOf<typename L::template Row<I>>() + ...)};
   }
   (std::make_index_sequence<L::rows>{});
 }
 
-template <class... Ls>
-struct List {};
-
-using Loops =
-    List<loops::InitCellHydFeatures, loops::InitFrictionFeatures, loops::InitCellMorFeatures,
-         loops::NodeStringStateCalc, loops::EdgeDataInterpolation, loops::CellDataInterpolation,
-         loops::EdgeDataModification, loops::CellDataModification, loops::TimeStepCalculation,
-         loops::HydBoundaryFluxes, loops::MorBoundaryFluxes, loops::HydWallBFluxes,
-         loops::MorWallBFluxes, loops::HydInternalFluxes, loops::MorBedloadTransport,
-         loops::LocalBedSlope, loops::MorInternalFluxes, loops::CalCCurvature,
-         loops::CalcBedGradient, loops::Update, loops::MorFixBedCorrection,
-         loops::MorFixBedCorrectionMax, loops::MorSource, loops::HydFriction, loops::HydSource,
-         loops::HydFlood>;
-
-template <class... Ls>
-std::vector<Row> rowsOf(List<Ls...>) {
-  return {rowOf<Ls>()...};
+// In the order of the timing table.
+std::vector<Row> rowsOfAll() {
+  std::vector<Row> rows;
+  loops::forEach([&rows]<class L>() { rows.push_back(rowOf<L>()); });
+  std::sort(rows.begin(), rows.end(), [](const Row& a, const Row& b) { return a.slot < b.slot; });
+  return rows;
 }
 
 TEST(Loops, haveTheirSlotsNamesEntriesKindsAndReductions) {
@@ -103,7 +92,7 @@ TEST(Loops, haveTheirSlotsNamesEntriesKindsAndReductions) {
     {25, "kernel_HYDRAULICS_FloodTracking",               5, true,  ""},
   };
   // clang-format on
-  EXPECT_EQ(rowsOf(Loops{}), expected);
+  EXPECT_EQ(rowsOfAll(), expected);
 }
 
 // What a row names, as the catalogue knows it.
@@ -140,7 +129,7 @@ std::set<T> asSet(const std::vector<T>& values) {
 
 template <class L>
 void expectSameAsCatalogue() {
-  SCOPED_TRACE(L::name());
+  SCOPED_TRACE(loops::FrameOf<L>::name);
   EXPECT_EQ(model::Kernel2Set.at(L::kernel), L::set);
   EXPECT_EQ(useOf<L>().data, asSet(model::Kernel2Data.at(L::kernel)));
   std::set<DataID> optionalData;
@@ -153,13 +142,8 @@ void expectSameAsCatalogue() {
   for (const MapID map : useOf<L>().maps) EXPECT_EQ(maps.count(map), 1U) << static_cast<int>(map);
 }
 
-template <class... Ls>
-void expectAllSameAsCatalogue(List<Ls...>) {
-  (expectSameAsCatalogue<Ls>(), ...);
-}
-
 TEST(Loops, nameTheSetsDataAndMapsOfTheCatalogue) {
-  expectAllSameAsCatalogue(Loops{});
+  loops::forEach([]<class L>() { expectSameAsCatalogue<L>(); });
 }
 
 template <class L, class RowType>
@@ -188,31 +172,27 @@ void expectShape() {
 
 template <class L>
 void expectShapes() {
-  SCOPED_TRACE(L::name());
+  SCOPED_TRACE(loops::FrameOf<L>::name);
   []<std::size_t... I>(std::index_sequence<I...>) {
     (expectShape<L, typename L::template Row<I>>(), ...);
   }
   (std::make_index_sequence<L::rows>{});
 }
 
-template <class... Ls>
-void expectAllShapes(List<Ls...>) {
-  (expectShapes<Ls>(), ...);
-}
-
 TEST(Loops, reachDataThroughMapsOfFittingSetsWithTheirSizesAndTypes) {
-  expectAllShapes(Loops{});
+  loops::forEach([]<class L>() { expectShapes<L>(); });
 }
 
-template <class... Ls>
-std::set<KernelID> ordered(List<Ls...>) {
+std::set<KernelID> ordered() {
   std::set<KernelID> found;
-  ((Ls::order == op::Order::ascending ? (void)found.insert(Ls::kernel) : (void)0), ...);
+  loops::forEach([&found]<class L>() {
+    if (L::order == op::Order::ascending) found.insert(L::kernel);
+  });
   return found;
 }
 
 TEST(Loops, whoseResultDependsOnTheOrderOfElementsSaySo) {
-  EXPECT_EQ(ordered(Loops{}),
+  EXPECT_EQ(ordered(),
             (std::set<KernelID>{KernelID::Update, KernelID::HydSource, KernelID::MorSource,
                                 KernelID::EdgeDataModification, KernelID::CellDataModification,
                                 KernelID::MorFixBedCorrection}));

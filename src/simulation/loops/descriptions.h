@@ -1,11 +1,15 @@
 // The 26 loops of the numerics: who reads and writes what, and how.
 //
 // One table per loop, in KernelID order. A row fixes one parameter of the kernel body; the compiler
-// checks the body against it. See op/op_loop.h for the rows, kernels/ for the bodies.
+// checks the body against it. See op/op_loop.h for the rows, kernels/ for the bodies, all_loops.h
+// for the body and the frame of each loop.
 #pragma once
 
 #include "catalogue/IDs.h"
 #include "op/op_loop.h"
+#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/parameters.h"
+#include "simulation/notices.h"
 
 namespace loops {
 
@@ -37,32 +41,35 @@ using op::Order::ascending;
 // The most edges that a nodestring can have.
 inline constexpr int STRING_EDGES = 40;
 
+// Rows without an argument: what the body gets beside its data.
+using parameters = op::constants<kernels::Parameters>;
+using diagnostics = op::notices<kernels::Diagnostics, simulation::printNotices>;
+
 // Descriptions are types of their own, so that compilers, profilers and debuggers show short names.
 
 // A row that names a set instead of a datum reads the numbers of the set's elements.
 
 // clang-format off
-struct InitCellHydFeatures : Loop<"kernel_HYDRAULICS_InitializeCellFeatures", 0,
-    KernelID::InitCellHydFeatures, SetID::CellsAll, any,
+struct InitCellHydFeatures : Loop<0, KernelID::InitCellHydFeatures, SetID::CellsAll, any,
+    parameters,
     read <DataID::HydState, double[3]>,
     read <DataID::BottomEl, double>,
     write<DataID::IsWetted, int>> {};
 
-struct InitCellMorFeatures : Loop<"kernel_MORPHOLOGY_InitializeCellFeatures", 2,
-    KernelID::InitCellMorFeatures, SetID::CellsAll, any,
+struct InitCellMorFeatures : Loop<2, KernelID::InitCellMorFeatures, SetID::CellsAll, any,
     read <DataID::BottomEl, double>,
     write<DataID::FlowCurv, double>,
     write<DataID::BedGrdnt, double[2]>> {};
 
-struct InitFrictionFeatures : Loop<"kernel_HYDRAULICS_InitializeFriction", 1,
-    KernelID::InitFrictionFeatures, SetID::CellsAll, any,
+struct InitFrictionFeatures : Loop<1, KernelID::InitFrictionFeatures, SetID::CellsAll, any,
+    parameters,
     read <DataID::HydState, double[3]>,
     read <DataID::BottomEl, double>,
     read <DataID::Friction, double>,
     write<DataID::ChezyCoe, double>> {};
 
-struct TimeStepCalculation : Loop<"kernel_HYDRAULICS_TimeStep", 8,
-    KernelID::TimeStepCalculation, SetID::EdgesAll, any,
+struct TimeStepCalculation : Loop<8, KernelID::TimeStepCalculation, SetID::EdgesAll, any,
+    parameters,
     read  <DataID::NormVect, double[2]>,
     read  <DataID::CharSize, double[2]>,
     read  <DataID::IsWetted, int,       at<MapID::EdgesAll_CellsAll, 0>>,
@@ -73,8 +80,8 @@ struct TimeStepCalculation : Loop<"kernel_HYDRAULICS_TimeStep", 8,
     read  <DataID::BottomEl, double,    at<MapID::EdgesAll_CellsAll, 1>>,
     lowest<double>> {};                    // the stable time step
 
-struct NodeStringStateCalc : Loop<"kernel_TOPOLOGY_NodeStringStates", 3,
-    KernelID::NodeStringStateCalc, SetID::NodeStrg, any,
+struct NodeStringStateCalc : Loop<3, KernelID::NodeStringStateCalc, SetID::NodeStrg, any,
+    parameters,
     given<int>,                         // morphology flag
     given<int>,                         // friction-in-morphology flag
     read   <DataID::NodeStrg_ListSize, int>,
@@ -94,8 +101,7 @@ struct NodeStringStateCalc : Loop<"kernel_TOPOLOGY_NodeStringStates", 3,
     read   <DataID::CellsAll_GeomArea, double, all<MapID::NodeStrg_CellsAll, STRING_EDGES>>,
     write  <DataID::StateVar, double[10]>> {};
 
-struct EdgeDataInterpolation : Loop<"kernel_DATA_EdgeInterpolation", 4,
-    KernelID::EdgeDataInterpolation, SetID::EdInterp, any,
+struct EdgeDataInterpolation : Loop<4, KernelID::EdgeDataInterpolation, SetID::EdInterp, any,
     read <DataID::InSeries_NumValue, double[12000], at<MapID::EdInterp_InSeries, 0>>,
     read <DataID::InSeries_ListSize, int,           at<MapID::EdInterp_InSeries, 0>>,
     read <DataID::EdInterp_KeyPostn, int[2]>,
@@ -103,16 +109,15 @@ struct EdgeDataInterpolation : Loop<"kernel_DATA_EdgeInterpolation", 4,
     given<double>,                      // current time
     write<DataID::EdgeData_NumValue, double[7],     at<MapID::EdInterp_EdgeData, 0>>> {};
 
-struct CellDataInterpolation : Loop<"kernel_DATA_CellInterpolation", 5,
-    KernelID::CellDataInterpolation, SetID::ClInterp, any,
+struct CellDataInterpolation : Loop<5, KernelID::CellDataInterpolation, SetID::ClInterp, any,
     read <DataID::InSeries_NumValue, double[12000], at<MapID::ClInterp_InSeries, 0>>,
     read <DataID::InSeries_ListSize, int,           at<MapID::ClInterp_InSeries, 0>>,
     read <DataID::ClInterp_KeyPostn, int[2]>,
     given<double>,                      // current time
     write<DataID::CellData_NumValue, double[2],     at<MapID::ClInterp_CellData, 0>>> {};
 
-struct EdgeDataModification : Loop<"kernel_DATA_EdgeModification", 6,
-    KernelID::EdgeDataModification, SetID::EdModDat, ascending,
+struct EdgeDataModification : Loop<6, KernelID::EdgeDataModification, SetID::EdModDat, ascending,
+    parameters,
     read  <DataID::EdModDat_ModfInfo, int[7]>,
     read  <DataID::StateVar,          double[10], at<MapID::EdModDat_NodeStrg, 0>>,
     read  <DataID::StateVar,          double[10], at<MapID::EdModDat_NodeStrg, 1>>,
@@ -122,15 +127,14 @@ struct EdgeDataModification : Loop<"kernel_DATA_EdgeModification", 6,
     change<DataID::LocalDat,          double[2]>,
     change<DataID::EdgeData_NumValue, double[7],  at<MapID::EdModDat_EdgeData, 0>>> {};
 
-struct CellDataModification : Loop<"kernel_DATA_CellModification", 7,
-    KernelID::CellDataModification, SetID::ClModDat, ascending,
+struct CellDataModification : Loop<7, KernelID::CellDataModification, SetID::ClModDat, ascending,
     read  <DataID::ClModDat_ModfInfo, int[7]>,
     read  <DataID::MatIDRgn_GeomArea, double,    at<MapID::ClModDat_MatIDRgn, 0>>,
     given <double>,                     // current time
     change<DataID::CellData_NumValue, double[2], at<MapID::ClModDat_CellData, 0>>> {};
 
-struct CalCCurvature : Loop<"kernel_HYDRAULICS_CalcCurvature", 17,
-    KernelID::CalCCurvature, SetID::CellsAll, any,
+struct CalCCurvature : Loop<17, KernelID::CalCCurvature, SetID::CellsAll, any,
+    parameters,
     read <DataID::UnitCent, double[2], all<MapID::CellsAll_EdgesAll, 3>>,
     read <DataID::DistCent, double,    all<MapID::CellsAll_EdgesAll, 3>>,
     read <DataID::HydState, double[3]>,
@@ -140,15 +144,14 @@ struct CalCCurvature : Loop<"kernel_HYDRAULICS_CalcCurvature", 17,
     read <DataID::GeomWght, double[6]>,
     write<DataID::FlowCurv, double>> {};
 
-struct CalcBedGradient : Loop<"kernel_MORPHOLOGY_CalcBedGradient", 18,
-    KernelID::CalcBedGradient, SetID::CellsAll, any,
+struct CalcBedGradient : Loop<18, KernelID::CalcBedGradient, SetID::CellsAll, any,
     read <DataID::BottomEl, double>,
     read <DataID::BottomEl, double,    all<MapID::CellsAll_NbrCells, 3>>,
     read <DataID::GeomWght, double[6]>,
     write<DataID::BedGrdnt, double[2]>> {};
 
-struct HydBoundaryFluxes : Loop<"kernel_HYDRAULICS_Boundary", 9,
-    KernelID::HydBoundaryFluxes, SetID::EdgHydBC, any,
+struct HydBoundaryFluxes : Loop<9, KernelID::HydBoundaryFluxes, SetID::EdgHydBC, any,
+    parameters,
     read   <DataID::HydBType,          int[2]>,
     read   <DataID::EdgeData_NumValue, double[7], at<MapID::EdgHydBC_EdgeData, 0>>,
     read   <DataID::NormVect,          double[2], at<MapID::EdgHydBC_EdgesAll, 0>>,
@@ -162,8 +165,8 @@ struct HydBoundaryFluxes : Loop<"kernel_HYDRAULICS_Boundary", 9,
     read   <DataID::CharSize,          double,    at<MapID::EdgHydBC_EdgesAll, 0>>,
     write  <DataID::FluxesHy,          double[5], at<MapID::EdgHydBC_EdgesAll, 0>>> {};
 
-struct MorBoundaryFluxes : Loop<"kernel_MORPHOLOGY_Boundary", 10,
-    KernelID::MorBoundaryFluxes, SetID::EdgMorBC, any,
+struct MorBoundaryFluxes : Loop<10, KernelID::MorBoundaryFluxes, SetID::EdgMorBC, any,
+    parameters,
     given  <double>,                    // time step
     read   <DataID::MorBType,          int[2]>,
     read   <DataID::EdgeData_NumValue, double[7], at<MapID::EdgMorBC_EdgeData, 0>>,
@@ -179,19 +182,18 @@ struct MorBoundaryFluxes : Loop<"kernel_MORPHOLOGY_Boundary", 10,
     read   <DataID::MSedSize,          double,    at<MapID::EdgMorBC_CellsAll, 0>>,
     write  <DataID::FluxesMo,          double,    at<MapID::EdgMorBC_EdgesAll, 0>>> {};
 
-struct HydWallBFluxes : Loop<"kernel_HYDRAULICS_WallFluxes", 11,
-    KernelID::HydWallBFluxes, SetID::EdgHydWL, any,
+struct HydWallBFluxes : Loop<11, KernelID::HydWallBFluxes, SetID::EdgHydWL, any,
+    parameters,
     read <DataID::HydState, double[3], at<MapID::EdgHydWL_CellsAll, 0>>,
     read <DataID::BottomEl, double,    at<MapID::EdgHydWL_CellsAll, 0>>,
     read <DataID::NormVect, double[2], at<MapID::EdgHydWL_EdgesAll, 0>>,
     write<DataID::FluxesHy, double[5], at<MapID::EdgHydWL_EdgesAll, 0>>> {};
 
-struct MorWallBFluxes : Loop<"kernel_MORPHOLOGY_WallFluxes", 12,
-    KernelID::MorWallBFluxes, SetID::EdgMorWL, any,
+struct MorWallBFluxes : Loop<12, KernelID::MorWallBFluxes, SetID::EdgMorWL, any,
     write<DataID::FluxesMo, double, at<MapID::EdgMorWL_EdgesAll, 0>>> {};
 
-struct HydInternalFluxes : Loop<"kernel_HYDRAULICS_InternalFluxes", 13,
-    KernelID::HydInternalFluxes, SetID::EdgesSWE, any,
+struct HydInternalFluxes : Loop<13, KernelID::HydInternalFluxes, SetID::EdgesSWE, any,
+    parameters,
     read <DataID::NormVect, double[2], at<MapID::EdgesSWE_EdgesAll, 0>>,
     read <DataID::IsWetted, int,       at<MapID::EdgesSWE_CellsAll, 0>>,
     read <DataID::IsWetted, int,       at<MapID::EdgesSWE_CellsAll, 1>>,
@@ -201,15 +203,15 @@ struct HydInternalFluxes : Loop<"kernel_HYDRAULICS_InternalFluxes", 13,
     read <DataID::BottomEl, double,    at<MapID::EdgesSWE_CellsAll, 1>>,
     write<DataID::FluxesHy, double[5], at<MapID::EdgesSWE_EdgesAll, 0>>> {};
 
-struct LocalBedSlope : Loop<"kernel_MORPHOLOGY_LocalBedSlope", 15,
-    KernelID::LocalBedSlope, SetID::CellsAll, any,
+struct LocalBedSlope : Loop<15, KernelID::LocalBedSlope, SetID::CellsAll, any,
+    parameters,
     read <DataID::HydState, double[3]>,
     read <DataID::BottomEl, double>,
     read <DataID::BedGrdnt, double[2]>,
     write<DataID::ThetaCrt, double>> {};
 
-struct MorBedloadTransport : Loop<"kernel_MORPHOLOGY_CalcBedloadTransport", 14,
-    KernelID::MorBedloadTransport, SetID::CellsAll, any,
+struct MorBedloadTransport : Loop<14, KernelID::MorBedloadTransport, SetID::CellsAll, any,
+    parameters,
     given  <int>,                       // friction flag
     read   <DataID::HydState, double[3]>,
     read   <DataID::BottomEl, double>,
@@ -222,8 +224,8 @@ struct MorBedloadTransport : Loop<"kernel_MORPHOLOGY_CalcBedloadTransport", 14,
     write  <DataID::BedTrCap, double[2]>,
     write  <DataID::BedTrDer, double[2]>> {};
 
-struct MorInternalFluxes : Loop<"kernel_MORPHOLOGY_InternalFluxes", 16,
-    KernelID::MorInternalFluxes, SetID::EdgesEXN, any,
+struct MorInternalFluxes : Loop<16, KernelID::MorInternalFluxes, SetID::EdgesEXN, any,
+    parameters,
     read <DataID::NormVect, double[2], at<MapID::EdgesEXN_EdgesAll, 0>>,
     read <DataID::IsWetted, int,       at<MapID::EdgesEXN_CellsAll, 0>>,
     read <DataID::IsWetted, int,       at<MapID::EdgesEXN_CellsAll, 1>>,
@@ -237,8 +239,8 @@ struct MorInternalFluxes : Loop<"kernel_MORPHOLOGY_InternalFluxes", 16,
     read <DataID::BedTrDer, double[2], at<MapID::EdgesEXN_CellsAll, 1>>,
     write<DataID::FluxesMo, double,    at<MapID::EdgesEXN_EdgesAll, 0>>> {};
 
-struct MorFixBedCorrection : Loop<"kernel_MORPHOLOGY_FixedBedCorrection", 20,
-    KernelID::MorFixBedCorrection, SetID::CellsFix, ascending,
+struct MorFixBedCorrection : Loop<20, KernelID::MorFixBedCorrection, SetID::CellsFix, ascending,
+    parameters, diagnostics,
     read_if<Flag::debug,
             SetID::CellsAll,           int,    at<MapID::CellsFix_CellsAll, 0>>,
     given  <double>,                    // time step
@@ -250,14 +252,13 @@ struct MorFixBedCorrection : Loop<"kernel_MORPHOLOGY_FixedBedCorrection", 20,
     write  <DataID::NewBedEl,          double>,
     change <DataID::FluxesMo,          double, all<MapID::CellsFix_EdgesAll, 3>>> {};
 
-struct MorFixBedCorrectionMax : Loop<"kernel_MORPHOLOGY_FixedBedCorrectionFindMax", 21,
-    KernelID::MorFixBedCorrectionMax, SetID::CellsFix, any,
+struct MorFixBedCorrectionMax : Loop<21, KernelID::MorFixBedCorrectionMax, SetID::CellsFix, any,
     read   <DataID::FixBedEl, double>,
     read   <DataID::NewBedEl, double>,
     highest<double>> {};                   // deviation
 
-struct Update : Loop<"kernel_GLOBAL_Update", 19,
-    KernelID::Update, SetID::CellsAll, ascending,
+struct Update : Loop<19, KernelID::Update, SetID::CellsAll, ascending,
+    parameters, diagnostics,
     read_if<Flag::debug,
             SetID::CellsAll,           int>,
     given  <double>,                    // time step
@@ -273,24 +274,23 @@ struct Update : Loop<"kernel_GLOBAL_Update", 19,
     write  <DataID::IsWetted,          int>,
     lowest <int>> {};                      // check flag
 
-struct HydFriction : Loop<"kernel_HYDRAULICS_Friction", 23,
-    KernelID::HydFriction, SetID::CellsAll, any,
+struct HydFriction : Loop<23, KernelID::HydFriction, SetID::CellsAll, any,
+    parameters,
     given <double>,                     // time step
     read  <DataID::BottomEl, double>,
     read  <DataID::Friction, double>,
     write <DataID::ChezyCoe, double>,
     change<DataID::HydState, double[3]>> {};
 
-struct HydFlood : Loop<"kernel_HYDRAULICS_FloodTracking", 25,
-    KernelID::HydFlood, SetID::CellsAll, any,
+struct HydFlood : Loop<25, KernelID::HydFlood, SetID::CellsAll, any,
     given <double>,                     // current time
     read  <DataID::HydState, double[3]>,
     read  <DataID::BottomEl, double>,
     read  <DataID::IsWetted, int>,
     change<DataID::FloodVar, double[4]>> {};
 
-struct HydSource : Loop<"kernel_HYDRAULICS_Source", 24,
-    KernelID::HydSource, SetID::ClHydSrc, ascending,
+struct HydSource : Loop<24, KernelID::HydSource, SetID::ClHydSrc, ascending,
+    parameters, diagnostics,
     given <double>,                     // time step
     read  <DataID::CellData_NumValue, double[2], at<MapID::ClHydSrc_CellData, 0>>,
     read  <DataID::ClHydSrc_SinkType, int>,
@@ -299,8 +299,8 @@ struct HydSource : Loop<"kernel_HYDRAULICS_Source", 24,
     write <DataID::IsWetted,          int,       at<MapID::ClHydSrc_CellsAll, 0>>,
     lowest<int>> {};                       // check flag
 
-struct MorSource : Loop<"kernel_MORPHOLOGY_Source", 22,
-    KernelID::MorSource, SetID::ClMorSrc, ascending,
+struct MorSource : Loop<22, KernelID::MorSource, SetID::ClMorSrc, ascending,
+    diagnostics,
     given <double>,                     // time step
     read  <DataID::CellData_NumValue, double[2], at<MapID::ClMorSrc_CellData, 0>>,
     read  <DataID::ClMorSrc_SinkType, int>,
