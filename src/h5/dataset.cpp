@@ -3,6 +3,7 @@
 #include <cstddef>
 
 #include "h5/error.h"
+#include "h5/storage.h"
 #include "h5/transfer.h"
 #include "h5/type.h"
 
@@ -34,8 +35,11 @@ std::vector<std::vector<T>> splitRows(const std::vector<T>& values, const Shape&
 }  // namespace
 
 DataSet DataSet::open(const Handle& location, const std::string& path) {
-  return DataSet(checked(H5Dopen2(location.id(), path.c_str(), H5P_DEFAULT),
-                         "Unable to open the dataset \"" + path + "\":"));
+  Handle opened = checked(H5Dopen2(location.id(), path.c_str(), H5P_DEFAULT),
+                          "Unable to open the dataset \"" + path + "\":");
+  const std::string fault = storageFault(opened.id());
+  if (!fault.empty()) throw Error("The dataset \"" + path + "\" " + fault);
+  return DataSet(std::move(opened));
 }
 
 template <class T>

@@ -19,7 +19,7 @@ class DataSet {
   /// Takes over an open dataset.
   explicit DataSet(Handle handle) noexcept : dataset(std::move(handle)) {}
 
-  /// @throws Error if there is no dataset at `path`.
+  /// @throws Error if there is no dataset at `path`, or none that can be read (see storage.h).
   static DataSet open(const Handle& location, const std::string& path);
   /// A contiguous dataset. The group above it has to exist. `T` is int, double or std::string.
   /// @throws Error if the library refuses, as in a file that is open for reading only.

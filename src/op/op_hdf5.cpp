@@ -112,7 +112,7 @@ Storage read_values(hid_t dataset, op_hdf5_value_type type,
 
 op_set op_decl_set_hdf5(const char* file, const char* name) {
   const H5Handle source(open_file(file, "op_decl_set_hdf5"), H5Fclose);
-  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+  const H5Handle dataset(op_hdf5_open_dataset(source.get(), name), H5Dclose);
   if (!dataset) op_fail(2, "Dataset '%s' not found in file '%s'\n", name, file);
   const H5Handle space(H5Dget_space(dataset.get()), H5Sclose);
   const hssize_t values = H5Sget_simple_extent_npoints(space.get());
@@ -131,7 +131,7 @@ op_set op_decl_set_hdf5(const char* file, const char* name) {
 
 op_map op_decl_map_hdf5(op_set from, op_set to, int dim, const char* file, const char* name) {
   const H5Handle source(open_file(file, "op_decl_map_hdf5"), H5Fclose);
-  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+  const H5Handle dataset(op_hdf5_open_dataset(source.get(), name), H5Dclose);
   if (!dataset) {
     std::printf("op_map with name : %s not found in file : %s \n", name, file);
     return nullptr;
@@ -154,7 +154,7 @@ op_map op_decl_map_hdf5(op_set from, op_set to, int dim, const char* file, const
 
 op_dat op_decl_dat_hdf5(op_set set, int dim, const char* type, const char* file, const char* name) {
   const H5Handle source(open_file(file, "op_decl_dat_hdf5"), H5Fclose);
-  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+  const H5Handle dataset(op_hdf5_open_dataset(source.get(), name), H5Dclose);
   if (!dataset) {
     std::printf("op_dat with name : %s not found in file : %s \n", name, file);
     return nullptr;

@@ -55,7 +55,7 @@ hid_t open_target(const Constant& constant) {
 }
 
 hid_t open_existing(hid_t file, hid_t type, const Constant& constant) {
-  const hid_t dataset = H5Dopen2(file, constant.name, H5P_DEFAULT);
+  const hid_t dataset = op_hdf5_open_dataset(file, constant.name);
   if (dataset < 0 || number_of_values(dataset) != constant.dim || !is_stored_as(dataset, type)) {
     op_fail(2, "'%s' in file '%s' is not a constant of %d values of type %s ... aborting\n",
             constant.name, constant.file, constant.dim, constant.type);
@@ -99,7 +99,7 @@ void op_get_const_hdf5(const char* name, int dim, const char* type, char* buffer
                        const char* file) {
   const H5Handle source(op_hdf5_open_source(file, "op_get_const_hdf5"), H5Fclose);
   const H5Silence silence;
-  const H5Handle dataset(H5Dopen2(source.get(), name, H5P_DEFAULT), H5Dclose);
+  const H5Handle dataset(op_hdf5_open_dataset(source.get(), name), H5Dclose);
   if (!dataset) op_fail(2, "dataset '%s' not found in file '%s'\n", name, file);
   const hssize_t values = number_of_values(dataset.get());
   if (values != dim) {

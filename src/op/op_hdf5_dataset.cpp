@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "h5/driver.h"
+#include "h5/storage.h"
 #include "op/op_type.h"
 #include "op/op_util.h"
 
@@ -99,6 +100,14 @@ hid_t op_hdf5_open_source(const char* file, const char* call, const char* reason
   const hid_t id = H5Fopen(file, H5F_ACC_RDONLY, h5::accessList());
   if (id < 0) op_fail(2, "Could not obtain read access to file '%s'%s\n", file, reasons);
   return id;
+}
+
+hid_t op_hdf5_open_dataset(hid_t file, const char* name) {
+  const hid_t dataset = H5Dopen2(file, name, H5P_DEFAULT);
+  if (dataset < 0) return dataset;
+  const std::string fault = h5::storageFault(dataset);
+  if (!fault.empty()) op_fail(2, "Dataset '%s' %s\n", name, fault.c_str());
+  return dataset;
 }
 
 bool op_hdf5_attach(hid_t dataset, const char* name, int value) {

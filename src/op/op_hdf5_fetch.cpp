@@ -143,7 +143,7 @@ void check_existing(hid_t dataset, const Target& target) {
 }
 
 void update_dataset(hid_t file, const Target& target) {
-  const H5Handle dataset(H5Dopen2(file, target.path, H5P_DEFAULT), H5Dclose);
+  const H5Handle dataset(op_hdf5_open_dataset(file, target.path), H5Dclose);
   if (!dataset) {
     op_fail(2, "'%s' in file '%s' is not a dataset\n", target.path, target.file);
   }

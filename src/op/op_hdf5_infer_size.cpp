@@ -13,7 +13,7 @@ op_set op_decl_set_hdf5_infer_size(const char* file, const char* name, const cha
   if (!op_hdf5_holds(source.get(), dataset)) {
     op_fail(2, "Dataset '%s' not found in file '%s'\n", dataset, file);
   }
-  const H5Handle opened(H5Dopen2(source.get(), dataset, H5P_DEFAULT), H5Dclose);
+  const H5Handle opened(op_hdf5_open_dataset(source.get(), dataset), H5Dclose);
   if (!opened) {
     std::printf("Could not open dataset '%s' in file '%s'\n", dataset, file);
     return nullptr;

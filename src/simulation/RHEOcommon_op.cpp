@@ -3,7 +3,9 @@
 #include <malloc.h>
 
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <limits>
 #include <new>
 #include <utility>
@@ -46,6 +48,9 @@ constexpr double NO_LIMIT = 1e12;
 // Times of records are compared after rounding to this many digits; the reader's factor overflows
 // on purpose, so that in practice only equal times match.
 constexpr int TIME_DIGITS = 100;
+
+// Elements of a set that are numbered, per byte of the run file: with any data they are far fewer.
+constexpr std::uintmax_t MOST_ELEMENTS = 128;
 
 // Truncates toward zero; what no int can hold (0/0 where a run has no length) becomes INT_MIN.
 int truncated(double value) {
@@ -296,6 +301,14 @@ op_dat RHEOcommon::createLocalData(api::IData* const& data) {
 
 op_dat RHEOcommon::createDebugData(api::ISet* const& set) {
   const int size = set->getSize();
+  // A set that has no data can have any size, but its numbers take memory.
+  const auto most = std::filesystem::file_size(runFile->getFilename()) * MOST_ELEMENTS;
+  if (static_cast<std::uintmax_t>(size) > most) {
+    console::fail(
+        "set <", set->getH5Path(), "> has ", size,
+        " elements: run it without --debug, which numbers the elements of a set, at most ", most,
+        " in a file of this size");
+  }
   int* numbers = static_cast<int*>(keepMemory(static_cast<std::size_t>(size), sizeof(int)));
   for (int i = 0; i < size; ++i) numbers[i] = i;
   const std::string path = set->getH5Path();

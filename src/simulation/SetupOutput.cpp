@@ -4,12 +4,25 @@
 #include <vector>
 
 #include "common/console.h"
+#include "h5/dataset.h"
+#include "h5/file.h"
 
 namespace simulation {
 
 namespace console = common::console;
 
 namespace {
+
+// The copy goes through memory, for which the set is the measure. Texts have their own length.
+void requireRows(const api::IData& data, int most, const std::string& runFile) {
+  if (data.getType() == "string") return;
+  const std::string path = data.getH5Path();
+  const h5::File file(runFile, h5::File::READ_ONLY);
+  const h5::Shape shape = h5::DataSet::open(file.handle(), path).dimensions();
+  if (shape.empty() || shape.front() <= static_cast<hsize_t>(most)) return;
+  console::fail("data <", path, "> has ", shape.front(), " rows, but its set has ", most,
+                " elements");
+}
 
 template <class T>
 void copySetupOutput(const T& item, const int& rows, const int& columns,
@@ -50,6 +63,7 @@ void writeSetupOutput(api::IData* const& data, api::IH5Reader* const& from,
     if (logLevel > 2) console::info("data <", data->getH5Path(), "> not found in runfile...");
     return;
   }
+  requireRows(*data, size.at(0), from->getFilename());
   copySetupOutput(data, size.at(0), size.at(1), from, to, logLevel);
 }
 
