@@ -34,16 +34,6 @@ struct Description {
   std::uint64_t bytes;  // of all values
 };
 
-std::string foreignFault(hid_t plan) {
-  if (H5Pget_layout(plan) == H5D_VIRTUAL) {
-    return "is a virtual one, which is not read: copy its values into the file";
-  }
-  if (H5Pget_external_count(plan) != 0) {
-    return "has its values in another file, which is not read: copy them into the file";
-  }
-  return {};
-}
-
 Shape extentsOf(hid_t dataset) {
   const Handle space(H5Dget_space(dataset));
   const int rank = H5Sget_simple_extent_ndims(space.id());
@@ -121,9 +111,20 @@ std::string layoutFault(const Description& described) {
 
 }  // namespace
 
-std::string storageFault(hid_t dataset) {
+std::string foreignFault(hid_t dataset) {
   const Handle plan(H5Dget_create_plist(dataset));
-  if (std::string fault = foreignFault(plan.id()); !fault.empty()) return fault;
+  if (H5Pget_layout(plan.id()) == H5D_VIRTUAL) {
+    return "is a virtual one, which is not read: copy its values into the file";
+  }
+  if (H5Pget_external_count(plan.id()) != 0) {
+    return "has its values in another file, which is not read: copy them into the file";
+  }
+  return {};
+}
+
+std::string storageFault(hid_t dataset) {
+  if (std::string fault = foreignFault(dataset); !fault.empty()) return fault;
+  const Handle plan(H5Dget_create_plist(dataset));
   const Handle type(H5Dget_type(dataset));
   const bool isText = H5Tis_variable_str(type.id()) > 0;
   if (H5Tget_class(type.id()) == H5T_VLEN) return "has lists of numbers, which are not read";

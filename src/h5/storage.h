@@ -16,6 +16,11 @@
 
 namespace h5 {
 
+/// @param dataset open
+/// @return a text to stand behind the name of a dataset whose values stand somewhere else, which is
+///         neither to be read nor to be written; empty for any other
+std::string foreignFault(hid_t dataset);
+
 /// @param dataset open, in a file that was opened with the access list of driver.h
 /// @return what is wrong with the dataset, to stand behind its name; empty if it can be read
 std::string storageFault(hid_t dataset);

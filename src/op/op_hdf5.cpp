@@ -89,6 +89,7 @@ Storage read_plain(hid_t dataset, op_hdf5_value_type type, std::size_t rows, std
 }
 
 Storage read_table(hid_t dataset, const op_hdf5_dataset_properties& properties, Place place) {
+  op_hdf5_require_storage(dataset, place.name);
   const auto rows = static_cast<std::size_t>(properties.size);
   const auto columns = static_cast<std::size_t>(properties.dim);
   if (properties.type == "int") {
@@ -102,6 +103,7 @@ Storage read_table(hid_t dataset, const op_hdf5_dataset_properties& properties, 
 
 Storage read_values(hid_t dataset, op_hdf5_value_type type,
                     const op_hdf5_dataset_properties& properties, Place place) {
+  op_hdf5_require_storage(dataset, place.name);
   const auto rows = static_cast<std::size_t>(properties.size);
   const auto columns = static_cast<std::size_t>(properties.dim);
   if (H5Tget_size(type.memory) > type.bytes) return read_narrowed(dataset, rows, columns, place);
@@ -120,6 +122,7 @@ op_set op_decl_set_hdf5(const char* file, const char* name) {
     op_fail(2, "Dataset '%s' in file '%s' holds %lld values, the size of a set must be one\n", name,
             file, static_cast<long long>(values));
   }
+  op_hdf5_require_storage(dataset.get(), name);
   long long size = 0;
   read(dataset.get(), H5T_NATIVE_LLONG, &size, {file, name});
   if (size < INT_MIN || size > INT_MAX) {

@@ -117,6 +117,7 @@ void op_get_const_hdf5(const char* name, int dim, const char* type, char* buffer
         "type conversion\n",
         stored.c_str(), file, type);
   }
+  op_hdf5_require_storage(dataset.get(), name);
   if (H5Dread(dataset.get(), memory, H5S_ALL, H5S_ALL, H5P_DEFAULT, buffer) < 0) {
     op_fail(2, "Could not read dataset '%s' of file '%s'\n", name, file);
   }

@@ -105,9 +105,14 @@ hid_t op_hdf5_open_source(const char* file, const char* call, const char* reason
 hid_t op_hdf5_open_dataset(hid_t file, const char* name) {
   const hid_t dataset = H5Dopen2(file, name, H5P_DEFAULT);
   if (dataset < 0) return dataset;
-  const std::string fault = h5::storageFault(dataset);
+  const std::string fault = h5::foreignFault(dataset);
   if (!fault.empty()) op_fail(2, "Dataset '%s' %s\n", name, fault.c_str());
   return dataset;
+}
+
+void op_hdf5_require_storage(hid_t dataset, const char* name) {
+  const std::string fault = h5::storageFault(dataset);
+  if (!fault.empty()) op_fail(2, "Dataset '%s' %s\n", name, fault.c_str());
 }
 
 bool op_hdf5_attach(hid_t dataset, const char* name, int value) {

@@ -83,9 +83,13 @@ int get_dataset_properties(hid_t dataset, op_hdf5_dataset_properties* record);
 /// @param reasons what may be the matter, behind the message
 hid_t op_hdf5_open_source(const char* file, const char* call, const char* reasons = "");
 
-/// Opens a dataset. Ends the process with status 2 if reading it could do harm (see h5/storage.h).
+/// Opens a dataset. Ends the process with status 2 if its values do not stand in the file.
 /// @return negative if there is none of that name
 hid_t op_hdf5_open_dataset(hid_t file, const char* name);
+
+/// Ends the process with status 2 if reading the dataset could do harm (see h5/storage.h), which is
+/// to be known before memory is reserved for its values.
+void op_hdf5_require_storage(hid_t dataset, const char* name);
 
 /// Attaches an attribute of one number, or a text of fixed length, to a dataset.
 /// @return false if HDF5 fails

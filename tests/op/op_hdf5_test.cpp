@@ -275,11 +275,11 @@ TEST_F(OpDeclMapHdf5, LeavesTheEntriesToALaterCheck) {
              "cells\n");
 }
 
-TEST_F(OpDeclMapHdf5, RefusesATableBeyondTheMemory) {
+TEST_F(OpDeclMapHdf5, RefusesATableBeyondItsFile) {
   FileWriter(file_).hollow("huge/cells", {INT_MAX, 1U << 30}, H5T_NATIVE_INT);
   const op_set huge = op_decl_set(INT_MAX, "huge");
   expectExit([&] { op_decl_map_hdf5(huge, cells_, 1 << 30, file(), "huge/cells"); }, 2,
-             "values of dataset 'huge/cells' in file '" + file_ + "'\n");
+             "Dataset 'huge/cells' declares more values than a file of this size can hold\n");
 }
 
 class OpDeclDatHdf5 : public OpHdf5 {
@@ -400,11 +400,17 @@ TEST_F(OpDeclDatHdf5, RefusesAMissingSet) {
              "op_decl_dat error -- invalid set for data: cells/bed\n");
 }
 
-TEST_F(OpDeclDatHdf5, RefusesValuesBeyondTheMemory) {
+TEST_F(OpDeclDatHdf5, RefusesValuesBeyondItsFile) {
   FileWriter(file_).hollow("huge/bed", {INT_MAX, 1U << 24}, H5T_NATIVE_DOUBLE);
   const op_set huge = op_decl_set(INT_MAX, "huge");
   expectExit([&] { op_decl_dat_hdf5(huge, 1 << 24, "double", file(), "huge/bed"); }, 2,
-             "values of dataset 'huge/bed' in file '" + file_ + "'\n");
+             "Dataset 'huge/bed' declares more values than a file of this size can hold\n");
+}
+
+TEST_F(OpDeclDatHdf5, RefusesValuesOfAnotherFile) {
+  FileWriter(file_).external("cells/bed", {3, 1}, H5T_NATIVE_DOUBLE);
+  expectExit([&] { op_decl_dat_hdf5(cells_, 1, "double", file(), "cells/bed"); }, 2,
+             "Dataset 'cells/bed' has its values in another file, which is not read");
 }
 
 }  // namespace

@@ -141,6 +141,13 @@ class FileWriter {
     H5Dclose(create(name, extents, type, plan));
     H5Pclose(plan);
   }
+  /// A dataset whose values are said to stand in another file.
+  void external(const std::string& name, const std::vector<hsize_t>& extents, hid_t type) {
+    const hid_t plan = H5Pcreate(H5P_DATASET_CREATE);
+    H5Pset_external(plan, "elsewhere", 0, H5F_UNLIMITED);
+    H5Dclose(create(name, extents, type, plan));
+    H5Pclose(plan);
+  }
 
  private:
   hid_t create(const std::string& name, const std::vector<hsize_t>& extents, hid_t type,

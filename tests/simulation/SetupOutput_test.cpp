@@ -90,6 +90,14 @@ TEST_F(SetupOutput, textsOfAnotherShapeThanAVectorAreRefused) {
             " -> writing data of type string is only possible for vector of strings\n");
 }
 
+TEST_F(SetupOutput, moreRowsThanElementsAreRefused) {
+  run()->writeIntVecVec(path, {{1, 2}, {3, 4}, {5, 6}});
+  ::testing::internal::CaptureStderr();
+  EXPECT_THROW(copy(datum(DataType::Int, 2, 2).get(), 0), BaseException);
+  EXPECT_EQ(::testing::internal::GetCapturedStderr(),
+            " -> data <CellsAll/Copied> has 3 rows, but its set has 2 elements\n");
+}
+
 TEST_F(SetupOutput, aDatumOnAnEmptySetIsPassedOver) {
   run();
   EXPECT_EQ(copy(datum(DataType::Double, 0, 2).get(), 2), "");

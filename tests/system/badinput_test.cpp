@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "h5/dataset.h"
+#include "h5/file.h"
 #include "system/Simulation.h"
 
 namespace {
@@ -81,6 +83,29 @@ Damage shapedInts(const std::string& path, const std::vector<int>& shape, int va
 }
 Damage worded(const std::string& path, const std::string& text) {
   return [=](const std::string& file) { replaceText(file, path, text); };
+}
+
+/// Of so many rows and columns, none of which stand in the file.
+Damage declared(const std::string& path, const h5::Shape& shape) {
+  return [=](const std::string& name) {
+    removeLink(name, path);
+    const h5::File file(name, h5::File::READ_WRITE);
+    h5::DataSet::create<int>(file.handle(), path, shape);
+  };
+}
+
+/// A table that is to be found in itself.
+Damage virtualTable(const std::string& path, const h5::Shape& shape) {
+  return [=](const std::string& name) {
+    removeLink(name, path);
+    const h5::File file(name, h5::File::READ_WRITE);
+    const h5::Handle space(H5Screate_simple(2, shape.data(), nullptr));
+    const h5::Handle plan(H5Pcreate(H5P_DATASET_CREATE));
+    H5Pset_virtual(plan.id(), space.id(), ".", path.c_str(), space.id());
+    h5::checked(H5Dcreate2(file.handle().id(), path.c_str(), H5T_NATIVE_INT, space.id(),
+                           H5P_DEFAULT, plan.id(), H5P_DEFAULT),
+                path);
+  };
 }
 
 void truncate(const std::string& file, double share) {
@@ -161,6 +186,16 @@ INSTANTIATE_TEST_SUITE_P(Shapes, BadInput, ::testing::Values(
     Case{"model",         "one_cell", shaped(".config/model", {0}), 1,
          " -> dataset <.config/model> not a 1-d array!\n"}), nameOf);
 
+INSTANTIATE_TEST_SUITE_P(Storage, BadInput, ::testing::Values(
+    Case{"emptyTopology",    "one_cell", declared("CellsAll/Topology", {100000000, 3}), 1,
+         " -> The dataset \"CellsAll/Topology\" declares more values than a file of this size can hold\n"},
+    Case{"longTopology",     "one_cell", declared("CellsAll/Topology", {2, 3}), 1,
+         " -> data <CellsAll/Topology> has 2 rows, but its set has 1 elements\n"},
+    Case{"scheduleInItself", "one_cell", virtualTable("kernels/ID", {4, 1}), 1,
+         " -> The dataset \"kernels/ID\" is a virtual one, which is not read: copy its values into the file\n"},
+    Case{"mapInItself",      "dam_dry",  virtualTable("EdgesSWE/CellsAll", {4, 1}), 2,
+         "Dataset 'EdgesSWE/CellsAll' is a virtual one, which is not read: copy its values into the file\n"}), nameOf);
+
 INSTANTIATE_TEST_SUITE_P(Values, BadInput, ::testing::Values(
     Case{"model",        "one_cell", worded(".config/model", "nonsense"), 1,
          " -> input file <nonsense> not found.\n"},
@@ -204,6 +239,17 @@ INSTANTIATE_TEST_SUITE_P(Values, BadInput, ::testing::Values(
 // clang-format on
 
 // What a container or the library says is passed on behind a line that owns up to it.
+class BadSets : public support::Simulation {};
+
+TEST_F(BadSets, beyondAnyFileAreNotNumbered) {
+  useSample("one_cell");
+  overwrite(runFile, "NodesAll/set", 0, 2147483647.0);
+  const support::Outcome run = simulate({"--debug"});
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(ownLines(run.err), HasSubstr(" -> set <NodesAll/set> has 2147483647 elements: run it "
+                                           "without --debug"));
+}
+
 class BadSchedules : public support::Simulation {};
 
 TEST_F(BadSchedules, thatAreTooSmallAreAnsweredInThreeLines) {
