@@ -39,7 +39,7 @@ TEST(Aggregates, NeedABoundaryAndItsStrings) {
                           "SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/STRINGDEF"));
 }
 
-TEST(Aggregates, KeepTheBlanksOfTheirTexts) {
+TEST(Aggregates, TellWhatTheyAreFor) {
   EXPECT_EQ(AggregateDescription.at(AggregateID::hydraulics_aggr),
             "This Aggregate is the basis and is required for all simulations. A circular dam break "
             "simulation is possible,        invoking DT calculation, flux calculation of type "

@@ -24,11 +24,11 @@ TEST(Kernels, AreNumberedFromZeroWithoutAGap) {
   for (const auto& [id, property] : KernelProps) EXPECT_EQ(static_cast<int>(id), expected++);
 }
 
-TEST(Kernels, KeepTheUnusualSpellingOfACurvature) {
+TEST(Kernels, NameTheCurvatureAsRunFilesDo) {
   EXPECT_EQ(KernelProps.at(KernelID::CalCCurvature).name, "CalCCurvature");
 }
 
-TEST(Kernels, KeepTheBlanksOfTheirTexts) {
+TEST(Kernels, TellWhatTheyAreFor) {
   EXPECT_EQ(KernelDescription.at(KernelID::TimeStepCalculation),
             "This kernel finds the smallest integration timestep that satisfies the stability "
             "condition (CFL condition) for         explicit schemes.");

@@ -29,7 +29,7 @@ TEST(Maps, OfWallEdgesHoldOneCellAndOfInnerEdgesTwo) {
   EXPECT_EQ(MapProps.at(MapID::EdgesSWE_CellsAll).size, 2);
 }
 
-TEST(Maps, KeepTheBlanksOfTheirTexts) {
+TEST(Maps, TellWhatTheyAreFor) {
   EXPECT_EQ(MapDescription.at(MapID::EdgesEXN_CellsAll),
             "Map from internal (EXNer) edges  to left/right cell (1 -> 2).");
 }

@@ -35,7 +35,7 @@ TEST(Parameters, FillEachSlotOnceAndNoneBeyondTwentyEight) {
   EXPECT_EQ(*slots.rbegin(), 27);
 }
 
-TEST(Parameters, KeepTheUnusualSpellingOfTheBedloadType) {
+TEST(Parameters, NameTheBedloadTypeAsRunFilesDo) {
   EXPECT_EQ(ParameterProps.at(ParameterID::BeadloadType).name, "BeadloadType");
 }
 

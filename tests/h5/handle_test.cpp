@@ -32,7 +32,7 @@ TEST(Handle, MovesItsIdentifier) {
   const hid_t id = newType();
   Handle first(id);
   const Handle second(std::move(first));
-  EXPECT_FALSE(first.isValid());  // NOLINT(bugprone-use-after-move): what a move leaves is stated
+  EXPECT_FALSE(first.isValid());  // NOLINT(bugprone-use-after-move): a moved handle is empty
   EXPECT_EQ(second.id(), id);
   EXPECT_GT(H5Iis_valid(id), 0);
 }

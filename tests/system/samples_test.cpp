@@ -1,5 +1,5 @@
-// Run files of an independent tool, and the results of an independent implementation of the same
-// formulas: the results must agree bit for bit. See tests/samples/README.md for what each covers.
+// Run files that `setup` has not made, and the results of other code of the same formulas: ours
+// must agree with them bit for bit. See tests/samples/README.md for what each covers.
 //
 // A difference of about 1e-16 in the first record that differs is the order of an operation,
 // anything larger is a formula.

@@ -24,7 +24,7 @@ TEST(JsonType, BooleansAndNullAreOther) {
   EXPECT_EQ(jsonType(json::parse("null")), JsonType::Other);
 }
 
-TEST(JsonType, ValuesAreInTheStatedOrder) {
+TEST(JsonType, EnumeratorsHaveFixedValues) {
   EXPECT_EQ(static_cast<int>(JsonType::Other), 0);
   EXPECT_EQ(static_cast<int>(JsonType::Integer), 1);
   EXPECT_EQ(static_cast<int>(JsonType::FloatingPointNumber), 2);
