@@ -26,6 +26,11 @@ class IH5Writer : public virtual IH5Base {
                                 const double* const* data) = 0;
   virtual void writeStringVec(const std::string& path, const int& length,
                               const std::vector<std::string>& values) = 0;
+};
+
+/// A writer of files that grow record by record.
+class IH5RecordWriter : public IH5Writer {
+ public:
   /// Brings everything written since the last flush into the file, as a whole, by whatever part of
   /// the program: a run that is killed leaves all of it or nothing, one that is killed afterwards
   /// all.

@@ -19,8 +19,6 @@ class ISimulation {
   virtual void run() = 0;
   /// Derives the parameters that no run file holds.
   virtual void initializeSimulationParameters() = 0;
-  /// The signal that ended the run before its time, or 0.
-  virtual int endedBySignal() const = 0;
 };
 
 }  // namespace api

@@ -18,7 +18,6 @@ class IXdmfWriter {
   /// @param topologyDataset int, (cells, 3): the nodes of each triangle
   /// @param geometryDataset double, (nodes, dimension): the coordinates of each node [m]
   /// @param dimension coordinates per node: 3
-  /// @throws BaseException if there is a mesh already.
   virtual void addMesh(int numberOfCells, const std::string& topologyFile,
                        const std::string& topologyDataset, int numberOfNodes,
                        const std::string& geometryFile, const std::string& geometryDataset,
@@ -47,7 +46,12 @@ class IXdmfWriter {
                                  const std::vector<std::string>& datasets,
                                  const std::vector<int>& sizes,
                                  const std::vector<int>& columns) = 0;
-  /// Two such formulas, as the first components of a vector of three.
+};
+
+/// What a document for viewers can hold besides.
+class IViewerXdmfWriter : public IXdmfWriter {
+ public:
+  /// Two formulas, as the first components of a vector of three; see addFunctionScalar.
   virtual void addFunctionVector(const std::string& name, int rows,
                                  const std::vector<std::string>& functions,
                                  const std::vector<std::string>& files,

@@ -20,6 +20,11 @@ api::IH5Writer* Factory::createH5Writer(const std::string& file, const std::stri
   return new H5Writer(file, access);
 }
 
+api::IH5RecordWriter* Factory::createRecordWriter(const std::string& file,
+                                                  const std::string& access) {
+  return new H5Writer(file, access);
+}
+
 api::IResultReader* Factory::createResultReader(const std::string& file) {
   return new ResultReader(file);
 }
@@ -30,6 +35,10 @@ api::ICommandFileReader* Factory::createCommandFileReader(const std::string& inp
 
 api::IXdmfWriter* Factory::createXdmfWriter(const std::string& file) {
   return new XdmfWriter(file);
+}
+
+api::IViewerXdmfWriter* Factory::createViewerXdmfWriter(const std::string& file) {
+  return new XdmfWriter(file, XdmfForm::ForViewers);
 }
 
 }  // namespace dataio

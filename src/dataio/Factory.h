@@ -28,6 +28,9 @@ class Factory {
   /// @param access "w" creates the file, "rw" goes on writing to an existing one; anything else
   ///        opens read-only, so that the first write fails
   static api::IH5Writer* createH5Writer(const std::string& file, const std::string& access);
+  /// The same, to write record by record.
+  static api::IH5RecordWriter* createRecordWriter(const std::string& file,
+                                                  const std::string& access);
 
   /// Opens an existing results file for reading and for invalidating records.
   static api::IResultReader* createResultReader(const std::string& file);
@@ -36,9 +39,11 @@ class Factory {
   /// @throws BaseException if neither can be parsed.
   static api::ICommandFileReader* createCommandFileReader(const std::string& input);
 
-  /// Begins a description of results for viewers; nothing is written before its write().
+  /// Begins a plain description of results; nothing is written before its write().
   /// @param file name of the document
   static api::IXdmfWriter* createXdmfWriter(const std::string& file);
+  /// The same with what ParaView and QGIS need besides; see dataio::XdmfWriter.
+  static api::IViewerXdmfWriter* createViewerXdmfWriter(const std::string& file);
 };
 
 }  // namespace dataio

@@ -17,7 +17,7 @@ namespace dataio {
 
 /// Writes throw h5::Error if HDF5 fails or the values have no regular shape, and BaseException if
 /// the dataset exists in another shape.
-class H5Writer : public H5Base, public api::IH5Writer {
+class H5Writer : public H5Base, public api::IH5RecordWriter {
  public:
   /// @throws h5::Error if the file cannot be created.
   explicit H5Writer(const std::string& file);

@@ -21,7 +21,8 @@ std::string joined(const std::vector<int>& numbers) {
 
 }  // namespace
 
-XdmfWriter::XdmfWriter(const std::string& name) : filename(name) {
+XdmfWriter::XdmfWriter(const std::string& name, XdmfForm form)
+    : filename(name), forViewers(form == XdmfForm::ForViewers) {
   xdmf.setVersion("2.0");
   xdmf.beginElement("Domain");
 }
@@ -36,14 +37,29 @@ void XdmfWriter::write(const std::string& file) {
   xdmf.generate(file);
 }
 
-void XdmfWriter::uniformItem(int rows, int columns, const std::string& numberType, int precision,
-                             const std::string& file, const std::string& dataset) {
+void XdmfWriter::beginUniformItem(int rows, int columns) {
   xdmf.beginElement("DataItem");
   xdmf.addType("Uniform");
   xdmf.setDimensions(rows, columns);
   xdmf.setFormat("HDF");
-  xdmf.setNumberType(numberType);
-  xdmf.setPrecision(precision);
+}
+
+void XdmfWriter::meshItem(int rows, int columns, const std::string& file,
+                          const std::string& dataset, const std::string& numberType, int bytes) {
+  beginUniformItem(rows, columns);
+  if (forViewers) {
+    xdmf.setNumberType(numberType);
+    xdmf.setPrecision(bytes);
+  }
+  xdmf.addItem(createPath(file, dataset));
+  xdmf.endDataItem();
+}
+
+void XdmfWriter::valueItem(int rows, int columns, const std::string& file,
+                           const std::string& dataset) {
+  beginUniformItem(rows, columns);
+  xdmf.setNumberType("Float");
+  if (forViewers) xdmf.setPrecision(DOUBLE_BYTES);
   xdmf.addItem(createPath(file, dataset));
   xdmf.endDataItem();
 }
@@ -52,17 +68,16 @@ void XdmfWriter::addMesh(int numberOfCells, const std::string& topologyFile,
                          const std::string& topologyDataset, int numberOfNodes,
                          const std::string& geometryFile, const std::string& geometryDataset,
                          int dimension) {
-  CHECK_THAT(!this->meshAdded, "the mesh of <" << filename << "> is defined already!");
   xdmf.beginElement("UnstructuredTopology");
   xdmf.addType("Triangle");
   xdmf.setNumberOfElements(numberOfCells);
-  uniformItem(numberOfCells, 3, "Int", INT_BYTES, topologyFile, topologyDataset);
+  meshItem(numberOfCells, 3, topologyFile, topologyDataset, "Int", INT_BYTES);
   xdmf.endElement("UnstructuredTopology");
 
   xdmf.beginElement("Geometry");
   xdmf.addType("XYZ");
   xdmf.setName("Coordinates");
-  uniformItem(numberOfNodes, dimension, "Float", DOUBLE_BYTES, geometryFile, geometryDataset);
+  meshItem(numberOfNodes, dimension, geometryFile, geometryDataset, "Float", DOUBLE_BYTES);
   xdmf.endElement("Geometry");
   meshAdded = true;
 }
@@ -74,7 +89,7 @@ void XdmfWriter::referTo(const std::string& element, const std::string& type,
   xdmf.addType(type);
   xdmf.setReference(path);
   xdmf.endElement(element);
-  xdmf.addInclude(path);
+  if (forViewers) xdmf.addInclude(path);
 }
 
 void XdmfWriter::addTimeStep(double t) {
@@ -148,7 +163,7 @@ void XdmfWriter::dataItem(int rows, const std::string& file, const std::string& 
   xdmf.addItem(joined(xmlDataDescription(static_cast<unsigned>(rows), DATASET_DIMENSIONS,
                                          static_cast<unsigned>(column))));
   xdmf.endDataItem();
-  uniformItem(rows, columns, "Float", DOUBLE_BYTES, file, dataset);
+  valueItem(rows, columns, file, dataset);
   xdmf.endDataItem();
 }
 
@@ -203,7 +218,7 @@ void XdmfWriter::addFunctionVector(const std::string& name, int rows,
 void XdmfWriter::addDataset(const std::string& name, int rows, const std::string& file,
                             const std::string& dataset, int columns) {
   beginAttribute(name, rows, columns, false, "");
-  uniformItem(rows, columns, "Float", DOUBLE_BYTES, file, dataset);
+  valueItem(rows, columns, file, dataset);
   endAttribute(false);
 }
 

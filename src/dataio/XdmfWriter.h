@@ -6,7 +6,8 @@
 //   xdmf->addScalar("water_surface", 2, "r.h5", "/RESULTS/CellsAll/HydState/0000000", 3, 0);
 //   xdmf->write("run.xdmf");
 //
-// What viewers make of it has been checked with ParaView 5.11 and QGIS 3.22:
+// A plain document holds what the format needs, one for viewers what they need besides, as has been
+// checked with ParaView 5.11 and QGIS 3.22:
 // - Numbers without NumberType and Precision are read as floats of 4 bytes.
 // - The Dimensions of a function are those of its result: rows by 1, or by 3 for a vector.
 // - ParaView's reader of XDMF 2 follows References and inclusions, those of XDMF 3 inclusions only,
@@ -24,10 +25,12 @@
 
 namespace dataio {
 
-class XdmfWriter final : public api::IXdmfWriter {
+enum class XdmfForm { Plain, ForViewers };
+
+class XdmfWriter final : public api::IViewerXdmfWriter {
  public:
   /// @param name of the document, for messages
-  explicit XdmfWriter(const std::string& name);
+  explicit XdmfWriter(const std::string& name, XdmfForm form = XdmfForm::Plain);
 
   void write(const std::string& file) override;
   void addMesh(int numberOfCells, const std::string& topologyFile,
@@ -67,8 +70,10 @@ class XdmfWriter final : public api::IXdmfWriter {
   /// One column of a dataset of two dimensions.
   void dataItem(int rows, const std::string& file, const std::string& dataset, int columns,
                 int column);
-  void uniformItem(int rows, int columns, const std::string& numberType, int precision,
-                   const std::string& file, const std::string& dataset);
+  void meshItem(int rows, int columns, const std::string& file, const std::string& dataset,
+                const std::string& numberType, int bytes);
+  void valueItem(int rows, int columns, const std::string& file, const std::string& dataset);
+  void beginUniformItem(int rows, int columns);
   void referTo(const std::string& element, const std::string& type, const std::string& tag);
   /// Start, stride and count of a selection.
   /// @param columns dimensions of the dataset: 2, or 1 for one without columns
@@ -76,6 +81,7 @@ class XdmfWriter final : public api::IXdmfWriter {
                                              const unsigned& column);
 
   std::string filename;
+  bool forViewers;
   SimpleXdmf xdmf;
   bool meshAdded = false;
   bool seriesOpen = false;

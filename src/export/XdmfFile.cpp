@@ -37,7 +37,7 @@ XdmfFile::XdmfFile(const Results& results, const std::string& document, const st
     : file(document, results.sources()),
       name(document),
       relative(nameFrom(document, data)),
-      xdmf(dataio::Factory::createXdmfWriter(document)) {
+      xdmf(dataio::Factory::createViewerXdmfWriter(document)) {
   xdmf->addInformation("program", programName());
   xdmf->addInformation("history", historyOf(results.file()));
   xdmf->addMesh(static_cast<int>(results.mesh().cells.size()), relative, "CellsAll/Topology",

@@ -20,7 +20,7 @@ class XdmfFile {
   /// @throws BaseException if the document cannot be written, or names cannot be told apart.
   XdmfFile(const Results& results, const std::string& document, const std::string& data);
 
-  api::IXdmfWriter& writer() { return *xdmf; }
+  api::IViewerXdmfWriter& writer() { return *xdmf; }
   /// The file with the data as the document names it: relative to itself.
   const std::string& dataFile() const { return relative; }
 
@@ -31,7 +31,7 @@ class XdmfFile {
   common::NewFile file;
   std::string name;
   std::string relative;
-  std::unique_ptr<api::IXdmfWriter> xdmf;
+  std::unique_ptr<api::IViewerXdmfWriter> xdmf;
 };
 
 /// The name of a file as seen from the folder of a document.

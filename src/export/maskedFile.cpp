@@ -68,7 +68,7 @@ void writeTriples(api::IH5Writer& writer, const std::string& path,
 
 class MaskedFile {
  public:
-  MaskedFile(const Results& newResults, api::IH5Writer& newWriter, XdmfFile& newDocument)
+  MaskedFile(const Results& newResults, api::IH5RecordWriter& newWriter, XdmfFile& newDocument)
       : results(newResults), writer(newWriter), document(newDocument) {}
 
   void writeSetup() {
@@ -142,12 +142,13 @@ class MaskedFile {
   }
 
   const Results& results;
-  api::IH5Writer& writer;
+  api::IH5RecordWriter& writer;
   XdmfFile& document;
 };
 
 void write(const Results& results, const std::string& unfinished, XdmfFile& document) {
-  const std::unique_ptr<api::IH5Writer> writer(dataio::Factory::createH5Writer(unfinished));
+  const std::unique_ptr<api::IH5RecordWriter> writer(
+      dataio::Factory::createRecordWriter(unfinished, "w"));
   MaskedFile file(results, *writer, document);
   file.writeSetup();
   int position = 0;

@@ -36,7 +36,7 @@ Lists listsOf(const std::vector<Column>& columns, const std::string& file) {
 
 class Description {
  public:
-  Description(const Results& newResults, api::IXdmfWriter& newWriter, std::string newFile)
+  Description(const Results& newResults, api::IViewerXdmfWriter& newWriter, std::string newFile)
       : results(newResults),
         writer(newWriter),
         file(std::move(newFile)),
@@ -82,7 +82,7 @@ class Description {
   }
 
   const Results& results;
-  api::IXdmfWriter& writer;
+  api::IViewerXdmfWriter& writer;
   std::string file;
   int rows;
 };

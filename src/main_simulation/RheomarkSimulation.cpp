@@ -2,7 +2,6 @@
 
 #include <cstdlib>
 
-#include "api/ISimulation.h"
 #include "common/check.h"
 #include "main_simulation/SimulationSchema.h"
 #include "simulation/RHEOdomain.h"
@@ -38,7 +37,8 @@ void RheomarkSimulation::addArguments() {
 
 // A failure leaves the domain object alone: the process ends without shutting the runtime down.
 void RheomarkSimulation::executionContent() {
-  api::ISimulation* domain = simulation::RHEOdomain::getInstance(getJsonFile(), runArg->getValue());
+  simulation::RHEOdomain* domain =
+      simulation::RHEOdomain::getInstance(getJsonFile(), runArg->getValue());
   if (getArchive().empty()) {
     domain->setParallel(getNthreads());
     domain->init(getLogLevel(), progressArg->getValue(), debugArg->getValue(),

@@ -229,7 +229,7 @@ void RHEOcommon::initializeReRunData(const std::string& output, const double& ti
   console::info("Re-run properly set at ", time, " [s]");
   // The writer has the file before the reader lets it go: records become invalid together with the
   // first one that replaces them, not when this run fails or is killed before.
-  resultFile.reset(dataio::Factory::createH5Writer(name, "rw"));
+  resultFile.reset(dataio::Factory::createRecordWriter(name, "rw"));
   reader.reset();
 }
 

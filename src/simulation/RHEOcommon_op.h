@@ -41,7 +41,8 @@ class RHEOcommon : public api::ISimulation {
             const std::string& output) override;
   void run() override;
   void initializeSimulationParameters() override {}
-  int endedBySignal() const override { return stopSignal; }
+  /// The signal that ended the run before its time, or 0.
+  int endedBySignal() const { return stopSignal; }
 
  protected:
   struct Free {
@@ -53,7 +54,7 @@ class RHEOcommon : public api::ISimulation {
   std::unique_ptr<api::IModel> model;
   std::unique_ptr<api::ICommandFileReader> commandFile;
   std::unique_ptr<api::IH5Reader> runFile;
-  std::unique_ptr<api::IH5Writer> resultFile;  ///< null until init has prepared it
+  std::unique_ptr<api::IH5RecordWriter> resultFile;  ///< null until init has prepared it
 
   std::map<model::KernelID, std::function<void()>> kernels;
   std::map<model::KernelID, std::unique_ptr<api::IExecutionPlan>> kernelPlans;

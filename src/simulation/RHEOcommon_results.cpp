@@ -20,7 +20,7 @@ void RHEOcommon::initializeResultsFile(const std::string& output) {
   if (logLevel > 1) {
     console::info("creating a new file container to store the simulation results: ", name);
   }
-  resultFile.reset(dataio::Factory::createH5Writer(name));
+  resultFile.reset(dataio::Factory::createRecordWriter(name, "w"));
 
   std::vector<model::DataID> setupData;
   for (const model::DataID id : model->getDats()) {

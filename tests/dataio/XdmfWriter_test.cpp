@@ -10,6 +10,7 @@
 
 namespace {
 
+using dataio::XdmfForm;
 using dataio::XdmfWriter;
 using failures::reportOf;
 using ::testing::ElementsAre;
@@ -52,13 +53,11 @@ TEST_F(XdmfWriterTest, MeshAloneHasNoGrid) {
   EXPECT_EQ(document.count("//Grid"), 0);
   const std::string topology = "/Xdmf/Domain/Topology";
   EXPECT_THAT(document.texts(topology + "/@*"), ElementsAre("Triangle", "2"));
-  EXPECT_THAT(document.texts(topology + "/DataItem/@*"),
-              ElementsAre("Uniform", "2 3", "HDF", "Int", "4"));
+  EXPECT_THAT(document.texts(topology + "/DataItem/@*"), ElementsAre("Uniform", "2 3", "HDF"));
   EXPECT_THAT(document.texts(topology + "/DataItem"), ElementsAre("r.h5:CellsAll/Topology"));
   const std::string geometry = "/Xdmf/Domain/Geometry";
   EXPECT_THAT(document.texts(geometry + "/@*"), ElementsAre("XYZ", "Coordinates"));
-  EXPECT_THAT(document.texts(geometry + "/DataItem/@*"),
-              ElementsAre("Uniform", "4 3", "HDF", "Float", "8"));
+  EXPECT_THAT(document.texts(geometry + "/DataItem/@*"), ElementsAre("Uniform", "4 3", "HDF"));
   EXPECT_THAT(document.texts(geometry + "/DataItem"), ElementsAre("r.h5:NodesAll/Coordnts"));
 }
 
@@ -94,8 +93,22 @@ TEST_F(XdmfWriterTest, StepsStandInOneSeriesAndReferToTheMesh) {
               ElementsAre("Triangle", "/Xdmf/Domain/Topology[1]"));
   EXPECT_THAT(document.texts(STEP + "[2]/Geometry/@*"),
               ElementsAre("XY", "/Xdmf/Domain/Geometry[1]"));
+  EXPECT_EQ(document.count("//*[local-name()='include']"), 0);
+}
+
+TEST_F(XdmfWriterTest, ViewersGetTheFormOfNumbersAndTheMeshByInclusion) {
+  writer = XdmfWriter(name, XdmfForm::ForViewers);
+  begin();
+  writer.addScalar("water_surface", 2, "r.h5", STATE, 3, 0);
+  const support::Xml document = written();
+  const std::string formats = "/@*[name()='NumberType' or name()='Precision']";
+  EXPECT_THAT(document.texts("/Xdmf/Domain/Topology/DataItem" + formats), ElementsAre("Int", "4"));
+  EXPECT_THAT(document.texts("/Xdmf/Domain/Geometry/DataItem" + formats),
+              ElementsAre("Float", "8"));
+  EXPECT_THAT(document.texts(STEP + "/Attribute/DataItem/DataItem[2]" + formats),
+              ElementsAre("Float", "8"));
   EXPECT_THAT(
-      document.texts(STEP + "[2]/*[local-name()='include']/@xpointer"),
+      document.texts(STEP + "/*[local-name()='include']/@xpointer"),
       ElementsAre("xpointer(/Xdmf/Domain/Topology[1])", "xpointer(/Xdmf/Domain/Geometry[1])"));
 }
 
@@ -110,7 +123,7 @@ TEST_F(XdmfWriterTest, ScalarIsOneColumnOfADataset) {
   EXPECT_THAT(document.texts(slab + "/DataItem[1]/@*"), ElementsAre("3 2", "XML", "Int"));
   EXPECT_THAT(document.texts(slab + "/DataItem[1]"), ElementsAre("0 0 1 1 2 1"));
   EXPECT_THAT(document.texts(slab + "/DataItem[2]/@*"),
-              ElementsAre("Uniform", "2 3", "HDF", "Float", "8"));
+              ElementsAre("Uniform", "2 3", "HDF", "Float"));
   EXPECT_THAT(document.texts(slab + "/DataItem[2]"), ElementsAre("r.h5:" + STATE));
 }
 
@@ -172,6 +185,7 @@ TEST_F(XdmfWriterTest, WholeDatasetsAreScalarsOrVectors) {
 }
 
 TEST_F(XdmfWriterTest, IncludedValuesStandOutsideTheGridAndAreNamedInIt) {
+  writer = XdmfWriter(name, XdmfForm::ForViewers);
   begin();
   writer.addTimeStep(1.0);
   for (const std::string attribute : {"a", "b"}) {
@@ -228,11 +242,6 @@ TEST_F(XdmfWriterTest, ListsOfAFunctionHaveOneLength) {
   expectCheck(report(three, two, {1}, {0}), "invalid dataset path descriptions provided");
   expectCheck(report(two, two, {1}, {0}), "invalid dataset size descriptions provided");
   expectCheck(report(two, two, {1, 1}, {0}), "invalid dataset column descriptions provided");
-}
-
-TEST_F(XdmfWriterTest, DocumentHasOneMesh) {
-  addMesh();
-  expectCheck(reportOf([&] { addMesh(); }), "the mesh of <" + name + "> is defined already!");
 }
 
 TEST_F(XdmfWriterTest, WrittenDocumentCannotGrow) {

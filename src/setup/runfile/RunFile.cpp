@@ -132,7 +132,8 @@ class RunFile {
 
 void writeAll(const std::string& file, const api::IModel& model, const Domain& domain,
               const Study& study) {
-  const std::unique_ptr<api::IH5Writer> writer(dataio::Factory::createH5Writer(file));
+  const std::unique_ptr<api::IH5RecordWriter> writer(
+      dataio::Factory::createRecordWriter(file, "w"));
   dataio::Archive::addModel(writer.get(), study.document);
   RunFile runFile(*writer, model, domain);
   runFile.writeSets();
