@@ -74,11 +74,11 @@ struct op_plan {
 /// The plan of a loop: an earlier one if one was built for the same name, set, part size, maps,
 /// columns and accesses, over dats of the same shape, else a new one. Neither the staging nor the
 /// dats themselves are compared, nor which optional arguments are in use: loops that differ in one
-/// of these need names of their own. Ends the process with status -1 for arguments that make no
-/// loop.
+/// of these need names of their own. Arguments that contradict each other are taken as they are;
+/// the process ends with status -1 if something is missing that the plan is made from.
 /// @param part_size elements of a block; 0 for as many as suit 24 KB of shared memory
-/// @param inds for each argument the number of its indirect dat, from 0 to ninds - 1; negative if
-///        the argument is direct or global
+/// @param inds for each argument the number of its indirect dat; negative if the argument is direct
+///        or global. Arguments of one number share lists and colours.
 /// @param staging see op_staging
 op_plan* op_plan_core(const char* name, op_set set, int part_size, int nargs, op_arg* args,
                       int ninds, int* inds, int staging);

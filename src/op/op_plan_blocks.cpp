@@ -74,7 +74,7 @@ void reserve_lists(const op_plan_loop& loop, op_plan& plan) {
   const std::size_t lists = loop.leaders.size() * static_cast<std::size_t>(plan.nblocks);
   plan.ind_offs = op_plan_array<int>(lists);
   plan.ind_sizes = op_plan_array<int>(lists);
-  plan.nindirect = op_plan_array<int>(std::max(loop.ninds, 0));
+  plan.nindirect = op_plan_array<int>(loop.leaders.size());
 }
 
 [[noreturn]] void fail_length(const op_plan_loop& loop, const op_arg& arg, int b, int length) {
@@ -118,8 +118,9 @@ std::size_t largest_target_set(const op_plan_loop& loop,
                                const std::vector<std::vector<int>>& members) {
   int size = 0;
   for (const auto& arguments : members) {
-    if (arguments.empty()) continue;
-    size = std::max(size, op_plan_whole_size(loop.args[arguments.front()].map->to));
+    for (const int m : arguments) {
+      size = std::max(size, op_plan_whole_size(loop.args[m].map->to));
+    }
   }
   return static_cast<std::size_t>(size);
 }

@@ -5,7 +5,7 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <map>
+#include <deque>
 #include <numeric>
 #include <vector>
 
@@ -22,6 +22,8 @@ using Words = std::vector<std::uint32_t>;
 
 // One argument that changes a dat through a map.
 struct Change {
+  op_dat dat;
+  int number;
   Words* words;
   const int* column;
   std::ptrdiff_t stride;
@@ -31,22 +33,22 @@ struct Change {
   }
 };
 
-// All changes of a loop. Arguments that lead to the same dat share its words.
+// All changes of a loop. Arguments that lead to one dat, or bear one number, share their words.
 class Changes {
  public:
   explicit Changes(const op_plan_loop& loop) {
     for (int m = 0; m < loop.nargs; ++m) {
       const op_arg& arg = loop.args[m];
-      const bool changes = arg.acc == OP_RW || arg.acc == OP_INC;
-      if (!loop.is_indirect(m) || !loop.in_use(m) || !changes) continue;
-      Words& words = words_[arg.dat];
-      words.resize(static_cast<std::size_t>(op_plan_whole_size(arg.map->to)));
-      list_.push_back({&words, arg.map->map + arg.idx, arg.map->dim});
+      if (!loop.is_indirect(m) || !loop.in_use(m) || !loop.changes(m)) continue;
+      Words& words = words_for(arg.dat, loop.inds[m]);
+      const auto targets = static_cast<std::size_t>(op_plan_whole_size(arg.map->to));
+      words.resize(std::max(words.size(), targets));
+      list_.push_back({arg.dat, loop.inds[m], &words, arg.map->map + arg.idx, arg.map->dim});
     }
   }
 
   void clear() {
-    for (auto& [dat, words] : words_) std::fill(words.begin(), words.end(), 0U);
+    for (Words& words : words_) std::fill(words.begin(), words.end(), 0U);
   }
   void clear(int begin, int end) const {
     for (const Change& change : list_) {
@@ -68,7 +70,14 @@ class Changes {
   }
 
  private:
-  std::map<op_dat, Words> words_;
+  Words& words_for(op_dat dat, int number) {
+    const auto same = std::find_if(list_.begin(), list_.end(), [=](const Change& change) {
+      return change.number == number || change.dat == dat;
+    });
+    return same == list_.end() ? words_.emplace_back() : *same->words;
+  }
+
+  std::deque<Words> words_;  // whose addresses stay
   std::vector<Change> list_;
 };
 

@@ -101,6 +101,9 @@ void add_list(const op_plan_loop& loop, int b, int s, op_plan& plan, op_plan_cos
   if (arg.opt == 0) return;
   const List list = list_of(plan, b, s);
   const long long line = OP_cache_line_size;
+  if (line == 0) {
+    op_fail(-1, " op_plan error -- loop %s: OP_cache_line_size must not be 0\n", loop.name);
+  }
   const long long wide = line * arg.dat->dim;
   const long long size = arg.dat->size;
   plan.transfer += static_cast<float>(passes(arg) * list.size * size);

@@ -1,7 +1,7 @@
 #include "op/op_plan_loop.h"
 
 #include <algorithm>
-#include <climits>
+#include <map>
 
 #include "op/op_util.h"
 
@@ -11,8 +11,32 @@ constexpr int DEFAULT_BLOCK = 256;
 constexpr int SHARED_BYTES = 24 * 1024;  // of a block
 constexpr int LINE_BYTES = 64;           // each list starts at a multiple of it
 
-[[noreturn]] void fail_argument(const char* loop, int m, const char* message) {
-  op_fail(-1, " op_plan error -- loop %s, argument %d: %s\n", loop, m, message);
+bool is_staged(const op_plan_loop& loop, int m) {
+  if (!loop.is_indirect(m)) return false;
+  if (loop.staging == OP_STAGED_INCREMENTS) return loop.args[m].acc == OP_INC;
+  return loop.staging == OP_STAGED || loop.staging == OP_STAGED_BY_COLOUR;
+}
+
+// Lists follow the column of a map, and so do colours.
+bool follows_map(const op_plan_loop& loop, int m) {
+  return loop.in_use(m) && loop.is_indirect(m) && (is_staged(loop, m) || loop.changes(m));
+}
+
+[[noreturn]] void fail_argument(const op_plan_loop& loop, int m, const char* message) {
+  op_fail(-1, " op_plan error -- loop %s, argument %d: %s\n", loop.name, m, message);
+}
+
+// The table has to hold an entry for each element of the loop.
+void require_column(const op_plan_loop& loop, int m) {
+  const op_arg& arg = loop.args[m];
+  const long long rows = op_plan_whole_size(arg.map->from);
+  const long long last = (loop.exec_length - 1LL) * arg.map->dim + arg.idx;
+  if (arg.idx >= 0 && last < rows * arg.map->dim) return;
+  op_fail(
+      -1,
+      " op_plan error -- loop %s, argument %d: index %d of map %s with %lld rows of %d does not "
+      "reach %d elements; each column of a vector is an argument of its own\n",
+      loop.name, m, arg.idx, arg.map->name, rows, arg.map->dim, loop.exec_length);
 }
 
 // Every entry of an argument's column has to be an element of its target set.
@@ -29,64 +53,27 @@ void require_targets(const op_plan_loop& loop, int m) {
   }
 }
 
-void require_indirect(const op_plan_loop& loop, int m) {
-  const op_arg& arg = loop.args[m];
-  if (loop.inds[m] >= loop.ninds) {
-    op_fail(-1, " op_plan error -- loop %s, argument %d: indirect dat %d, but there are %d\n",
-            loop.name, m, loop.inds[m], loop.ninds);
-  }
-  if (!loop.in_use(m)) return;
-  if (arg.dat == nullptr) fail_argument(loop.name, m, "an indirect argument needs a dat");
-  if (arg.map == nullptr) fail_argument(loop.name, m, "an indirect argument needs a map");
-  if (arg.map->from != loop.set || arg.map->to != arg.dat->set) {
-    fail_argument(loop.name, m,
-                  "the map does not lead from the set of the loop to that of the dat");
-  }
-  if (arg.idx < 0 || arg.idx >= arg.map->dim) {
-    op_fail(-1,
-            " op_plan error -- loop %s, argument %d: index %d is not in the range 0 to %d of map "
-            "%s; each column of a vector is an argument of its own\n",
-            loop.name, m, arg.idx, arg.map->dim - 1, arg.map->name);
-  }
-  require_targets(loop, m);
-}
-
-// Arguments with the same number share lists and colours.
-void require_one_dat(const op_plan_loop& loop, int m) {
-  if (!loop.in_use(m)) return;
-  for (int other = 0; other < m; ++other) {
-    if (loop.inds[other] != loop.inds[m] || !loop.in_use(other)) continue;
-    if (loop.args[other].dat == loop.args[m].dat) continue;
-    op_fail(-1, " op_plan error -- loop %s: arguments %d and %d share number %d, but not the dat\n",
-            loop.name, other, m, loop.inds[m]);
-  }
-}
-
+// What the steps of building read has to be there; whether it makes sense is up to the caller.
 void require_loop(const op_plan_loop& loop) {
-  if (loop.part_size < 0) {
+  if (loop.part_size < 0 && loop.staging != OP_ONE_BLOCK) {
     op_fail(-1, " op_plan error -- loop %s: part_size is %d, must be 0 or more\n", loop.name,
             loop.part_size);
   }
-  if (OP_cache_line_size < 1) {
-    op_fail(-1, " op_plan error -- loop %s: OP_cache_line_size is %d, must be 1 or more\n",
-            loop.name, OP_cache_line_size);
-  }
   for (int m = 0; m < loop.nargs; ++m) {
-    if (!loop.is_indirect(m)) continue;
-    require_indirect(loop, m);
-    require_one_dat(loop, m);
+    if (!follows_map(loop, m)) continue;
+    if (loop.args[m].map == nullptr) fail_argument(loop, m, "an indirect argument needs a map");
+    if (is_staged(loop, m) && loop.args[m].dat == nullptr) {
+      fail_argument(loop, m, "an indirect argument needs a dat");
+    }
+    if (loop.exec_length == 0) continue;
+    require_column(loop, m);
+    require_targets(loop, m);
   }
 }
 
 template <class Condition>
 bool any_argument(const op_plan_loop& loop, Condition condition) {
   return std::any_of(loop.args, loop.args + loop.nargs, condition);
-}
-
-bool is_staged(const op_plan_loop& loop, int m) {
-  if (!loop.is_indirect(m)) return false;
-  if (loop.staging == OP_STAGED_INCREMENTS) return loop.args[m].acc == OP_INC;
-  return loop.staging == OP_STAGED || loop.staging == OP_STAGED_BY_COLOUR;
 }
 
 int executed_elements(const op_plan_loop& loop) {
@@ -99,14 +86,13 @@ int executed_elements(const op_plan_loop& loop) {
 // one that is stands for them.
 void number_staged(op_plan_loop& loop) {
   loop.inds_staged.assign(static_cast<std::size_t>(loop.nargs), -1);
-  std::vector<int> numbers(static_cast<std::size_t>(std::max(loop.ninds, 0)), -1);
+  std::map<int, int> numbers;
   for (int m = 0; m < loop.nargs; ++m) {
     if (!is_staged(loop, m)) continue;
-    int& number = numbers[static_cast<std::size_t>(loop.inds[m])];
-    if (number < 0) {
-      number = static_cast<int>(loop.leaders.size());
-      loop.leaders.push_back(m);
-    }
+    const int next = static_cast<int>(loop.leaders.size());
+    const auto [entry, isNew] = numbers.try_emplace(loop.inds[m], next);
+    const int number = entry->second;
+    if (isNew) loop.leaders.push_back(m);
     int& leader = loop.leaders[static_cast<std::size_t>(number)];
     if (!loop.in_use(leader) && loop.in_use(m)) leader = m;
     loop.inds_staged[static_cast<std::size_t>(m)] = number;

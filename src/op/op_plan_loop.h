@@ -29,11 +29,13 @@ struct op_plan_loop {
 
   bool is_indirect(int m) const { return inds[m] >= 0; }
   bool in_use(int m) const { return args[m].opt != 0; }
+  bool changes(int m) const { return args[m].acc == OP_RW || args[m].acc == OP_INC; }
   bool permutes() const { return staging == OP_STAGED_BY_COLOUR || staging == OP_ONE_BLOCK; }
 };
 
-/// Ends the process with status -1 if the arguments make no loop: an indirect dat out of range, a
-/// map that does not lead from the set to the dat, a column or an entry that does not exist.
+/// Ends the process with status -1 if something is missing that the plan is made from: the set, the
+/// map or the dat of an indirect argument, a column for all elements, the target of an entry.
+/// Arguments that contradict each other are taken as they are.
 op_plan_loop op_plan_describe(const char* name, op_set set, int part_size, int nargs,
                               const op_arg* args, int ninds, const int* inds, int staging);
 

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdio>
 #include <cstring>
+#include <string>
+#include <string_view>
 
 #include "op/op_arg.h"
 #include "op/op_util.h"
@@ -16,6 +18,17 @@ void copy_elements(op_dat dat, char* destination, int first, int count) {
   const auto bytes = static_cast<std::size_t>(count) * width;
   if (bytes == 0) return;
   std::memcpy(destination, dat->data + static_cast<std::size_t>(first) * width, bytes);
+}
+
+// @param own the type string of T
+template <class T>
+op_dat declare_typed(op_set set, int dim, const char* type, const char* own, T* data,
+                     const char* name) {
+  const std::string_view wanted(type);
+  if (wanted != own && wanted != std::string(own) + ":soa") {
+    op_fail(2, "incorrect type specified for dataset \"%s\" \n", name);
+  }
+  return op_decl_dat_char(set, dim, type, sizeof(T), reinterpret_cast<char*>(data), name);
 }
 
 [[noreturn]] void fail_absent(const char* call) {
@@ -66,6 +79,14 @@ int op_free_dat_temp_char(op_dat dat) {
   return op_free_dat_temp_core(dat);
 }
 
+op_dat op_decl_dat(op_set set, int dim, const char* type, int* data, const char* name) {
+  return declare_typed(set, dim, type, "int", data, name);
+}
+
+op_dat op_decl_dat(op_set set, int dim, const char* type, double* data, const char* name) {
+  return declare_typed(set, dim, type, "double", data, name);
+}
+
 void op_decl_const_char(int /*dim*/, const char* /*type*/, int /*size*/, char* /*data*/,
                         const char* /*name*/) {}
 
@@ -95,8 +116,10 @@ void op_fetch_data_char(op_dat dat, char* destination) {
 }
 
 void op_fetch_data_idx_char(op_dat dat, char* destination, int low, int high) {
-  // The copy must not run beyond the last element either.
-  if (low < 0 || high < 0 || high >= dat->set->size || low > dat->set->size - 1 - high) {
+  const int last = dat->set->size - 1;
+  // The copy begins at `low`: it must not run beyond the last element, nor backwards.
+  const bool runsOut = high < -1 || (high >= 0 && low > last - high);
+  if (low < 0 || high > last || runsOut) {
     op_fail(2, "op_fetch_data: Indices not within range of elements held in %s\n", dat->name);
   }
   copy_elements(dat, destination, low, high + 1);

@@ -35,6 +35,11 @@ op_map op_decl_map(op_set from, op_set to, int dim, int* table, const char* name
 op_dat op_decl_dat_char(op_set set, int dim, const char* type, int size, char* data,
                         const char* name);
 
+/// The same for values whose type the compiler knows. Ends the process with status 2 if `type` is
+/// neither the string of that type nor the one with ":soa" behind it.
+op_dat op_decl_dat(op_set set, int dim, const char* type, int* data, const char* name);
+op_dat op_decl_dat(op_set set, int dim, const char* type, double* data, const char* name);
+
 /// A dat with storage of its own, all zero. Ends the process with status 2 if an equal one exists.
 op_dat op_decl_dat_temp_char(op_set set, int dim, const char* type, int size, const char* name);
 
@@ -60,8 +65,8 @@ op_arg op_arg_gbl(int* data, int dim, const char* type, op_access acc);
 /// Copies all values of a dat, set->size * dat->size bytes.
 void op_fetch_data_char(op_dat dat, char* destination);
 
-/// Copies (high + 1) elements from element `low` on. Ends the process with status 2 if the dat does
-/// not hold them.
+/// Copies (high + 1) elements from element `low` on; none for -1. Ends the process with status 2 if
+/// the dat does not hold the elements `low` and `high`, or not all that are to be copied.
 void op_fetch_data_idx_char(op_dat dat, char* destination, int low, int high);
 
 int op_get_size(op_set set);

@@ -56,8 +56,30 @@ TEST_F(OpSeq, RefusesToFetchWhatTheDatDoesNotHold) {
               message);
   EXPECT_EXIT((outputToStderr(), op_fetch_data_idx_char(dat_, to, 3, 2)), ExitedWithCode(2),
               message);
-  EXPECT_EXIT((outputToStderr(), op_fetch_data_idx_char(dat_, to, 0, -1)), ExitedWithCode(2),
+  EXPECT_EXIT((outputToStderr(), op_fetch_data_idx_char(dat_, to, 0, -2)), ExitedWithCode(2),
               message);
+}
+
+TEST_F(OpSeq, FetchesNoElementsUpToTheOneBeforeTheFirst) {
+  std::vector<int> copy(4, 7);
+  for (const int low : {0, 4, 5}) {
+    op_fetch_data_idx_char(dat_, reinterpret_cast<char*>(copy.data()), low, -1);
+  }
+  EXPECT_EQ(copy, std::vector<int>(4, 7));
+}
+
+TEST_F(OpSeq, DeclaresValuesOfATypeTheCompilerKnows) {
+  std::vector<double> reals(5);
+  EXPECT_EQ(op_decl_dat(cells_, 2, "int", values_.data(), "ints")->size, 8);
+  EXPECT_EQ(op_decl_dat(cells_, 1, "double:soa", reals.data(), "reals")->size, 8);
+}
+
+TEST_F(OpSeq, RefusesATypeThatIsNotTheOneOfTheValues) {
+  std::vector<double> reals(5);
+  EXPECT_EXIT((outputToStderr(), op_decl_dat(cells_, 1, "int", reals.data(), "reals")),
+              ExitedWithCode(2), literally("incorrect type specified for dataset \"reals\" \n"));
+  EXPECT_EXIT((outputToStderr(), op_decl_dat(cells_, 1, "integer", values_.data(), "ints")),
+              ExitedWithCode(2), literally("incorrect type specified for dataset \"ints\" \n"));
 }
 
 TEST_F(OpSeq, TellsSizes) {
