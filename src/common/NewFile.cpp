@@ -30,11 +30,7 @@ void requireOrdinary(const std::string& name, const Sources& sources) {
   if (fs::exists(name, ignored) && !fs::is_regular_file(name, ignored)) {
     console::fail("file <", name, "> cannot be written: it is a device or a pipe");
   }
-  for (const Source& source : sources) {
-    if (fs::equivalent(source.name, name, ignored)) {
-      console::fail("file <", name, "> is the ", source.kind, " itself: give another name");
-    }
-  }
+  requireNoSource(name, sources);
 }
 
 /// "gauges.csv.part", or "gauges.csv.part2" if somebody has a file of that name.

@@ -7,25 +7,17 @@
 #pragma once
 
 #include <string>
-#include <vector>
+
+#include "common/sources.h"
 
 namespace common {
-
-/// What a file is made from: {"results file", "run_results.h5"}.
-struct Source {
-  std::string kind;
-  std::string name;
-};
-
-using Sources = std::vector<Source>;
 
 class NewFile {
  public:
   /// Creates the unfinished file, empty, beside its target, under a name that no other file has.
   /// @param sources must not be overwritten
   /// @throws BaseException if `name` is one of these, a folder or a device, or in a folder that
-  /// does
-  ///         not exist or cannot be written to.
+  ///         does not exist or cannot be written to.
   NewFile(const std::string& name, const Sources& sources);
   /// Removes what has not been finished.
   ~NewFile();

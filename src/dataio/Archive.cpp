@@ -45,9 +45,12 @@ void Archive::addSimulation(api::IH5Writer* const& writer, const std::string& ha
   addHash(writer, entry(SIMULATION), hash);
 }
 
-void Archive::restore(api::IH5Reader* const& reader, const std::string& file) {
+bool Archive::restore(api::IH5Reader* const& reader, const std::string& file) {
+  const std::string text = getModel(reader);
   std::ofstream stream(file, std::ios::trunc);
-  stream << getModel(reader);
+  stream << text;
+  stream.close();
+  return stream.good();
 }
 
 }  // namespace dataio

@@ -34,8 +34,8 @@ class Archive {
   static void addSimulation(api::IH5Writer* const& writer, const std::string& hash);
 
   /// Writes the model entry to a text file, replacing its content; no newline is added.
-  /// A file that cannot be opened is passed over in silence.
-  static void restore(api::IH5Reader* const& reader, const std::string& file);
+  /// @return false if the file cannot be written; nothing is said about it
+  static bool restore(api::IH5Reader* const& reader, const std::string& file);
 };
 
 }  // namespace dataio

@@ -8,6 +8,7 @@
 
 #include "common/BaseException.h"
 #include "common/console.h"
+#include "common/standard_streams.h"
 #include "common/version.h"
 #include "export/Export.h"
 
@@ -58,6 +59,7 @@ exporter::Request parse(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  common::openStandardStreams();
   // A file can be looked into while the run that writes it goes on.
   setenv("HDF5_USE_FILE_LOCKING", "FALSE", 0);
   bool forPeople = true;

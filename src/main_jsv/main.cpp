@@ -10,6 +10,7 @@
 #include <system_error>
 
 #include "common/console.h"
+#include "common/standard_streams.h"
 #include "jsv/StreamValidator.h"
 
 namespace {
@@ -42,6 +43,7 @@ int validate(const std::string& schemaPath, const std::string& documentPath) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  common::openStandardStreams();
   if (argc != 3) {
     common::console::error("usage: jsv-check SCHEMA DOCUMENT");
     return UNUSABLE;

@@ -7,6 +7,7 @@
 
 #include "common/BaseException.h"
 #include "common/console.h"
+#include "common/standard_streams.h"
 #include "common/version.h"
 #include "setup/Setup.h"
 
@@ -34,6 +35,7 @@ Arguments parse(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  common::openStandardStreams();
   // Some network file systems know no locks; a value that the user has set is kept.
   setenv("HDF5_USE_FILE_LOCKING", "FALSE", 0);
   console::printHeader("sequential");

@@ -3,6 +3,8 @@
 #include <cstdlib>
 
 #include "common/check.h"
+#include "common/sources.h"
+#include "dataio/H5FileNameDefinitions.h"
 #include "main_simulation/SimulationSchema.h"
 #include "simulation/RHEOdomain.h"
 
@@ -35,8 +37,18 @@ void RheomarkSimulation::addArguments() {
   }
 }
 
+// A name without extension is none of a results file, and refused when one is made.
+std::string RheomarkSimulation::fileToBeWritten() const {
+  using Names = dataio::H5FileNameDefinitions;
+  if (!getArchive().empty()) return getArchive();
+  const std::string& name = outputArg->getValue();
+  return name.find(Names::H5EXTENSION) == std::string::npos ? name : Names::getResultFileName(name);
+}
+
 // A failure leaves the domain object alone: the process ends without shutting the runtime down.
 void RheomarkSimulation::executionContent() {
+  common::requireNoSource(fileToBeWritten(),
+                          {{"command file", getJsonFile()}, {"run file", runArg->getValue()}});
   simulation::RHEOdomain* domain =
       simulation::RHEOdomain::getInstance(getJsonFile(), runArg->getValue());
   if (getArchive().empty()) {

@@ -17,6 +17,8 @@ class RheomarkSimulation : public RheomarkMain {
   void executionContent() override;
 
  private:
+  std::string fileToBeWritten() const;
+
   std::unique_ptr<TCLAP::ValueArg<std::string>> runArg;
   std::unique_ptr<TCLAP::SwitchArg> progressArg;
   std::unique_ptr<TCLAP::SwitchArg> debugArg;

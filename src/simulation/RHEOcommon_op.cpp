@@ -36,7 +36,7 @@ namespace console = common::console;
 
 namespace {
 
-// Checks whose place in the code is part of their message: users' notes cite the line numbers.
+// The lines that these checks show in their messages: the same ones wherever the code moves.
 constexpr int LINE_MINIMUM_STEP = 168;
 constexpr int LINE_PARAMETER_COUNT = 411;
 constexpr int LINE_INT_PARAMETER = 425;
@@ -45,8 +45,8 @@ constexpr int LINE_REAL_PARAMETER = 431;
 // Steps are reset to this value before each pass; every bound lies below it.
 constexpr double NO_LIMIT = 1e12;
 
-// Times of records are compared after rounding to this many digits; the reader's factor overflows
-// on purpose, so that in practice only equal times match.
+// Times of records are compared after rounding to this many digits, with which the reader's factor
+// overflows: only times that agree to 2^-31 s match.
 constexpr int TIME_DIGITS = 100;
 
 // Elements of a set that are numbered, per byte of the run file: with any data they are far fewer.
@@ -79,7 +79,10 @@ RHEOcommon::~RHEOcommon() {
 
 void RHEOcommon::printHash(const std::string& file) {
   console::info("restoring the model configuration to file <", file, ">");
-  dataio::Archive::restore(runFile.get(), file);
+  if (!dataio::Archive::restore(runFile.get(), file)) {
+    console::fail("file <", file,
+                  "> cannot be written: is the disk full, or the folder not yours?");
+  }
 }
 
 void RHEOcommon::setParallel(const int& threads) {
@@ -294,9 +297,9 @@ op_dat RHEOcommon::createLocalData(api::IData* const& data) {
   const std::vector<int> size = data->getDimension();
   const std::size_t count =
       static_cast<std::size_t>(size.at(0)) * static_cast<std::size_t>(size.at(1));
-  void* values = keepMemory(count, sizeof(T));
-  return op_decl_dat_char(sets[data->getSet()->getID()], size.at(1), data->getType().c_str(),
-                          sizeof(T), static_cast<char*>(values), data->getH5Path().c_str());
+  T* values = static_cast<T*>(keepMemory(count, sizeof(T)));
+  return op_decl_dat(sets[data->getSet()->getID()], size.at(1), data->getType().c_str(), values,
+                     data->getH5Path().c_str());
 }
 
 op_dat RHEOcommon::createDebugData(api::ISet* const& set) {
@@ -312,8 +315,7 @@ op_dat RHEOcommon::createDebugData(api::ISet* const& set) {
   int* numbers = static_cast<int*>(keepMemory(static_cast<std::size_t>(size), sizeof(int)));
   for (int i = 0; i < size; ++i) numbers[i] = i;
   const std::string path = set->getH5Path();
-  op_dat dat = op_decl_dat_char(sets[set->getID()], 1, "int", sizeof(int),
-                                reinterpret_cast<char*>(numbers), path.c_str());
+  op_dat dat = op_decl_dat(sets[set->getID()], 1, "int", numbers, path.c_str());
   console::info("ENUMERATOR DATA FOR SET <", path, "> CREATED");
   return dat;
 }
@@ -361,7 +363,7 @@ void RHEOcommon::initKernelPlans(const double& start) {
   }
 }
 
-// The limit of the test is twice the one of the message, on purpose: the test is the stricter.
+// Steps up to twice the limit that the message names are refused with it.
 double RHEOcommon::minimumTimeStep() const {
   const double dtMin = commandFile->getOptionalDouble("SIMULATION/TIMESTEP/minimum", 0.0001);
   CHECK_THAT_AT(dtMin > 2 * 1.e-12,

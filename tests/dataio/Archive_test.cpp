@@ -101,7 +101,7 @@ TEST_F(ArchiveTest, RestoresTheTextAsOneLineWithoutItsEnd) {
   Archive::addModel(writer().get(), document);
   const std::string restored = dir.file("setup.json");
   std::ofstream(restored) << "a longer text that stood there before, to be replaced as a whole\n";
-  Archive::restore(reader(name).get(), restored);
+  EXPECT_TRUE(Archive::restore(reader(name).get(), restored));
   EXPECT_EQ(contentsOf(restored), document);
 }
 
@@ -122,8 +122,21 @@ TEST_F(ArchiveTest, ResultsFileRestoresTheSameTextAsItsRunFile) {
 TEST_F(ArchiveTest, FileThatCannotBeOpenedIsPassedOver) {
   Archive::addModel(writer().get(), document);
   const std::string impossible = dir.file("nodir/setup.json");
-  EXPECT_NO_THROW(Archive::restore(reader(name).get(), impossible));
+  EXPECT_FALSE(Archive::restore(reader(name).get(), impossible));
   EXPECT_EQ(contentsOf(impossible), "");
+}
+
+TEST_F(ArchiveTest, FullDiskShowsInTheRestoredFile) {
+  Archive::addModel(writer().get(), document);
+  EXPECT_FALSE(Archive::restore(reader(name).get(), "/dev/full"));
+}
+
+TEST_F(ArchiveTest, WhatIsThereStaysIfThereIsNoModel) {
+  writer()->writeIntScalar("other", 1);
+  const std::string restored = dir.file("setup.json");
+  std::ofstream(restored) << "earlier";
+  EXPECT_THROW(Archive::restore(reader(name).get(), restored), std::exception);
+  EXPECT_EQ(contentsOf(restored), "earlier");
 }
 
 }  // namespace

@@ -36,6 +36,17 @@ class ExportExecutable : public samples::SampleResults {
 
 }  // namespace
 
+TEST_F(ExportExecutable, writesNoMessagesIntoItsFiles) {
+  use("full_model");
+  ASSERT_EQ(run({"--csv", "strings.csv", "-m", "dry.h5"}).status, 0);
+  const std::string command =
+      "exec <&- >&- 2>&-; exec " EXPORT_EXE " -r run_results.h5 --csv again.csv -m closed.h5";
+  EXPECT_EQ(support::runIn(dir.path(), "/bin/sh", {"-c", command}).status, 0);
+  EXPECT_EQ(support::readFile(dir.file("again.csv")), support::readFile(dir.file("strings.csv")));
+  EXPECT_THAT(support::differences(dir.file("dry.h5"), dir.file("closed.h5")),
+              ::testing::IsEmpty());
+}
+
 TEST_F(ExportExecutable, writesAllThatIsAskedForBetweenBannerAndFooter) {
   use("full_model");
   const support::Outcome outcome =

@@ -42,6 +42,15 @@ TEST_F(SetupExecutable, writesTheRunFileBetweenBannerAndFooter) {
   EXPECT_TRUE(std::filesystem::exists(dir.file("made.h5")));
 }
 
+TEST_F(SetupExecutable, writesNoMessagesIntoTheRunFile) {
+  support::writeFile(dir.file("study.json"), STUDY);
+  const support::Outcome outcome = support::runIn(
+      dir.path(), "/bin/sh", {"-c", "exec <&- >&- 2>&-; exec " SETUP_EXE " -f study.json"});
+  EXPECT_EQ(outcome.status, 0);
+  EXPECT_THAT(support::readFile(dir.file("run.h5")),
+              ::testing::AllOf(StartsWith("\x89HDF"), ::testing::Not(HasSubstr("RHEOMARK"))));
+}
+
 TEST_F(SetupExecutable, namesTheRunFileItselfIfTheUserDoesNot) {
   support::writeFile(dir.file("study.json"), STUDY);
   EXPECT_EQ(run({"-f", "study.json"}).status, 0);

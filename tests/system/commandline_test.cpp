@@ -257,6 +257,70 @@ TEST_F(CommandLine, archiveRestoresFromAResultsFileAsWell) {
   EXPECT_EQ(support::readFile(dir.file("out.txt")), support::readText(runFile, ".config/model"));
 }
 
+TEST_F(CommandLine, archiveTellsOfAPlaceThatCannotBeWritten) {
+  for (const std::string place : {"nofolder/out.txt", ".", "/dev/full"}) {
+    const Outcome run = simulate({"--archive", place});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, " -> file <" + place +
+                           "> cannot be written: is the disk full, or the folder not yours?\n"
+                           " -> ... unfortunately RHEOMARK is killed!\n");
+  }
+}
+
+TEST_F(CommandLine, archiveDoesNotReplaceTheFilesThatAreRead) {
+  std::filesystem::create_hard_link(runFile, dir.file("hard.h5"));
+  std::filesystem::create_symlink("command.json", dir.file("soft.txt"));
+  const std::string runBefore = support::readFile(runFile);
+  const std::string commandBefore = support::readFile(commandFile);
+  for (const std::string name : {"run.h5", "./run.h5", "hard.h5"}) {
+    const Outcome run = simulate({"--archive", name});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, StartsWith(" -> file <" + name + "> is the run file itself: "));
+  }
+  for (const std::string name : {"command.json", "soft.txt"}) {
+    const Outcome run = simulate({"--archive", name});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, StartsWith(" -> file <" + name + "> is the command file itself: "));
+  }
+  EXPECT_EQ(support::readFile(runFile), runBefore);
+  EXPECT_EQ(support::readFile(commandFile), commandBefore);
+}
+
+TEST_F(CommandLine, resultsDoNotReplaceTheFilesThatAreRead) {
+  std::filesystem::rename(runFile, dir.file("all_results.h5"));
+  std::filesystem::create_hard_link(dir.file("all_results.h5"), dir.file("hard_results.h5"));
+  std::filesystem::rename(commandFile, dir.file("command_results.h5"));
+  const std::string runBefore = support::readFile(dir.file("all_results.h5"));
+  const std::string commandBefore = support::readFile(dir.file("command_results.h5"));
+  const auto refusal = [&](const std::string& output) {
+    const Outcome run = program({"-f", "command_results.h5", "-r", "all_results.h5", "-o", output});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.out, HEADER);
+    return run.err;
+  };
+  EXPECT_THAT(refusal("./all.h5"),
+              StartsWith(" -> file <./all_results.h5> is the run file itself: "));
+  EXPECT_THAT(refusal("hard.h5"),
+              StartsWith(" -> file <hard_results.h5> is the run file itself: "));
+  EXPECT_THAT(refusal("command.h5"),
+              StartsWith(" -> file <command_results.h5> is the command file itself: "));
+  EXPECT_EQ(support::readFile(dir.file("all_results.h5")), runBefore);
+  EXPECT_EQ(support::readFile(dir.file("command_results.h5")), commandBefore);
+}
+
+// Files that are opened must not take the places of the streams.
+TEST_F(CommandLine, closedStandardStreamsLeaveTheResultsAlone) {
+  setCommand(R"("start": 0, "end": 0.5, "out": 0.25)");
+  ASSERT_EQ(simulate().status, 0);
+  const std::string before = dir.file("before.h5");
+  std::filesystem::rename(resultFile, before);
+  for (const std::string closed : {"<&- >&- 2>&-", ">&-", "<&- 2>&-"}) {
+    EXPECT_EQ(simulateBehind("exec " + closed).status, 0) << closed;
+    EXPECT_THAT(support::readFile(resultFile), Not(HasSubstr("simulation finished"))) << closed;
+    EXPECT_THAT(support::differences(before, resultFile), ::testing::IsEmpty()) << closed;
+  }
+}
+
 TEST_F(CommandLine, archiveNeedsTheCommandFileToBeValid) {
   setCommand(R"("start": 0, "out": 1)");
   EXPECT_EQ(simulate({"--archive", "out.txt"}).status, 1);
