@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "common/console.h"
+#include "common/sources.h"
 #include "export/Gauge.h"
 #include "export/Results.h"
 #include "export/gaugeSeries.h"
@@ -67,6 +68,15 @@ void requireWholeRaster(const RasterRequest& raster) {
   }
 }
 
+/// Asked for all files before the first one is written.
+void requireOtherFiles(const Request& request, const common::Sources& sources) {
+  const std::string gaugeFile = request.gauges.empty() ? "" : request.gaugeFile;
+  for (const std::string& name : {request.document, request.mesh, request.strings, gaugeFile,
+                                  request.masked, request.ugrid, request.raster.file}) {
+    common::requireNoSource(name, sources);
+  }
+}
+
 /// @return the names of the files
 std::vector<std::string> writeFiles(const Results& results, const Request& request) {
   std::vector<std::string> written;
@@ -99,6 +109,7 @@ void run(const Request& request) {
   {
     const Quiet quiet(request.json);
     const Results results(request.results);
+    requireOtherFiles(request, results.sources());
     if (request.list) printReport(results);
     report = describe(results);
     report["written"] = writeFiles(results, request);

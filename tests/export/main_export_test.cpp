@@ -36,6 +36,18 @@ class ExportExecutable : public samples::SampleResults {
 
 }  // namespace
 
+TEST_F(ExportExecutable, writesNothingIfOneFileIsTheResultsFile) {
+  use("full_model");
+  std::filesystem::create_hard_link(file, dir.file("hard.h5"));
+  const std::string before = support::readFile(file);
+  for (const std::string name : {"./run_results.h5", "hard.h5"}) {
+    expectFailure(run({"-o", "run.xdmf", "--csv", "strings.csv", "-m", name}),
+                  " -> file <" + name + "> is the results file itself: give another name\n");
+    EXPECT_FALSE(std::filesystem::exists(dir.file("run.xdmf")));
+  }
+  EXPECT_EQ(support::readFile(file), before);
+}
+
 TEST_F(ExportExecutable, writesNoMessagesIntoItsFiles) {
   use("full_model");
   ASSERT_EQ(run({"--csv", "strings.csv", "-m", "dry.h5"}).status, 0);
