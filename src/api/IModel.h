@@ -4,14 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "api/IAggregate.h"
-#include "api/IData.h"
-#include "api/IKernel.h"
-#include "api/IMap.h"
 #include "api/IOutput.h"
-#include "api/IParameter.h"
-#include "api/ISet.h"
-#include "api/IVariable.h"
+#include "api/components.h"
 #include "catalogue/IDs.h"
 
 namespace api {

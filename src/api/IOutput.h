@@ -4,8 +4,7 @@
 #include <utility>
 #include <vector>
 
-#include "api/IBaseData.h"
-#include "api/IBaseSet.h"
+#include "api/components.h"
 #include "catalogue/IDs.h"
 #include "catalogue/OutputOperation.h"
 

@@ -6,16 +6,12 @@
 
 #include <string>
 #include <utility>
+#include <vector>
 
-#include "api/IAggregate.h"
-#include "api/IData.h"
-#include "api/IKernel.h"
-#include "api/IMap.h"
 #include "api/IOutput.h"
-#include "api/IParameter.h"
-#include "api/ISet.h"
-#include "api/IVariable.h"
+#include "api/components.h"
 #include "catalogue/IDs.h"
+#include "catalogue/Property.h"
 
 namespace model {
 
@@ -70,6 +66,57 @@ class Base : public Family<ID>::Interface {
   std::string description;
   bool simulationOnly;
   bool setupOnly;
+};
+
+/// What the components that hold values add to Base: data, parameters, variables and outputs.
+/// Virtual, since data and outputs are both on a set and made of values: the concrete class
+/// constructs the one Base.
+template <class ID>
+class BaseData : public virtual Base<ID> {
+ public:
+  BaseData(const DataType& newType, const bool& newSolution)
+      : type(newType), solution(newSolution) {}
+
+  /// "int", "double" or "string"; empty for components without values.
+  std::string getType() const override {
+    switch (type) {
+      case DataType::Int:
+        return "int";
+      case DataType::Double:
+        return "double";
+      case DataType::String:
+        return "string";
+      case DataType::None:
+        break;
+    }
+    return "";
+  }
+
+  bool isSolution() const override { return solution; }
+
+  /// What the simulation creates, it also changes.
+  bool isVariableInTime() const override { return this->isSimulationOnly() || solution; }
+
+ private:
+  DataType type;
+  bool solution;
+};
+
+/// What the components that live on a set add to Base: kernels, maps, data and outputs.
+/// Virtual, since data and outputs are both on a set and made of values: the concrete class
+/// constructs the one Base.
+template <class ID>
+class BaseSet : public virtual Base<ID> {
+ public:
+  /// `newSet` is not owned and must outlive the component.
+  explicit BaseSet(api::ISet* newSet) : set(newSet) {}
+
+  api::ISet* getSet() const override { return set; }
+  std::vector<int> getDimension() const override { return {set->getSize(), this->getSize()}; }
+  std::string getH5Path() const override { return set->getH5PathRoot() + "/" + this->getName(); }
+
+ private:
+  api::ISet* set;
 };
 
 }  // namespace model

@@ -19,15 +19,9 @@
 #include "common/console.h"
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
-#include "model/Aggregate.h"
-#include "model/Data.h"
-#include "model/Kernel.h"
-#include "model/Map.h"
 #include "model/Model.h"
 #include "model/Output.h"
-#include "model/Parameter.h"
-#include "model/Set.h"
-#include "model/Variable.h"
+#include "model/components.h"
 #include "model/vectors.h"
 
 namespace console = common::console;

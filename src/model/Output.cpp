@@ -1,7 +1,7 @@
 #include "model/Output.h"
 
 #include "common/check.h"
-#include "model/printing.h"
+#include "model/components.h"
 #include "model/vectors.h"
 
 namespace model {

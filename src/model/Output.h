@@ -8,8 +8,7 @@
 #include <utility>
 #include <vector>
 
-#include "model/BaseData.h"
-#include "model/BaseSet.h"
+#include "model/Base.h"
 
 namespace model {
 

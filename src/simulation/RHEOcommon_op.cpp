@@ -18,7 +18,7 @@
 #include "dataio/H5FileNameDefinitions.h"
 #include "dataio/ResultReader.h"
 #include "model/Factory.h"
-#include "model/Kernel.h"
+#include "model/components.h"
 #include "model/vectors.h"
 #include "op/op_hdf5.h"
 #include "op/op_rt_support.h"

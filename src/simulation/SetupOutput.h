@@ -1,10 +1,9 @@
 // Copies into the results file what its readers need of the setup.
 #pragma once
 
-#include "api/IData.h"
 #include "api/IH5Reader.h"
 #include "api/IH5Writer.h"
-#include "api/IParameter.h"
+#include "api/components.h"
 
 namespace simulation {
 

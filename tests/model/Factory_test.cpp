@@ -9,7 +9,7 @@
 #include "catalogue/Kernels.h"
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
-#include "model/Set.h"
+#include "model/components.h"
 #include "model/reports.h"
 #include "support/TempDir.h"
 

@@ -8,7 +8,7 @@
 #include "catalogue/Outputs.h"
 #include "catalogue/Relations.h"
 #include "model/Factory.h"
-#include "model/Set.h"
+#include "model/components.h"
 #include "model/reports.h"
 
 namespace model {

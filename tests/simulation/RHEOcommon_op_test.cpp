@@ -14,7 +14,7 @@
 
 #include "common/BaseException.h"
 #include "dataio/Factory.h"
-#include "model/Parameter.h"
+#include "model/components.h"
 #include "op/op_lib_core.h"
 #include "simulation/Driver.h"
 #include "simulation/ModelMock.h"

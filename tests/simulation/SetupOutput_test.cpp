@@ -8,9 +8,7 @@
 
 #include "common/BaseException.h"
 #include "dataio/Factory.h"
-#include "model/Data.h"
-#include "model/Parameter.h"
-#include "model/Set.h"
+#include "model/components.h"
 #include "support/TempDir.h"
 
 namespace {

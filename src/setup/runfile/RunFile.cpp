@@ -11,7 +11,7 @@
 #include "common/console.h"
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
-#include "model/Kernel.h"
+#include "model/components.h"
 #include "setup/runfile/contents.h"
 #include "setup/runfile/parameters.h"
 
