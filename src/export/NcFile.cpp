@@ -37,11 +37,6 @@ NcFile::NcFile(const std::string& fileName) : name(fileName) {
   createEmpty(name);
   requireRoom(name, 0);
   require(nc_create(name.c_str(), NC_NETCDF4 | NC_CLASSIC_MODEL | NC_CLOBBER, &id));
-  isOpen = true;
-}
-
-NcFile::~NcFile() {
-  if (isOpen) nc_abort(id);
 }
 
 int NcFile::addDimension(const std::string& label, std::size_t length) {
@@ -166,7 +161,6 @@ void NcFile::writeEqualEntries(int variable, const double* values) {
 
 void NcFile::close() {
   startWriting(0);
-  isOpen = false;
   require(nc_close(id));
 }
 

@@ -25,8 +25,9 @@ class NcFile {
   /// Replaces a file of this name. Its values are compressed, of any size, and read by programs
   /// that know the older data model only.
   explicit NcFile(const std::string& fileName);
-  /// Gives up a file that has not been closed.
-  ~NcFile();
+  /// A file that has not been closed stays open until the process ends: the library falls over what
+  /// a failed write has left when it gives up a file.
+  ~NcFile() = default;
   NcFile(const NcFile&) = delete;
   NcFile& operator=(const NcFile&) = delete;
   NcFile(NcFile&&) = delete;
@@ -70,7 +71,6 @@ class NcFile {
 
   std::string name;
   int id = 0;
-  bool isOpen = false;
   std::size_t description = 0;  ///< size of what has been defined so far [bytes]
 };
 

@@ -2,10 +2,15 @@
 
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
 #include <iterator>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "h5/JournaledFile.h"
 
@@ -13,20 +18,39 @@ namespace h5 {
 
 namespace {
 
-// What the library hands around as H5FD_t.
-struct OpenFile : H5FD_t {
-  OpenFile(const char* name, int flags) : H5FD_t{}, file(name, flags) {}
+using Identity = std::pair<std::uint64_t, std::uint64_t>;
 
-  haddr_t allocated = 0;  // end of the space that the library has given out
-  JournaledFile file;
-};
-
-OpenFile& cast(H5FD_t* file) {
-  return *static_cast<OpenFile*>(file);
+Identity identityOf(const char* name) {
+  struct stat status {};
+  if (::stat(name, &status) != 0) return {};
+  return {static_cast<std::uint64_t>(status.st_dev), static_cast<std::uint64_t>(status.st_ino)};
 }
 
-const OpenFile& cast(const H5FD_t* file) {
-  return *static_cast<const OpenFile*>(file);
+// The library opens a file once more before it finds that it has it already. Nothing can fail then.
+std::shared_ptr<JournaledFile> openOnce(const char* name, int flags) {
+  static std::vector<std::weak_ptr<JournaledFile>> opened;
+  std::erase_if(opened, [](const auto& file) { return file.expired(); });
+  const Identity wanted = identityOf(name);
+  for (const auto& known : opened) {
+    const std::shared_ptr<JournaledFile> file = known.lock();
+    const bool suffices = file->isWritable() || (flags & O_RDWR) == 0;
+    if (suffices && (flags & O_TRUNC) == 0 && file->descriptor().identity() == wanted) return file;
+  }
+  const auto file = std::make_shared<JournaledFile>(name, flags);
+  opened.push_back(file);
+  return file;
+}
+
+// What the library hands around as H5FD_t.
+struct OpenFile : H5FD_t {
+  OpenFile(const char* name, int flags) : H5FD_t{}, journaled(openOnce(name, flags)) {}
+
+  haddr_t allocated = 0;  // end of the space that the library has given out
+  std::shared_ptr<JournaledFile> journaled;
+};
+
+JournaledFile& journaled(const H5FD_t* file) {
+  return *static_cast<const OpenFile*>(file)->journaled;
 }
 
 // No exception may pass through the library.
@@ -57,22 +81,25 @@ H5FD_t* open(const char* name, unsigned flags, hid_t /*list*/, haddr_t /*maximum
 }
 
 void commitUnlessHeld(H5FD_t* file) {
-  JournaledFile& journaled = cast(file).file;
-  if (journaled.isWritable() && !journaled.isHeld()) journaled.commit();
+  JournaledFile& target = journaled(file);
+  if (target.isWritable() && !target.isHeld()) target.commit();
 }
 
 // A file that is still held is closed by the end of a process that has failed. A failure here is
 // not told: the library would keep the identifier of a file that is gone and fall over it at its
 // exit. All that was flushed is in the file.
 herr_t close(H5FD_t* file) {
-  guarded(H5E_IO, H5E_CANTCLOSEFILE, [&] { commitUnlessHeld(file); });
-  delete &cast(file);
+  auto* const last = static_cast<OpenFile*>(file);
+  if (last->journaled.use_count() == 1) {
+    guarded(H5E_IO, H5E_CANTCLOSEFILE, [&] { commitUnlessHeld(file); });
+  }
+  delete last;
   return 0;
 }
 
 int compare(const H5FD_t* one, const H5FD_t* other) {
-  const auto left = cast(one).file.descriptor().identity();
-  const auto right = cast(other).file.descriptor().identity();
+  const Identity left = journaled(one).descriptor().identity();
+  const Identity right = journaled(other).descriptor().identity();
   if (left == right) return 0;
   return left < right ? -1 : 1;
 }
@@ -84,33 +111,33 @@ herr_t query(const H5FD_t* /*file*/, unsigned long* flags) {
 }
 
 haddr_t allocatedEnd(const H5FD_t* file, H5FD_mem_t /*type*/) {
-  return cast(file).allocated;
+  return static_cast<const OpenFile*>(file)->allocated;
 }
 
 herr_t setAllocatedEnd(H5FD_t* file, H5FD_mem_t /*type*/, haddr_t address) {
-  cast(file).allocated = address;
+  static_cast<OpenFile*>(file)->allocated = address;
   return 0;
 }
 
 haddr_t endOfFile(const H5FD_t* file, H5FD_mem_t /*type*/) {
-  return cast(file).file.end();
+  return journaled(file).end();
 }
 
 herr_t handle(H5FD_t* file, hid_t /*list*/, void** result) {
-  *result = &cast(file).file;
+  *result = &journaled(file);
   return 0;
 }
 
 herr_t read(H5FD_t* file, H5FD_mem_t /*type*/, hid_t /*list*/, haddr_t address, std::size_t size,
             void* bytes) {
   return guarded(H5E_IO, H5E_READERROR,
-                 [&] { cast(file).file.read(address, static_cast<char*>(bytes), size); });
+                 [&] { journaled(file).read(address, static_cast<char*>(bytes), size); });
 }
 
 herr_t write(H5FD_t* file, H5FD_mem_t /*type*/, hid_t /*list*/, haddr_t address, std::size_t size,
              const void* bytes) {
   return guarded(H5E_IO, H5E_WRITEERROR,
-                 [&] { cast(file).file.write(address, static_cast<const char*>(bytes), size); });
+                 [&] { journaled(file).write(address, static_cast<const char*>(bytes), size); });
 }
 
 // What the library still writes when it closes a file belongs to the same commit.
@@ -120,18 +147,18 @@ herr_t flush(H5FD_t* file, hid_t /*list*/, hbool_t isClosing) {
 }
 
 herr_t truncate(H5FD_t* file, hid_t /*list*/, hbool_t /*isClosing*/) {
-  cast(file).file.setEnd(cast(file).allocated);
+  journaled(file).setEnd(allocatedEnd(file, H5FD_MEM_DEFAULT));
   return 0;
 }
 
 herr_t lock(H5FD_t* file, hbool_t isWriter) {
   return guarded(H5E_FILE, H5E_CANTLOCKFILE, [&] {
-    cast(file).file.descriptor().lock((isWriter ? LOCK_EX : LOCK_SH) | LOCK_NB);
+    journaled(file).descriptor().lock((isWriter ? LOCK_EX : LOCK_SH) | LOCK_NB);
   });
 }
 
 herr_t unlock(H5FD_t* file) {
-  return guarded(H5E_FILE, H5E_CANTUNLOCKFILE, [&] { cast(file).file.descriptor().lock(LOCK_UN); });
+  return guarded(H5E_FILE, H5E_CANTUNLOCKFILE, [&] { journaled(file).descriptor().lock(LOCK_UN); });
 }
 
 H5FD_class_t describe() {

@@ -2,13 +2,11 @@
 
 #include <tclap/CmdLine.h>
 
-#include <cstdlib>
 #include <string>
 #include <vector>
 
-#include "common/BaseException.h"
 #include "common/console.h"
-#include "common/standard_streams.h"
+#include "common/process.h"
 #include "common/version.h"
 #include "export/Export.h"
 
@@ -59,24 +57,16 @@ exporter::Request parse(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  common::openStandardStreams();
-  // A file can be looked into while the run that writes it goes on.
-  setenv("HDF5_USE_FILE_LOCKING", "FALSE", 0);
-  bool forPeople = true;
+  common::startProcess();
   try {
     const exporter::Request request = parse(argc, argv);
-    forPeople = !request.json;
+    const bool forPeople = !request.json;
     if (forPeople) console::printHeader("sequential");
     exporter::run(request);
-  } catch (const BaseException& fault) {
-    console::error(fault.what());
-    return 1;
+    if (forPeople) console::printFooter();
+    common::requireStandardOutput();
   } catch (const std::exception& fault) {
-    console::error("unhandled exception (actually, this should never happen)");
-    console::error(fault.what());
-    console::error(BaseException().what());
-    return 1;
+    common::endFailed(fault);
   }
-  if (forPeople) console::printFooter();
   return 0;
 }

@@ -2,12 +2,10 @@
 
 #include <tclap/CmdLine.h>
 
-#include <cstdlib>
 #include <string>
 
-#include "common/BaseException.h"
 #include "common/console.h"
-#include "common/standard_streams.h"
+#include "common/process.h"
 #include "common/version.h"
 #include "setup/Setup.h"
 
@@ -35,22 +33,15 @@ Arguments parse(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  common::openStandardStreams();
-  // Some network file systems know no locks; a value that the user has set is kept.
-  setenv("HDF5_USE_FILE_LOCKING", "FALSE", 0);
+  common::startProcess();
   console::printHeader("sequential");
   try {
     const Arguments arguments = parse(argc, argv);
     setup::makeRunFile(arguments.study, arguments.runFile);
-  } catch (const BaseException& fault) {
-    console::error(fault.what());
-    return 1;
+    console::printFooter();
+    common::requireStandardOutput();
   } catch (const std::exception& fault) {
-    console::error("unhandled exception (actually, this should never happen)");
-    console::error(fault.what());
-    console::error(BaseException().what());
-    return 1;
+    common::endFailed(fault);
   }
-  console::printFooter();
   return 0;
 }

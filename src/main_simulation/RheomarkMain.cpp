@@ -1,15 +1,13 @@
 #include "main_simulation/RheomarkMain.h"
 
-#include <cstdio>
-#include <cstdlib>
 #include <exception>
 #include <fstream>
 #include <iostream>
 #include <sstream>
 #include <vector>
 
-#include "common/BaseException.h"
 #include "common/console.h"
+#include "common/process.h"
 #include "jsv/StreamValidator.h"
 
 namespace console = common::console;
@@ -18,14 +16,6 @@ namespace {
 
 [[noreturn]] void failForArgument(const TCLAP::ArgException& exception) {
   console::fail("error: ", exception.error(), " for arg ", exception.argId());
-}
-
-// Ends the process without running anything else: after a write that failed, HDF5's own clean-up
-// at exit can crash. The results file stays as far as it was flushed.
-[[noreturn]] void endFailedRun() {
-  std::cout.flush();
-  std::fflush(nullptr);
-  std::_Exit(1);
 }
 
 }  // namespace
@@ -50,14 +40,8 @@ int RheomarkMain::go() {
     executionContent();
   } catch (const TCLAP::ArgException& exception) {
     failForArgument(exception);
-  } catch (const BaseException& exception) {
-    console::error(exception.what());
-    endFailedRun();
   } catch (const std::exception& exception) {
-    console::error("unhandled exception (actually, this should never happen)");
-    console::error(exception.what());
-    console::error("... unfortunately RHEOMARK is killed!");
-    endFailedRun();
+    common::endFailed(exception);
   }
   return 0;
 }

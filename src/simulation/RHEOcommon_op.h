@@ -123,6 +123,7 @@ class RHEOcommon : public api::ISimulation {
   void writeRegularOutput(const double& time);
   void writeRequestedOutput(const double& time);
   void reserveRecord(const std::vector<model::DataID>& data);
+  void commitRecord();
   void writeTrackingOutput(const double& time);
 
   double lastRecordTime = -1.0;  ///< [s]

@@ -1,4 +1,5 @@
 #include <cstddef>
+#include <exception>
 #include <vector>
 
 #include "common/console.h"
@@ -94,13 +95,23 @@ void RHEOcommon::reserveRecord(const std::vector<model::DataID>& data) {
       "records before it are kept");
 }
 
-// The data of a record come into the file together, with the flush: a run that is killed leaves
-// whole records.
+// The data of a record come into the file together: a run that is killed or fails leaves whole
+// records.
+void RHEOcommon::commitRecord() {
+  try {
+    resultFile->flush();
+  } catch (const std::exception& fault) {
+    console::fail("results file <", resultFile->getFilename(),
+                  "> cannot take the next record: ", fault.what(),
+                  ". All records before it are kept");
+  }
+}
+
 void RHEOcommon::writeRegularOutput(const double& time) {
   if (logLevel > 1) console::info("writing output at t = ", time, " ...");
   reserveRecord(outputData);
   for (const model::DataID id : outputData) writeOutput(time, id, outputCounter);
-  resultFile->flush();
+  commitRecord();
   outputCounter = outputCounter + 1;
   lastRecordTime = time;
 }
@@ -115,7 +126,7 @@ void RHEOcommon::writeTrackingOutput(const double& /*time*/) {
   if (logLevel > 1) console::info("writing tracked output ...");
   reserveRecord(trackedData);
   for (const model::DataID id : trackedData) writeOutput(0.0, id, 0);
-  resultFile->flush();
+  commitRecord();
 }
 
 }  // namespace simulation

@@ -187,16 +187,28 @@ TEST_F(ExportExecutable, refusesToOverwriteTheResults) {
 
 TEST_F(ExportExecutable, endsWithStatusOneIfADiskIsFull) {
   use("full_model");
-  const support::Outcome outcome =
-      support::runIn(dir.path(), "/bin/sh",
-                     {"-c", std::string("trap '' XFSZ; ulimit -f 100; exec ") + EXPORT_EXE +
-                                " -r run_results.h5 -m dry.h5"});
+  const support::Outcome outcome = support::runIn(
+      dir.path(), "/bin/sh",
+      {"-c", std::string("ulimit -f 100; exec ") + EXPORT_EXE + " -r run_results.h5 -m dry.h5"});
   EXPECT_EQ(outcome.status, 1) << outcome.err;
   EXPECT_EQ(outcome.err,
             " -> file <dry.h5> cannot be written: the disk is full, or the size of files is "
             "limited\n -> ... unfortunately RHEOMARK is killed!\n");
   for (const std::string name : {"dry.h5", "dry.h5.part", "dry.xdmf", "dry.xdmf.part"}) {
     EXPECT_FALSE(std::filesystem::exists(dir.file(name))) << name;
+  }
+}
+
+TEST_F(ExportExecutable, endsWithStatusOneIfItsReportIsLost) {
+  use("one_cell");
+  for (const std::string report : {"--list", "--json"}) {
+    const support::Outcome outcome = support::runIn(
+        dir.path(), "/bin/sh",
+        {"-c", std::string(EXPORT_EXE) + " -r run_results.h5 " + report + " > /dev/full"});
+    EXPECT_EQ(outcome.status, 1);
+    EXPECT_EQ(outcome.err,
+              " -> standard output cannot be written: is the disk full?\n"
+              " -> ... unfortunately RHEOMARK is killed!\n");
   }
 }
 

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "h5/HdfFile.h"
+#include "h5/SystemCalls.h"
 #include "support/FileSizeLimit.h"
 #include "support/H5Compare.h"
 #include "support/Process.h"
@@ -85,6 +86,17 @@ TEST_F(Driver, IsTheSameFileForEachThatOpensIt) {
   const hid_t second = hdfFile::open(dir.file("link"));
   EXPECT_GT(H5Lexists(second, "/A/0000008", H5P_DEFAULT), 0);
   H5Fclose(second);
+  H5Fclose(first);
+  expectRecords(9);
+}
+
+TEST_F(Driver, OpensAFileThatItHasAlreadyWithoutTheOperatingSystem) {
+  const hid_t first = hdfFile::open(name);
+  const systemCalls::Refusal refusal("results.h5");
+  const hid_t second = hdfFile::open(name);
+  EXPECT_GE(second, 0);
+  H5Fclose(second);
+  hdfFile::writeRecord(first, 8, 8);
   H5Fclose(first);
   expectRecords(9);
 }

@@ -96,6 +96,29 @@ TEST_F(SetupExecutable, reportsEachErrorOnStandardOutputAndEndsWithStatusOne) {
             " -> ... unfortunately RHEOMARK is killed!\n");
 }
 
+TEST_F(SetupExecutable, endsWithStatusOneIfItsReportIsLost) {
+  support::writeFile(dir.file("study.json"), STUDY);
+  const support::Outcome outcome = support::runIn(
+      dir.path(), "/bin/sh", {"-c", std::string(SETUP_EXE) + " -f study.json > /dev/full"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_EQ(outcome.err,
+            " -> standard output cannot be written: is the disk full?\n"
+            " -> ... unfortunately RHEOMARK is killed!\n");
+  EXPECT_TRUE(std::filesystem::exists(dir.file("run.h5")));
+}
+
+TEST_F(SetupExecutable, endsWithStatusOneWhereFilesAreLimited) {
+  support::writeFile(dir.file("study.json"), STUDY);
+  support::writeFile(dir.file("run.h5"), "earlier");
+  const support::Outcome outcome =
+      support::runIn(dir.path(), "/bin/sh",
+                     {"-c", std::string("ulimit -f 8; exec ") + SETUP_EXE + " -f study.json"});
+  EXPECT_EQ(outcome.status, 1);
+  EXPECT_THAT(outcome.err, StartsWith(" -> run file <run.h5> cannot be written: "));
+  EXPECT_THAT(outcome.err, HasSubstr("File too large"));
+  EXPECT_EQ(support::readFile(dir.file("run.h5")), "earlier");
+}
+
 TEST_F(SetupExecutable, refusesACommandLineWithoutAStudy) {
   const support::Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 1);

@@ -284,7 +284,7 @@ class FullDisk : public Robustness {
   Outcome simulateWithin(int bytes) {
     useSample("dam_dry");
     before = support::readFile(runFile);
-    return simulateBehind("trap '' XFSZ; ulimit -f " + std::to_string(bytes / 512));
+    return simulateBehind("ulimit -f " + std::to_string(bytes / 512));
   }
 
   /// The paths of the records of the state.
@@ -332,7 +332,7 @@ TEST_F(FullDisk, doesNotCostAReRunTheRecordsThatItStartsFrom) {
   ASSERT_EQ(simulate().status, 0);
   setCommand(R"("start": 0.5, "end": 1, "out": 0.5)");
   const std::size_t blocks = support::readFile(resultFile).size() / 512 + 1;
-  const Outcome run = simulateBehind("trap '' XFSZ; ulimit -f " + std::to_string(blocks));
+  const Outcome run = simulateBehind("ulimit -f " + std::to_string(blocks));
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, EndsWith(NO_ROOM));
   EXPECT_EQ(support::readTime(resultFile, record(1)), 0.5);
