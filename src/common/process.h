@@ -14,9 +14,10 @@
 
 namespace common {
 
-/// Standard streams that are closed are put on /dev/null. A limit on the size of files lets writes fail from now on, like a full disk, instead of ending
-/// the process. HDF5 locks no files, unless the user has set HDF5_USE_FILE_LOCKING: a viewer may
-/// look into a file while it is written, and some network file systems know no locks.
+/// Standard streams that are closed are put on /dev/null. A limit on the size of files lets writes
+/// fail from now on, like a full disk, instead of ending the process. HDF5 locks no files, unless
+/// the user has set HDF5_USE_FILE_LOCKING: a viewer may look into a file while it is written, and
+/// some network file systems know no locks.
 void startProcess();
 
 /// Tells on standard error of a failure that ends the process, and ends it with status 1. Nothing
