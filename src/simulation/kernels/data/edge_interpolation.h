@@ -2,21 +2,22 @@
 // nodestring.
 #pragma once
 
+#include "catalogue/Codes.h"
 #include "simulation/kernels/data/series.h"
 
 namespace kernels::data {
 
 /// What a boundary series is looked up against; 0 for an unknown key.
-/// @param key 0 time [s], 1 mean depth [m], 2 mean water surface [m], 3 discharge [m3/s]
-/// @param string state of the nodestring; @param time [s]
+/// @param key an InterpolationKey; @param string state of the nodestring; @param time [s]
 inline double lookupVariable(int key, const double* string, double time) {
   // clang-format off
-  switch (key) {
-    case 0:  return time;
-    case 1:  return string[0] - string[3];
-    case 2:  return string[0];
-    case 3:  return string[1];
-    default: return 0.0;
+  using enum model::InterpolationKey;
+  switch (model::InterpolationKey{key}) {
+    case Time:       return time;
+    case Depth:      return string[0] - string[3];
+    case WaterLevel: return string[0];
+    case Discharge:  return string[1];
+    default:         return 0.0;
   }
   // clang-format on
 }

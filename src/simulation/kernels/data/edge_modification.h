@@ -1,20 +1,14 @@
 // Turns the totals that a user gives for a nodestring into what the boundary fluxes need.
 //
-//   1, 10   total per length                      9   wetted area per length of the other
-//   2       total per length of the other        12   total per conveyance sum
-//   3       discharge over a weir                13   transport capacity per length
-//   4, 11   total per wetted area                14   transport capacity per wetted area
-//   5       open (1) or shut (-1) by the time    15   transport capacity per conveyance sum
-//   8       switch with hysteresis and delay     16   discharge per length of the other
-//
-// Every other type changes nothing. Of the two nodestrings of a modification, the second one, the
-// other, lends its length only. A type looks at nothing but what it needs: the rest need not exist.
-// The letters S, D and so on are those of EdgeModification.
+// Every unknown code changes nothing. Of the two nodestrings of a modification, the second one, the
+// other, lends its length only. A modification looks at nothing but what it needs: the rest need
+// not exist. The letters S, D and so on are those of EdgeModification.
 #pragma once
 
 #include <cmath>
 
-#include "simulation/kernels/missing_value.h"
+#include "catalogue/Codes.h"
+#include "catalogue/Limits.h"
 #include "simulation/kernels/numeric.h"
 #include "simulation/kernels/parameters.h"
 
@@ -43,7 +37,7 @@ inline double share(double a, double b) {
   return a * inverse(b);
 }
 
-/// Type 3: specific discharge over a weir, by Poleni, Q = 2/3 (a + b hw / P) sqrt(2 g) L hw^1.5,
+/// Specific discharge over a weir, by Poleni, Q = 2/3 (a + b hw / P) sqrt(2 g) L hw^1.5,
 /// with P the height of the crest above the bed (Rehbock, 1929, for the shape of the coefficient).
 /// Values read: crest [m], coefficients a and b.
 inline double weirDischarge(const Parameters& par, const EdgeModification& m) {
@@ -57,7 +51,7 @@ inline double weirDischarge(const Parameters& par, const EdgeModification& m) {
   return share(Qw, m.wettedArea());
 }
 
-/// Type 8: a total that is switched by the water surface, per wetted area. Values read: the total
+/// A total that is switched by the water surface, per wetted area. Values read: the total
 /// while on, while off, the level that switches off [m], the delay of that [s], the level that
 /// switches on [m] (missing: never).
 /// @param memory {state, negative if off; deadline of switching off [s]}
@@ -75,7 +69,7 @@ inline double hysteresisSwitch(const EdgeModification& m, double* memory) {
       memory[1] = 1e12;
       on = false;
     }
-  } else if (m.value(4) != MISSING_VALUE && m.value(4) >= level) {
+  } else if (m.value(4) != model::MISSING_VALUE && m.value(4) >= level) {
     memory[0] = 1.0;
     on = true;
   }
@@ -94,22 +88,23 @@ inline void edge_modification(const Parameters& par, const int* info, const doub
   double* const D = boundary;
   const int w = info[1];
   // clang-format off
-  switch (info[0]) {
-    case 1:
-    case 10: D[w] = share(m.value(0), m.length());             break;
-    case 2:  D[w] = share(m.value(0), m.lengthOther());        break;
-    case 3:  D[w] = weirDischarge(par, m);                     break;
-    case 4:
-    case 11: D[w] = share(m.value(0), m.wettedArea());         break;
-    case 5:  D[w] = m.time > m.value(0) ? 1.0 : -1.0;          break;
-    case 8:  D[w] = hysteresisSwitch(m, memory);               break;
-    case 9:  D[w] = share(m.wettedArea(), m.lengthOther());    break;
-    case 12: D[w] = share(m.value(0), m.conveyance());         break;
-    case 13: D[w] = share(m.capacity(), m.length());           break;
-    case 14: D[w] = share(m.capacity(), m.wettedArea());       break;
-    case 15: D[w] = share(m.capacity(), m.conveyance());       break;
-    case 16: D[w] = share(m.S[1], m.lengthOther());            break;
-    default: break;
+  using enum model::EdgeModificationCode;
+  switch (model::EdgeModificationCode{info[0]}) {
+    case OverLength:
+    case BedloadOverLength:          D[w] = share(m.value(0), m.length());          break;
+    case OverSecondLength:           D[w] = share(m.value(0), m.lengthOther());     break;
+    case WeirVelocity:               D[w] = weirDischarge(par, m);                  break;
+    case OverWettedArea:
+    case BedloadOverWettedArea:      D[w] = share(m.value(0), m.wettedArea());      break;
+    case OpenFromTime:               D[w] = m.time > m.value(0) ? 1.0 : -1.0;       break;
+    case Switch:                     D[w] = hysteresisSwitch(m, memory);            break;
+    case WettedAreaOverSecondLength: D[w] = share(m.wettedArea(), m.lengthOther()); break;
+    case BedloadOverConveyance:      D[w] = share(m.value(0), m.conveyance());      break;
+    case CapacityOverLength:         D[w] = share(m.capacity(), m.length());        break;
+    case CapacityOverWettedArea:     D[w] = share(m.capacity(), m.wettedArea());    break;
+    case CapacityOverConveyance:     D[w] = share(m.capacity(), m.conveyance());    break;
+    case DischargeOverSecondLength:  D[w] = share(m.S[1], m.lengthOther());         break;
+    default:                                                                        break;
   }
   // clang-format on
 }

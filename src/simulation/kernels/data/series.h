@@ -6,13 +6,10 @@
 
 #include <cstddef>
 
-#include "simulation/kernels/missing_value.h"
+#include "catalogue/Limits.h"
 #include "simulation/kernels/numeric.h"
 
 namespace kernels::data {
-
-/// The most values (twice the points) that a series can hold.
-inline constexpr int SERIES_VALUES = 12000;
 
 /// Index of the first of `points` pairs whose x lies above the given one or is the end mark;
 /// `points` if there is none.
@@ -22,7 +19,7 @@ inline std::ptrdiff_t firstPointAbove(const double* row, std::ptrdiff_t points, 
   while (high != low) {
     const std::ptrdiff_t middle = (high + low) / 2;
     const double xm = row[2 * middle];
-    if (xm == MISSING_VALUE || xm > x) {
+    if (xm == model::MISSING_VALUE || xm > x) {
       high = middle;
     } else {
       low = middle + 1;
@@ -39,7 +36,7 @@ inline double seriesValue(const double* row, int size, double x) {
   if (row[0] >= x) return row[1];
   const double* const right = row + 2 * firstPointAbove(row, size / 2, x);
   const double* const left = right - 2;
-  if (right[0] == MISSING_VALUE) return left[1];
+  if (right[0] == model::MISSING_VALUE) return left[1];
   const double dx = right[0] - left[0];
   const double dy = right[1] - left[1];
   return (x - left[0]) * (inverseOfAbsolute(dx) * dy) + left[1];

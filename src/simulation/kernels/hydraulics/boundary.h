@@ -1,17 +1,11 @@
-// Hydraulic boundary fluxes: one function per kind of boundary, dispatched by the type code.
-//
-//   100  inflow at normal or cell depth        102  inflow at a given Froude number
-//   104  outflow over a sloping ghost cell     106  outflow at a given velocity, pressure only
-//   110  outflow with momentum                 112  free outflow
-//   114  imposed water level                   216  inner edge, transfer at a velocity
-//   218  inner edge, open or shut              220  inner wall
-//   322 to 330  flows between linked strings   331  outflow against an imposed level
-//
-// Whatever fails its test, and every unknown code, is a wall.
+// Hydraulic boundary fluxes: one function per kind of boundary, dispatched by its code. Whatever
+// fails its test, and every unknown code, is a wall.
 #pragma once
 
 #include <array>
 
+#include "catalogue/Codes.h"
+#include "catalogue/wet.h"
 #include "simulation/kernels/hydraulics/boundary_types.h"
 #include "simulation/kernels/hydraulics/hydrodynamic_solver.h"
 
@@ -35,13 +29,13 @@ struct BoundaryEdge {
 /// the depths: the flags of the cells are not at hand here.
 inline void solveAgainst(const Parameters& par, const BoundaryEdge& edge, const double* state,
                          const double* bed, bool wetRight, double* flux) {
-  const int wetLeft = edge.cell.h > par.real(ParameterID::MinWaterDepth) ? 1 : 0;
+  const int wetLeft = model::isWet(edge.cell.h, par.real(ParameterID::MinWaterDepth)) ? 1 : 0;
   const int wet = wetRight ? 1 : 0;
   hydrodynamic_solver(par, edge.normal, edge.stateLeft, edge.bedLeft, &wetLeft, state, bed, &wet,
                       flux);
 }
 
-/// Code 100: the depth at the boundary is the normal depth where the cell is dry or supercritical.
+/// The depth at the boundary is the normal depth where the cell is dry or supercritical.
 inline void inflowAtNormalDepth(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const double v = edge.sign * edge.D[2];
   if (!(v < 0.0)) return wallFlux(par, edge.normal, edge.cell, flux);
@@ -51,7 +45,7 @@ inline void inflowAtNormalDepth(const Parameters& par, const BoundaryEdge& edge,
   flowThrough(par, edge.normal, edge.cell, v, depth, 0.0, flux);
 }
 
-/// Code 102: from a Froude number of 1 on, the depth follows from it.
+/// From a Froude number of 1 on, the depth follows from it.
 inline void inflowAtFroudeNumber(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const double v = edge.sign * edge.D[2];
   if (!(v < 0.0)) return wallFlux(par, edge.normal, edge.cell, flux);
@@ -61,7 +55,7 @@ inline void inflowAtFroudeNumber(const Parameters& par, const BoundaryEdge& edge
   flowThrough(par, edge.normal, edge.cell, v, depth, 0.0, flux);
 }
 
-/// Code 104: a ghost cell down the slope D[0], at normal depth unless the flow is supercritical.
+/// A ghost cell down the slope D[0], at normal depth unless the flow is supercritical.
 inline void outflowOverSlope(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const BoundaryCell& cell = edge.cell;
   if (!(cell.qn > 0.0)) return wallFlux(par, edge.normal, cell, flux);
@@ -72,17 +66,17 @@ inline void outflowOverSlope(const Parameters& par, const BoundaryEdge& edge, do
   }
   const double ghostBed = cell.z - edge.D[0] * edge.size[0];
   const std::array<double, 3> ghost{depth + ghostBed, edge.stateLeft[1], edge.stateLeft[2]};
-  solveAgainst(par, edge, ghost.data(), &ghostBed, ghost[0] - ghostBed > hmin, flux);
+  solveAgainst(par, edge, ghost.data(), &ghostBed, model::isWet(ghost[0] - ghostBed, hmin), flux);
 }
 
-/// Codes 106, 108, 323, 325: outflow at the velocity D[3].
+/// Weirs and rating curves: outflow at the velocity D[3].
 inline void outflowWithPressureOnly(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const double v = edge.sign * edge.D[3];
   if (!(v > 0.0)) return wallFlux(par, edge.normal, edge.cell, flux);
   flowWithPressureOnly(par, edge.normal, edge.cell, v * edge.cell.h, flux);
 }
 
-/// Codes 110, 327 (velocity in D[1]) and 329 (in D[5]).
+/// Outflow at a velocity that takes its momentum along.
 inline void outflowWithMomentum(const Parameters& par, const BoundaryEdge& edge, double velocity,
                                 double* flux) {
   const double v = edge.sign * velocity;
@@ -90,18 +84,18 @@ inline void outflowWithMomentum(const Parameters& par, const BoundaryEdge& edge,
   flowAtCellDepth(par, edge.normal, edge.cell, v * edge.cell.h, flux);
 }
 
-/// Code 112: what the cell holds flows out.
+/// What the cell holds flows out.
 inline void freeOutflow(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   if (!(edge.cell.qn > 0.0)) return wallFlux(par, edge.normal, edge.cell, flux);
   flowAtCellDepth(par, edge.normal, edge.cell, edge.cell.qn, flux);
 }
 
-/// Code 114: the level D[0] outside; water comes in only if D[1] is 1.
+/// The level D[0] outside; water comes in only if D[1] is 1.
 inline void imposedLevel(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const BoundaryCell& cell = edge.cell;
   const double hmin = par.real(ParameterID::MinWaterDepth);
   const bool outflow = cell.qn > 0.0;
-  if (edge.D[0] - cell.z > hmin) {
+  if (model::isWet(edge.D[0] - cell.z, hmin)) {
     if (!outflow && edge.D[1] != 1.0) return wallFlux(par, edge.normal, cell, flux);
     const std::array<double, 3> ghost{edge.D[0], outflow ? edge.stateLeft[1] : 0.0,
                                       outflow ? edge.stateLeft[2] : 0.0};
@@ -109,19 +103,19 @@ inline void imposedLevel(const Parameters& par, const BoundaryEdge& edge, double
   }
   if (!outflow) return wallFlux(par, edge.normal, cell, flux);
   const std::array<double, 3> ghost{cell.z, edge.stateLeft[1], edge.stateLeft[2]};
-  solveAgainst(par, edge, ghost.data(), edge.bedLeft, 0.0 > hmin, flux);
+  solveAgainst(par, edge, ghost.data(), edge.bedLeft, model::isWet(0.0, hmin), flux);
 }
 
-/// Code 331: outflow only, against the level D[0].
+/// Outflow only, against the level D[0].
 inline void outflowAgainstLevel(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const BoundaryCell& cell = edge.cell;
   if (!(cell.qn > 0.0)) return wallFlux(par, edge.normal, cell, flux);
   const std::array<double, 3> ghost{edge.D[0], edge.stateLeft[1], edge.stateLeft[2]};
   solveAgainst(par, edge, ghost.data(), edge.bedLeft,
-               edge.D[0] - cell.z > par.real(ParameterID::MinWaterDepth), flux);
+               model::isWet(edge.D[0] - cell.z, par.real(ParameterID::MinWaterDepth)), flux);
 }
 
-/// Codes 322, 324: inflow by the velocity D[3] and the depth D[4].
+/// Inflow by the velocity D[3] and the depth D[4].
 inline void inflowByVelocityAndDepth(const Parameters& par, const BoundaryEdge& edge,
                                      double* flux) {
   const double v = edge.sign * edge.D[3];
@@ -129,14 +123,14 @@ inline void inflowByVelocityAndDepth(const Parameters& par, const BoundaryEdge& 
   flowAtCellDepth(par, edge.normal, edge.cell, v * edge.D[4], flux);
 }
 
-/// Codes 326, 328, 330: an inflow that brings mass only, if `test` says that it comes in.
+/// An inflow that brings mass only, if `test` says that it comes in.
 inline void inflowOfMass(const Parameters& par, const BoundaryEdge& edge, double test, double mass,
                          double* flux) {
   if (!(test < 0.0)) return wallFlux(par, edge.normal, edge.cell, flux);
   flowWithPressureOnly(par, edge.normal, edge.cell, mass, flux);
 }
 
-/// Codes 220 and the shut 216 and 218: each cell feels its own pressure.
+/// A wall between two cells, as is a shut transfer or gate: each cell feels its own pressure.
 inline void innerWall(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const double nx = edge.normal[0];
   const double ny = edge.normal[1];
@@ -149,7 +143,7 @@ inline void innerWall(const Parameters& par, const BoundaryEdge& edge, double* f
   flux[4] = -ny * right;
 }
 
-/// Code 216: transfer at the velocity D[1]. The upstream cell loses the advected momentum, the
+/// Transfer at the velocity D[1]. The upstream cell loses the advected momentum, the
 /// downstream cell feels its own pressure alone.
 inline void innerTransfer(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const double nx = edge.normal[0];
@@ -177,15 +171,15 @@ inline void innerTransfer(const Parameters& par, const BoundaryEdge& edge, doubl
   }
 }
 
-/// Code 218: an open gate is an edge like any other.
+/// An open gate is an edge like any other.
 inline void innerGate(const Parameters& par, const BoundaryEdge& edge, double* flux) {
   const double depthRight = edge.stateRight[0] - edge.bedRight[0];
   solveAgainst(par, edge, edge.stateRight, edge.bedRight,
-               depthRight > par.real(ParameterID::MinWaterDepth), flux);
+               model::isWet(depthRight, par.real(ParameterID::MinWaterDepth)), flux);
 }
 
 /// @param type {type code, orientation sign}; @param D boundary record, seven values
-/// @param chezy 0 without friction; read by codes 100 and 104, for a normal depth
+/// @param chezy 0 without friction; read for a normal depth
 /// @param flux out: five components as those of hydrodynamic_solver
 inline void boundary(const Parameters& par, const int* type, const double* D, const double* normal,
                      const double* stateLeft, const double* stateRight, const double* bedLeft,
@@ -198,29 +192,30 @@ inline void boundary(const Parameters& par, const int* type, const double* D, co
                           size,       boundaryCell(normal, stateLeft, bedLeft[0])};
   const auto open = [D] { return D[1] > 0.0; };
   // clang-format off
-  switch (type[0]) {
-    case 100: return inflowAtNormalDepth(par, edge, flux);
-    case 102: return inflowAtFroudeNumber(par, edge, flux);
-    case 104: return outflowOverSlope(par, edge, flux);
-    case 106:
-    case 108:
-    case 323:
-    case 325: return outflowWithPressureOnly(par, edge, flux);
-    case 110:
-    case 327: return outflowWithMomentum(par, edge, D[1], flux);
-    case 329: return outflowWithMomentum(par, edge, D[5], flux);
-    case 112: return freeOutflow(par, edge, flux);
-    case 114: return imposedLevel(par, edge, flux);
-    case 216: return open() ? innerTransfer(par, edge, flux) : innerWall(par, edge, flux);
-    case 218: return open() ? innerGate(par, edge, flux) : innerWall(par, edge, flux);
-    case 220: return innerWall(par, edge, flux);
-    case 322:
-    case 324: return inflowByVelocityAndDepth(par, edge, flux);
-    case 326: return inflowOfMass(par, edge, edge.sign * D[1], edge.sign * D[2], flux);
-    case 328: return inflowOfMass(par, edge, edge.sign * D[5], edge.sign * D[5] * D[6], flux);
-    case 330: return inflowOfMass(par, edge, edge.sign * D[1], edge.sign * D[1], flux);
-    case 331: return outflowAgainstLevel(par, edge, flux);
-    default:  return wallFlux(par, normal, edge.cell, flux);
+  using enum model::HydBoundaryCode;
+  switch (model::HydBoundaryCode{type[0]}) {
+    case InflowNormalDepth:      return inflowAtNormalDepth(par, edge, flux);
+    case InflowFroude:           return inflowAtFroudeNumber(par, edge, flux);
+    case OutflowNormalDepth:     return outflowOverSlope(par, edge, flux);
+    case OutflowWeir:
+    case OutflowRatingCurve:
+    case LinkWeirOutflow:
+    case LinkRatingCurveOutflow: return outflowWithPressureOnly(par, edge, flux);
+    case OutflowDischarge:
+    case LinkDischargeOutflow:   return outflowWithMomentum(par, edge, D[1], flux);
+    case LinkSwitchOutflow:      return outflowWithMomentum(par, edge, D[5], flux);
+    case OutflowFree:            return freeOutflow(par, edge, flux);
+    case WaterLevel:             return imposedLevel(par, edge, flux);
+    case InnerTransfer:          return open() ? innerTransfer(par, edge, flux) : innerWall(par, edge, flux);
+    case InnerGate:              return open() ? innerGate(par, edge, flux) : innerWall(par, edge, flux);
+    case InnerWall:              return innerWall(par, edge, flux);
+    case LinkWeirInflow:
+    case LinkRatingCurveInflow:  return inflowByVelocityAndDepth(par, edge, flux);
+    case LinkDischargeInflow:    return inflowOfMass(par, edge, edge.sign * D[1], edge.sign * D[2], flux);
+    case LinkSwitchInflow:       return inflowOfMass(par, edge, edge.sign * D[5], edge.sign * D[5] * D[6], flux);
+    case LinkLevelInflow:        return inflowOfMass(par, edge, edge.sign * D[1], edge.sign * D[1], flux);
+    case LinkLevelOutflow:       return outflowAgainstLevel(par, edge, flux);
+    default:                     return wallFlux(par, normal, edge.cell, flux);
   }
   // clang-format on
 }

@@ -2,7 +2,7 @@
 //
 //   shear stress / density = |q| q / (C h^2).
 //
-// One function per closure, each with the FrictionType that chooses it. Manning and Strickler:
+// One function per closure. Manning and Strickler:
 // Chow, Open-Channel Hydraulics (1959), chapter 5. Logarithmic law of the sand roughness: Keulegan,
 // Laws of turbulent flow in open channels, J. Res. Nat. Bur. Standards 21 (1938). The law for
 // shallow flow over coarse beds: Bezzola, Fliesswiderstand und Sohlenstabilitaet natuerlicher
@@ -11,26 +11,27 @@
 
 #include <cmath>
 
+#include "catalogue/Codes.h"
 #include "simulation/kernels/numeric.h"
 #include "simulation/kernels/parameters.h"
 
 namespace kernels::hydraulics {
 
-/// FrictionType 1: C = d^(1/3) / (g n^2).
+/// Manning: C = d^(1/3) / (g n^2).
 /// @param depth [m]; @param n Manning's value [s/m^(1/3)]
 inline double chezyManning(const Parameters& par, double depth, double n) {
   const double rootOfDepth = std::cbrt(fmax(depth, par.real(ParameterID::MinWaterDepth)));
   return par.real(ParameterID::InvGravity) * rootOfDepth * inverse(n) * inverse(n);
 }
 
-/// FrictionType 2: C = k^2 d^(1/3) / g.
+/// Strickler: C = k^2 d^(1/3) / g.
 /// @param depth [m]; @param k Strickler's value [m^(1/3)/s]
 inline double chezyStrickler(const Parameters& par, double depth, double k) {
   const double rootOfDepth = std::cbrt(fmax(depth, par.real(ParameterID::MinWaterDepth)));
   return par.real(ParameterID::InvGravity) * rootOfDepth * k * k;
 }
 
-/// FrictionType 3: C = (5.75 log10(12 d / ks))^2, and its value at d = ks for smaller depths.
+/// Sand roughness: C = (5.75 log10(12 d / ks))^2, and its value at d = ks for smaller depths.
 /// @param depth [m]; @param ks equivalent sand roughness [m]
 inline double chezyLogarithmic(double depth, double ks) {
   if (!(depth > ks)) return 38.505650853010394;
@@ -38,8 +39,8 @@ inline double chezyLogarithmic(double depth, double ks) {
   return root * root;
 }
 
-/// FrictionType 4: a logarithmic law with a layer of roughness, for depths down to y = d / ks of
-/// 0.5; below that, C = 2.25.
+/// Sand roughness in shallow flow: a logarithmic law with a layer of roughness, for depths down to
+/// y = d / ks of 0.5; below that, C = 2.25.
 /// @param depth [m]; @param ks equivalent sand roughness [m]
 inline double chezyRoughLayer(double depth, double ks) {
   const double y = inverse(ks) * depth;
@@ -59,12 +60,13 @@ inline double chezyRoughLayer(double depth, double ks) {
 /// @param depth [m]; @param friction friction value of the cell, in the closure's own unit
 inline double chezySquared(const Parameters& par, double depth, double friction) {
   // clang-format off
-  switch (par.integer(ParameterID::FrictionType)) {
-    case 1:  return chezyManning(par, depth, friction);
-    case 2:  return chezyStrickler(par, depth, friction);
-    case 3:  return chezyLogarithmic(depth, friction);
-    case 4:  return chezyRoughLayer(depth, friction);
-    default: return 0.0;
+  using enum model::FrictionCode;
+  switch (model::FrictionCode{par.integer(ParameterID::FrictionType)}) {
+    case Manning:              return chezyManning(par, depth, friction);
+    case Strickler:            return chezyStrickler(par, depth, friction);
+    case SandRoughness:        return chezyLogarithmic(depth, friction);
+    case SandRoughnessShallow: return chezyRoughLayer(depth, friction);
+    default:                   return 0.0;
   }
   // clang-format on
 }

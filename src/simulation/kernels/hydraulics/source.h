@@ -1,9 +1,10 @@
 // Water that comes in or leaves from above or below: H' = H + R dt, without any momentum.
 //
-// The last digit of the sink type says what a negative rate R may take: just what it says (0), at
-// most the water that is there (1), or all of it, however small the rate (2).
+// The sink code says what a negative rate R may take: just what it says, at most the water that is
+// there, or all of it, however small the rate.
 #pragma once
 
+#include "catalogue/Codes.h"
 #include "simulation/kernels/diagnostics.h"
 #include "simulation/kernels/hydraulics/wetting.h"
 #include "simulation/kernels/numeric.h"
@@ -13,19 +14,18 @@ namespace kernels::hydraulics {
 /// Height [m] that a source adds in a step; 0 for an unknown type.
 /// @param amount rate times time step [m]; @param state {H, ...} [m]; @param bed z [m]
 inline double sourceHeight(int type, double amount, const double* state, const double* bed) {
-  switch (type) {
-    case 10:
-    case 20:
-      return amount;
-    case 11:
-    case 21:
-      return amount < 0.0 ? fmax(amount, bed[0] - state[0]) : amount;
-    case 12:
-    case 22:
-      return amount < 0.0 ? bed[0] - state[0] : amount;
-    default:
-      return 0.0;
+  // clang-format off
+  using enum model::SinkCode;
+  switch (model::SinkCode{type}) {
+    case DischargeExact:
+    case RainExact:         return amount;
+    case DischargeAvailable:
+    case RainAvailable:     return amount < 0.0 ? fmax(amount, bed[0] - state[0]) : amount;
+    case DischargeInfinity:
+    case RainInfinity:      return amount < 0.0 ? bed[0] - state[0] : amount;
+    default:                return 0.0;
   }
+  // clang-format on
 }
 
 /// @param dt time step [s]; @param data source record {unused, rate [m/s]}

@@ -1,6 +1,7 @@
 // Wet or dry: what becomes of a cell after its depth has changed.
 #pragma once
 
+#include "catalogue/wet.h"
 #include "simulation/kernels/parameters.h"
 
 namespace kernels::hydraulics {
@@ -12,7 +13,7 @@ namespace kernels::hydraulics {
 /// @return false if the depth is negative beyond round-off; nothing is changed then
 inline bool settle(const Parameters& par, double h, double* state, int* wetted) {
   if (h < -1e-12) return false;
-  if (h > par.real(ParameterID::MinWaterDepth)) {
+  if (model::isWet(h, par.real(ParameterID::MinWaterDepth))) {
     wetted[0] = 1;
   } else {
     wetted[0] = 0;

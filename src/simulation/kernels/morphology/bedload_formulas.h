@@ -1,8 +1,8 @@
 // Bed load formulas: capacity and its derivative with respect to the specific discharge.
 //
-//   3      Grass form     qb = A (q/h - vc)^B
-//   4      power law      qb = 0.05 sqrt(s) q^2 / (g^2 d C^3 h^5)
-//   other  MPM form       qb = A sqrt(s g d^3) (t - tc)^B,   t = q^2 / (h^2 C^2 g s d)
+//   Grass form     qb = A (q/h - vc)^B
+//   power law      qb = 0.05 sqrt(s) q^2 / (g^2 d C^3 h^5)
+//   MPM form       qb = A sqrt(s g d^3) (t - tc)^B,   t = q^2 / (h^2 C^2 g s d)
 //
 // after Grass, Sediment transport by waves and currents (1981), and Meyer-Peter and Mueller,
 // Formulas for bed-load transport, 2nd IAHR congress (1948); the coefficient of the power law is
@@ -13,15 +13,12 @@
 
 #include <cmath>
 
-#include "simulation/kernels/missing_value.h"
+#include "catalogue/Codes.h"
+#include "catalogue/Limits.h"
 #include "simulation/kernels/numeric.h"
 #include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
-
-// Values of BeadloadType; every other value is the MPM form.
-inline constexpr int GRASS_FORM = 3;
-inline constexpr int POWER_LAW = 4;
 
 /// What the formulas take from a cell.
 struct BedloadCell {
@@ -40,7 +37,7 @@ struct BedloadRate {
 /// 1/C^2 of a cell. Without friction it is the mark of a missing value, not 0.
 /// @param friction 1 if `chezy` may be read; @param chezy squared non-dimensional Chezy value
 inline double inverseChezy(int friction, const double* chezy) {
-  return friction == 1 ? inverse(chezy[0]) : MISSING_VALUE;
+  return friction == 1 ? inverse(chezy[0]) : model::MISSING_VALUE;
 }
 
 /// Excess over the critical value; 0 below it and for a NaN.
@@ -94,13 +91,17 @@ inline BedloadRate mpmBedload(const Parameters& par, const BedloadCell& cell) {
   return {A1 * P, A1 * B * powerOverBase(P, T) * K1 * K2};
 }
 
-/// The formula that BeadloadType names.
-inline BedloadRate bedload(const Parameters& par, const BedloadCell& cell) {
+using BedloadFormula = BedloadRate(const Parameters&, const BedloadCell&);
+
+/// The formula of the run; an unknown code is the MPM form.
+/// @param mpm the MPM form in the grouping of its operations that the caller needs
+inline BedloadRate bedload(const Parameters& par, const BedloadCell& cell,
+                           BedloadFormula* mpm = mpmBedload) {
   // clang-format off
-  switch (par.integer(ParameterID::BeadloadType)) {
-    case GRASS_FORM: return grassBedload(par, cell);
-    case POWER_LAW:  return powerLawBedload(par, cell);
-    default:         return mpmBedload(par, cell);
+  switch (model::BedloadCode{par.integer(ParameterID::BeadloadType)}) {
+    case model::BedloadCode::Grass:    return grassBedload(par, cell);
+    case model::BedloadCode::PowerLaw: return powerLawBedload(par, cell);
+    default:                           return mpm(par, cell);
   }
   // clang-format on
 }

@@ -11,13 +11,12 @@
 
 #include <cmath>
 
+#include "catalogue/Codes.h"
+#include "catalogue/wet.h"
 #include "simulation/kernels/numeric.h"
 #include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
-
-/// The value of IncipientMotType for Chen et al.; every other value is van Rijn.
-inline constexpr int CHEN = 2;
 
 /// NaN where the lateral slope is steeper than the angle of repose.
 /// @param along,across slopes against the flow direction [-]
@@ -43,13 +42,14 @@ inline double criticalShieldsChen(const Parameters& par, double along, double ac
 /// @param critical out: critical Shields parameter of the cell [-]
 inline void local_bed_slope(const Parameters& par, const double* state, const double* bed,
                             const double* gradient, double* critical) {
-  if (!(state[0] - bed[0] > par.real(ParameterID::MinWaterDepth))) return;
+  if (!model::isWet(state[0] - bed[0], par.real(ParameterID::MinWaterDepth))) return;
   const double q = std::sqrt(state[1] * state[1] + state[2] * state[2]);
   const double nx = state[1] / q;
   const double ny = state[2] / q;
   const double along = gradient[0] * nx + gradient[1] * ny;
   const double across = gradient[0] * ny - nx * gradient[1];
-  critical[0] = par.integer(ParameterID::IncipientMotType) == CHEN
+  const model::SlopeCorrectionCode code{par.integer(ParameterID::IncipientMotType)};
+  critical[0] = code == model::SlopeCorrectionCode::Chen
                     ? criticalShieldsChen(par, along, across)
                     : criticalShieldsVanRijn(par, along, across);
 }

@@ -1,10 +1,11 @@
 // Sediment that is dumped or dredged: z' = z + R dt. The water surface moves with the bed, so the
 // depth stays.
 //
-// The last digit of the sink type says what a negative rate R may take: just what it says (0), at
-// most the material above the fixed bed (1), or all of it, however small the rate (2).
+// The sink code says what a negative rate R may take: just what it says, at most the material above
+// the fixed bed, or all of it, however small the rate.
 #pragma once
 
+#include "catalogue/Codes.h"
 #include "simulation/kernels/diagnostics.h"
 #include "simulation/kernels/numeric.h"
 
@@ -13,16 +14,15 @@ namespace kernels::morphology {
 /// Height [m] that a source adds in a step; 0 for an unknown type.
 /// @param amount rate times time step [m]; @param available fixed bed minus bed [m]
 inline double sourceHeight(int type, double amount, double available) {
-  switch (type) {
-    case 30:
-      return amount;
-    case 31:
-      return amount < 0.0 ? fmax(amount, available) : amount;
-    case 32:
-      return amount < 0.0 ? available : amount;
-    default:
-      return 0.0;
+  // clang-format off
+  using enum model::SinkCode;
+  switch (model::SinkCode{type}) {
+    case SedimentExact:     return amount;
+    case SedimentAvailable: return amount < 0.0 ? fmax(amount, available) : amount;
+    case SedimentInfinity:  return amount < 0.0 ? available : amount;
+    default:                return 0.0;
   }
+  // clang-format on
 }
 
 /// @param dt time step [s]; @param data source record {unused, rate [m/s]}

@@ -14,23 +14,18 @@
 
 #include <cmath>
 
-#include "simulation/kernels/missing_value.h"
+#include "catalogue/Limits.h"
+#include "catalogue/wet.h"
 #include "simulation/kernels/morphology/bedload_formulas.h"
 #include "simulation/kernels/numeric.h"
 #include "simulation/kernels/parameters.h"
 
 namespace kernels::topology {
 
-/// Bed load [m2/s] of an upstream cell, whatever its direction. The Shields parameter is grouped
-/// unlike that of the cells' own transport; the two may differ in the last digit.
-inline double bedloadCapacity(const Parameters& par, const morphology::BedloadCell& cell) {
-  // clang-format off
-  switch (par.integer(ParameterID::BeadloadType)) {
-    case morphology::GRASS_FORM: return morphology::grassBedload(par, cell).capacity;
-    case morphology::POWER_LAW:  return morphology::powerLawBedload(par, cell).capacity;
-    default:                     break;
-  }
-  // clang-format on
+/// The MPM form of an upstream cell. Its Shields parameter is grouped unlike that of the cells' own
+/// transport: the two may differ in the last digit. Nobody asks a nodestring for the derivative.
+inline morphology::BedloadRate mpmBedload(const Parameters& par,
+                                          const morphology::BedloadCell& cell) {
   const double ig = par.real(ParameterID::InvGravity);
   const double s = par.real(ParameterID::SedRelDensity);
   const double q2 = cell.q * cell.q;
@@ -38,13 +33,18 @@ inline double bedloadCapacity(const Parameters& par, const morphology::BedloadCe
   const double theta = (q2 * ih2) * (cell.inverse_C2 * ig) / (s * cell.d);
   const double power =
       std::pow(morphology::excess(theta, cell.critical), par.real(ParameterID::BedloadExpon));
-  return morphology::mpmUnit(par, cell.d) * power;
+  return {morphology::mpmUnit(par, cell.d) * power, 0.0};
+}
+
+/// Bed load [m2/s] of an upstream cell, whatever its direction.
+inline double bedloadCapacity(const Parameters& par, const morphology::BedloadCell& cell) {
+  return morphology::bedload(par, cell, mpmBedload).capacity;
 }
 
 /// Arguments per edge come as arrays of `size` pointers, in the order along the nodestring.
 /// @param morphology 1 if the bed moves; else no sediment argument is read
 /// @param friction 1 if the bed moves and `chezy` may be read
-/// @param size number of edges, 0 to 40
+/// @param size number of edges, at most model::STRING_EDGES; there are none below 1
 /// @param sign per edge: 1 if oriented as the nodestring, -1 if against it
 /// @param length of the edges [m]; @param fluxHy,fluxMo liquid and bed flux of the edges [m2/s]
 /// @param chezy,critical,grainSize,state,bed,area upstream cells: squared Chezy value [-], critical
@@ -70,7 +70,7 @@ inline void node_string_states(const Parameters& par, const int* morphology, con
     const double z = bed[i][0];
     const double h = H - z;
     zmin = fmin(zmin, z);
-    if (!(h > hmin)) continue;
+    if (!model::isWet(h, hmin)) continue;
     Lw += L;
     sumHL += H * L;
     Q += fluxHy[i][0] * L * sgn;
@@ -89,10 +89,10 @@ inline void node_string_states(const Parameters& par, const int* morphology, con
   }
 
   const bool wet = Lw > 0.0;
-  result[0] = wet ? sumHL / Lw : MISSING_VALUE;
+  result[0] = wet ? sumHL / Lw : model::MISSING_VALUE;
   result[1] = Q;
   result[2] = A;
-  result[3] = wet ? sumzL / Lw : MISSING_VALUE;
+  result[3] = wet ? sumzL / Lw : model::MISSING_VALUE;
   result[4] = zmin;
   result[5] = Lw;
   result[6] = V;

@@ -14,7 +14,7 @@ namespace {
 
 /// The record of a source after a lookup in a line from (-2, 1) to (6, 9).
 std::array<double, 2> lookup(int key, int position, double time) {
-  const std::array<double, 6> row{-2.0, 1.0, 6.0, 9.0, kernels::MISSING_VALUE, 0.0};
+  const std::array<double, 6> row{-2.0, 1.0, 6.0, 9.0, model::MISSING_VALUE, 0.0};
   const int size = 4;
   const std::array<int, 2> keyPosition{key, position};
   std::array<double, 2> record{-1.0, -2.0};

@@ -12,7 +12,7 @@ static_assert(std::is_same_v<decltype(kernels::data::edge_interpolation),
 
 namespace {
 
-using kernels::MISSING_VALUE;
+using model::MISSING_VALUE;
 
 /// The record of an edge after a lookup in y = 10 x, which runs from x = 0 to x = 100.
 std::array<double, 7> lookup(int key, int position, const std::array<double, 10>& string,

@@ -15,7 +15,7 @@ static_assert(
 
 namespace {
 
-using kernels::MISSING_VALUE;
+using model::MISSING_VALUE;
 
 class EdgeModification : public support::Parameters {
  protected:

@@ -10,10 +10,10 @@
 
 namespace {
 
-using kernels::MISSING_VALUE;
 using kernels::data::firstPointAbove;
-using kernels::data::SERIES_VALUES;
 using kernels::data::seriesValue;
+using model::MISSING_VALUE;
+using model::SERIES_VALUES;
 
 // Points (1, 10), (2, 30), (4, 20), then the end.
 const std::array<double, 10> threePoints{1.0,  10.0,          2.0, 30.0,          4.0,

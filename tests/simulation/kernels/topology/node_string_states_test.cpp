@@ -15,7 +15,7 @@ static_assert(std::is_same_v<decltype(kernels::topology::node_string_states),
 
 namespace {
 
-using kernels::MISSING_VALUE;
+using model::MISSING_VALUE;
 
 /// An edge of the nodestring with its upstream cell.
 struct Link {
