@@ -6,6 +6,7 @@
 #pragma once
 
 #include "catalogue/IDs.h"
+#include "catalogue/Limits.h"
 #include "op/op_loop.h"
 #include "simulation/kernels/diagnostics.h"
 #include "simulation/kernels/parameters.h"
@@ -24,7 +25,9 @@ enum class Flag {
 using model::DataID;
 using model::KernelID;
 using model::MapID;
+using model::SERIES_VALUES;
 using model::SetID;
+using model::STRING_EDGES;
 using op::all;
 using op::at;
 using op::change;
@@ -37,9 +40,6 @@ using op::read_if;
 using op::write;
 using op::Order::any;
 using op::Order::ascending;
-
-// The most edges that a nodestring can have.
-inline constexpr int STRING_EDGES = 40;
 
 // Rows without an argument: what the body gets beside its data.
 using parameters = op::constants<kernels::Parameters>;
@@ -102,7 +102,7 @@ struct NodeStringStateCalc : Loop<3, KernelID::NodeStringStateCalc, SetID::NodeS
     write  <DataID::StateVar, double[10]>> {};
 
 struct EdgeDataInterpolation : Loop<4, KernelID::EdgeDataInterpolation, SetID::EdInterp, any,
-    read <DataID::InSeries_NumValue, double[12000], at<MapID::EdInterp_InSeries, 0>>,
+    read <DataID::InSeries_NumValue, double[SERIES_VALUES], at<MapID::EdInterp_InSeries, 0>>,
     read <DataID::InSeries_ListSize, int,           at<MapID::EdInterp_InSeries, 0>>,
     read <DataID::EdInterp_KeyPostn, int[2]>,
     read <DataID::StateVar,          double[10],    at<MapID::EdInterp_NodeStrg, 0>>,
@@ -110,7 +110,7 @@ struct EdgeDataInterpolation : Loop<4, KernelID::EdgeDataInterpolation, SetID::E
     write<DataID::EdgeData_NumValue, double[7],     at<MapID::EdInterp_EdgeData, 0>>> {};
 
 struct CellDataInterpolation : Loop<5, KernelID::CellDataInterpolation, SetID::ClInterp, any,
-    read <DataID::InSeries_NumValue, double[12000], at<MapID::ClInterp_InSeries, 0>>,
+    read <DataID::InSeries_NumValue, double[SERIES_VALUES], at<MapID::ClInterp_InSeries, 0>>,
     read <DataID::InSeries_ListSize, int,           at<MapID::ClInterp_InSeries, 0>>,
     read <DataID::ClInterp_KeyPostn, int[2]>,
     given<double>,                      // current time
