@@ -35,10 +35,10 @@ class IH5RecordWriter : public IH5Writer {
   /// the program: a run that is killed leaves all of it or nothing, one that is killed afterwards
   /// all.
   virtual void flush() = 0;
-  /// Makes sure, before anything is written, that the file can grow by so many bytes, and its
-  /// journal too.
-  /// @return false if it cannot, as on a full disk
-  virtual bool reserve(std::size_t bytes) = 0;
+  /// Makes sure, before anything is written, that there is room for it.
+  /// @param appended,overwritten bytes of datasets that are new, and of those that exist
+  /// @return false if there is not, as on a full disk
+  virtual bool reserve(std::size_t appended, std::size_t overwritten) = 0;
 };
 
 }  // namespace api

@@ -2,6 +2,7 @@
 
 #include "common/check.h"
 #include "common/console.h"
+#include "h5/Refused.h"
 #include "h5/attribute.h"
 #include "h5/group.h"
 
@@ -15,8 +16,20 @@ unsigned getFileAccess(const std::string& access) {
   return h5::File::READ_ONLY;
 }
 
+namespace {
+
+h5::File openFile(const std::string& file, const std::string& access) {
+  try {
+    return h5::File(file, getFileAccess(access));
+  } catch (const h5::Refused& refusal) {
+    console::fail(refusal.what());
+  }
+}
+
+}  // namespace
+
 H5Base::H5Base(const std::string& file, const std::string& access)
-    : filename(file), f5(file, getFileAccess(access)) {}
+    : filename(file), f5(openFile(file, access)) {}
 
 H5Base::~H5Base() {
   try {

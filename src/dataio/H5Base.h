@@ -20,7 +20,8 @@ unsigned getFileAccess(const std::string& access);
 /// The file is open from construction to destruction.
 class H5Base : public virtual api::IH5Base {
  public:
-  /// @throws h5::Error if the file cannot be opened or created.
+  /// @throws h5::Error if the file cannot be opened or created; BaseException if another process
+  ///   writes to a file that is to be written, or something else is in the way.
   H5Base(const std::string& file, const std::string& access);
   /// Flushes and closes. A failure to flush is reported on standard error, as data are lost.
   ~H5Base() override;

@@ -1,7 +1,5 @@
 #include "dataio/H5Writer.h"
 
-#include "dataio/FileSpace.h"
-
 #include "common/check.h"
 
 namespace dataio {
@@ -104,9 +102,8 @@ void H5Writer::flush() {
   f5.flush();
 }
 
-bool H5Writer::reserve(std::size_t bytes) {
-  // The journal holds what is overwritten, which is the whole record at most.
-  return reserveFileSpace(getFilename(), bytes) && isRoomOnDiskOf(getFilename(), bytes);
+bool H5Writer::reserve(std::size_t appended, std::size_t overwritten) {
+  return f5.reserve(appended, overwritten);
 }
 
 }  // namespace dataio

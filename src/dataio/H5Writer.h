@@ -39,7 +39,7 @@ class H5Writer : public H5Base, public api::IH5RecordWriter {
   void writeStringVec(const std::string& path, const int& length,
                       const std::vector<std::string>& values) override;
   void flush() override;
-  bool reserve(std::size_t bytes) override;
+  bool reserve(std::size_t appended, std::size_t overwritten) override;
 
  private:
   /// Opens the dataset at `path`, or creates it together with the groups above it.

@@ -1,11 +1,13 @@
 #include "export/NcFile.h"
 
+#include <fcntl.h>
+
 #include <algorithm>
 #include <array>
 #include <fstream>
 #include <stdexcept>
 
-#include "dataio/FileSpace.h"
+#include "h5/Descriptor.h"
 
 namespace exporter {
 
@@ -21,7 +23,7 @@ void require(int status) {
 }
 
 void requireRoom(const std::string& file, std::size_t bytes) {
-  if (dataio::reserveFileSpace(file, bytes + bytes / 16 + OVERHEAD)) return;
+  if (h5::Descriptor(file, O_RDWR).reserve(bytes + bytes / 16 + OVERHEAD, 0)) return;
   throw std::runtime_error("the disk is full, or the size of files is limited");
 }
 

@@ -97,7 +97,7 @@ class MaskedFile {
  private:
   /// On a full disk nothing is begun that the library could not end.
   void reserve(std::size_t bytes) {
-    if (writer.reserve(bytes + OVERHEAD)) return;
+    if (writer.reserve(bytes + OVERHEAD, 0)) return;
     throw std::runtime_error("the disk is full, or the size of files is limited");
   }
 

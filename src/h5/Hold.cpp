@@ -28,4 +28,8 @@ std::string Hold::failure() const {
   return isKnown ? journaled->failure()->what() : "the HDF5 library refuses";
 }
 
+bool Hold::reserve(std::uint64_t appended, std::uint64_t overwritten) const {
+  return journaled == nullptr || journaled->reserve(appended, overwritten);
+}
+
 }  // namespace h5

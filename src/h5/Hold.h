@@ -7,6 +7,7 @@
 
 #include <hdf5.h>
 
+#include <cstdint>
 #include <string>
 
 namespace h5 {
@@ -30,6 +31,9 @@ class Hold {
   herr_t commit() const;
   /// Why a commit has failed.
   std::string failure() const;
+
+  /// Asks for room for changes to come; see File.
+  bool reserve(std::uint64_t appended, std::uint64_t overwritten) const;
 
  private:
   hid_t id;

@@ -2,18 +2,21 @@
 
 #include <fcntl.h>
 #include <unistd.h>
+#include <xxhash.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <cstring>
-#include <filesystem>
+#include <cerrno>
 #include <system_error>
+
+#include "h5/Refused.h"
 
 namespace h5 {
 
 namespace {
 
-constexpr std::uint64_t MAGIC = 0x314a4f4548521a89;  // no text and no HDF5 file starts with it
+// No text and no HDF5 file starts with these.
+constexpr std::uint64_t MAGIC = 0x324a4f4548521a89;
+constexpr std::uint64_t EARLIER_MAGIC = 0x314a4f4548521a89;  // of release 3.0.1, with another hash
 
 struct Header {
   std::uint64_t magic;
@@ -74,6 +77,21 @@ class Input {
   std::uint64_t sum = 0;
 };
 
+std::uint64_t magicOf(const Descriptor& source) {
+  std::uint64_t magic = 0;
+  source.readAt(0, reinterpret_cast<char*>(&magic), sizeof(magic));
+  return magic;
+}
+
+// Opens a file once no other process has it locked, and it has not been removed meanwhile.
+Descriptor openForOne(const std::string& name, int flags) {
+  while (true) {
+    Descriptor file(name, flags);
+    file.lockForOne();
+    if (file.hasName()) return file;
+  }
+}
+
 void writeAll(const Journal& journal, const Descriptor& target) {
   Output output(target);
   output.append(Header{MAGIC, journal.end, journal.pages.size()});
@@ -87,23 +105,50 @@ void writeAll(const Journal& journal, const Descriptor& target) {
 }  // namespace
 
 std::uint64_t hash(const char* bytes, std::size_t count, std::uint64_t seed) {
-  // FNV-1a by words of eight bytes, with the upper bits mixed in; each step can be undone, so that
-  // no change of a single word is missed.
-  constexpr std::uint64_t PRIME = 0x100000001b3;
-  std::uint64_t sum = ((seed ^ 0xcbf29ce484222325) * PRIME) ^ count;
-  for (std::size_t place = 0; place < count; place += sizeof(std::uint64_t)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, bytes + place, std::min(sizeof(word), count - place));
-    sum = (sum ^ word) * PRIME;
-    sum ^= sum >> 32;
-  }
-  return sum;
+  return XXH3_64bits_withSeed(bytes, count, seed);
 }
 
 std::string journalOf(const std::string& file) {
-  std::error_code missing;
-  const std::filesystem::path real = std::filesystem::canonical(file, missing);
-  return (missing ? file : real.string()) + ".journal";
+  return file + ".rheomark-journal";
+}
+
+void refuseOther(const std::string& journal) {
+  throw Refused("file " + journal + " has the name that the journal of the results needs, and is " +
+                "none: move it elsewhere");
+}
+
+std::optional<Descriptor> openUnused(const std::string& journal) {
+  try {
+    return openForOne(journal, O_RDONLY);
+  } catch (const std::system_error& error) {
+    // A name that is too long was never given to a journal.
+    const int reason = error.code().value();
+    if (reason != ENOENT && reason != ENAMETOOLONG) throw;
+  }
+  return std::nullopt;
+}
+
+void refuseEarlierJournal(const std::string& file) {
+  const std::string journal = file + ".journal";
+  try {
+    if (magicOf(Descriptor(journal, O_RDONLY)) != EARLIER_MAGIC) return;
+  } catch (const std::exception&) {
+    return;  // none, or of somebody else
+  }
+  throw Refused("file " + journal + " is the journal of a record that release 3.0.1 was writing: " +
+                "open " + file + " with that release once (export --list), which completes the " +
+                "record; or move the journal elsewhere, if the file is whole without it");
+}
+
+std::uint64_t Journal::sizeFor(std::uint64_t bytes) {
+  const std::uint64_t touched =
+      bytes / PAGE_SIZE + 2;  // at both ends a page may be touched in part
+  return sizeof(Header) + touched * (sizeof(PageHeader) + PAGE_SIZE) + sizeof(std::uint64_t);
+}
+
+bool Journal::isOne(const Descriptor& source) {
+  // An empty one belongs to a process that was killed before it wrote anything.
+  return source.size() == 0 || magicOf(source) == MAGIC;
 }
 
 std::optional<Journal> Journal::read(const Descriptor& source) {
@@ -128,9 +173,10 @@ std::optional<Journal> Journal::read(const Descriptor& source) {
 }
 
 Descriptor Journal::write(const std::string& name) const {
-  Descriptor target(name, O_WRONLY | O_CREAT | O_TRUNC);
+  Descriptor target = openForOne(name, O_RDWR | O_CREAT);
+  if (!isOne(target)) refuseOther(name);
   try {
-    target.lockForOne();
+    target.resize(0);
     writeAll(*this, target);
   } catch (const std::system_error&) {
     ::unlink(name.c_str());

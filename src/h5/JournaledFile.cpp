@@ -5,10 +5,16 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdlib>
+#include <filesystem>
 #include <new>
 #include <optional>
+#include <string_view>
 #include <system_error>
 #include <utility>
+
+#include "h5/Refused.h"
+#include "h5/replacement.h"
 
 namespace h5 {
 
@@ -18,53 +24,78 @@ std::uint64_t pageOf(std::uint64_t offset) {
   return offset - offset % PAGE_SIZE;
 }
 
-// A name that is too long was never given to a journal.
-bool isMissing(const std::system_error& error) {
-  const int reason = error.code().value();
-  return reason == ENOENT || reason == ENAMETOOLONG;
-}
-
 // Whether the reason is the folder or the name, not a lack of room.
 bool refusesNewFiles(const std::system_error& error) {
   const int reason = error.code().value();
   return reason == EACCES || reason == EPERM || reason == EROFS || reason == ENAMETOOLONG;
 }
 
-// The journal, once no process is at work with it; nothing if there is none any more.
-std::optional<Descriptor> openUnused(const std::string& name) {
-  try {
-    std::optional<Descriptor> source(std::in_place, name, O_RDONLY);
-    source->lockForOne();
-    if (source->hasName()) return source;
-  } catch (const std::system_error& error) {
-    if (!isMissing(error)) throw;
-  }
-  return std::nullopt;
+std::string withoutLinks(const std::string& name) {
+  std::error_code missing;
+  const std::filesystem::path real = std::filesystem::canonical(name, missing);
+  return missing ? name : real.string();
+}
+
+bool isDurable() {
+  const char* const wish = std::getenv("RHEOMARK_SYNC");
+  return wish != nullptr && std::string_view(wish) == "1";
+}
+
+// A file is on the disk once its folder is, too.
+void syncFolderOf(const std::string& name) {
+  const std::string folder = std::filesystem::path(name).parent_path().string();
+  Descriptor(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY).sync();
 }
 
 }  // namespace
 
 JournaledFile::JournaledFile(const std::string& name, int flags)
-    : file(name, flags), writable((flags & O_RDWR) != 0), journal(journalOf(name)) {
-  if ((flags & O_TRUNC) != 0) {
-    ::unlink(journal.c_str());
-  } else {
-    recover();
-  }
+    : writable((flags & O_RDWR) != 0), file(openData(name, flags)) {
+  recover();
   if (change.pages.empty()) change.end = file.size();
   committedEnd = change.end;
 }
 
+// A file that is to be written is locked before anything is done to it.
+Descriptor JournaledFile::openData(const std::string& name, int flags) {
+  Descriptor opened(name, flags & ~O_TRUNC);
+  realName = withoutLinks(name);
+  journal = journalOf(realName);
+  if (writable) {
+    locks.emplace_back(opened);
+    if (!opened.hasName())
+      throw Refused("another process has replaced file " + name + ": try again");
+  }
+  if ((flags & O_TRUNC) == 0) return opened;
+  try {
+    Descriptor made = openReplacement(realName, opened);
+    locks.emplace_back(made);
+    earlier.emplace(std::move(opened));
+    return made;
+  } catch (const std::system_error& error) {
+    if (!refusesNewFiles(error)) throw;
+  }
+  opened.resize(0);
+  return opened;
+}
+
 void JournaledFile::recover() {
+  refuseEarlierJournal(realName);
   const std::optional<Descriptor> source = openUnused(journal);
   if (!source) return;
+  if (!Journal::isOne(*source)) {
+    if (writable) refuseOther(journal);
+    return;
+  }
   std::optional<Journal> left = Journal::read(*source);
   if (!left || !left->belongsTo(file)) {
-    if (writable) ::unlink(journal.c_str());
+    if (writable && !earlier) ::unlink(journal.c_str());
     return;
   }
   try {
-    left->apply(Descriptor(file.name(), O_RDWR));
+    const Descriptor target(realName, O_RDWR);
+    left->apply(target);
+    if (isDurable()) target.sync();
     ::unlink(journal.c_str());
   } catch (const std::system_error&) {
     if (writable) throw;
@@ -101,6 +132,8 @@ void JournaledFile::keepFailure(Work work) {
     work();
   } catch (const std::system_error& error) {
     failed = error;
+  } catch (const Refused& refusal) {
+    failed.emplace(EEXIST, std::generic_category(), refusal.what());
   } catch (const std::bad_alloc&) {
     failed.emplace(ENOMEM, std::generic_category(), "cannot change file " + file.name());
   }
@@ -123,7 +156,12 @@ void JournaledFile::write(std::uint64_t offset, const char* bytes, std::size_t c
   });
 }
 
-// The library writes much as it was.
+bool JournaledFile::reserve(std::uint64_t appended, std::uint64_t overwritten) const {
+  return file.reserve(appended, Journal::sizeFor(overwritten));
+}
+
+// The HDF5 library often writes a page of names or times again without a change in it. Such pages
+// need no journal.
 void JournaledFile::dropUnchangedPages() {
   std::erase_if(change.pages, [](const auto& entry) {
     const Page& page = entry.second;
@@ -134,7 +172,12 @@ void JournaledFile::dropUnchangedPages() {
 std::optional<Descriptor> JournaledFile::writeJournal() const {
   if (change.pages.empty() && change.end >= committedEnd) return std::nullopt;
   try {
-    return change.write(journal);
+    std::optional<Descriptor> written(change.write(journal));
+    if (isDurable()) {
+      written->sync();
+      syncFolderOf(journal);
+    }
+    return written;
   } catch (const std::system_error& error) {
     if (!refusesNewFiles(error)) throw;
   }
@@ -149,11 +192,30 @@ void JournaledFile::commit() {
 void JournaledFile::bringIntoFile() {
   dropUnchangedPages();
   if (file.size() < change.end) file.resize(change.end);
-  const std::optional<Descriptor> written = writeJournal();
-  change.apply(file);
-  if (written) ::unlink(journal.c_str());
+  // What stands behind the committed end is on the disk before anything refers to it.
+  if (isDurable()) file.sync();
+  if (earlier) {
+    commitNewFile();
+  } else {
+    commitChange();
+  }
   change.pages.clear();
   committedEnd = change.end;
+}
+
+void JournaledFile::commitNewFile() {
+  change.apply(file);
+  putInPlace(file, realName);
+  earlier.reset();
+  locks.erase(locks.begin());
+  if (isDurable()) syncFolderOf(realName);
+}
+
+void JournaledFile::commitChange() {
+  const std::optional<Descriptor> written = writeJournal();
+  change.apply(file);
+  if (isDurable()) file.sync();
+  if (written) ::unlink(journal.c_str());
 }
 
 }  // namespace h5

@@ -98,8 +98,8 @@ herr_t close(H5FD_t* file) {
 }
 
 int compare(const H5FD_t* one, const H5FD_t* other) {
-  const Identity left = journaled(one).descriptor().identity();
-  const Identity right = journaled(other).descriptor().identity();
+  const Identity left = journaled(one).identity();
+  const Identity right = journaled(other).identity();
   if (left == right) return 0;
   return left < right ? -1 : 1;
 }

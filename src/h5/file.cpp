@@ -1,5 +1,10 @@
 #include "h5/file.h"
 
+#include <fcntl.h>
+
+#include <system_error>
+
+#include "h5/JournaledFile.h"
 #include "h5/driver.h"
 #include "h5/error.h"
 #include "h5/group.h"
@@ -8,7 +13,18 @@ namespace h5 {
 
 namespace {
 
+// The library wraps what it hears from its driver in a long report. A user who has to do something
+// is told in plain words, before.
+void refuseUnusable(const std::string& name, unsigned access) {
+  try {
+    const JournaledFile file(name, access == File::READ_ONLY ? O_RDONLY : O_RDWR);
+  } catch (const std::system_error&) {
+    return;  // the library tells of it
+  }
+}
+
 Handle open(const std::string& name, unsigned access) {
+  refuseUnusable(name, access);
   if ((access & (File::TRUNCATE | File::CREATE)) != 0) {
     return checked(H5Fcreate(name.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5::accessList()),
                    "Unable to create file " + name);
@@ -33,6 +49,10 @@ void File::flush() const {
   if (together->commit() < 0) {
     throw Error("Unable to flush file " + filename + ": " + together->failure());
   }
+}
+
+bool File::reserve(std::uint64_t appended, std::uint64_t overwritten) const {
+  return !together || together->reserve(appended, overwritten);
 }
 
 }  // namespace h5

@@ -5,6 +5,7 @@
 //   const bool hasCells = file.exist("CellsAll");
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -22,7 +23,9 @@ class File {
   static constexpr unsigned CREATE = 16;
 
   /// @param access flags of the above; TRUNCATE or CREATE makes a new, empty file
-  /// @throws Error if the file cannot be opened or created.
+  /// @throws Error if the file cannot be opened or created; Refused if another process writes to
+  /// it,
+  ///   or something else is in the way that the user has to know of.
   File(const std::string& name, unsigned access);
 
   const std::string& name() const noexcept { return filename; }
@@ -37,6 +40,12 @@ class File {
   /// @throws Error if that or an earlier write has failed, as on a full disk; the file is as it was
   ///         after the last flush, and so are all later flushes.
   void flush() const;
+
+  /// Makes sure, before anything is written, that there is room for it.
+  /// @param appended,overwritten bytes of datasets that are new, and of those that exist, with all
+  ///   that describes them
+  /// @return false if there is not, as on a full disk
+  bool reserve(std::uint64_t appended, std::uint64_t overwritten) const;
 
  private:
   std::string filename;

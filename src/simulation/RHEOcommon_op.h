@@ -119,15 +119,17 @@ class RHEOcommon : public api::ISimulation {
 
   void archive();
   void copyMinDepthParameter();
+  void keepSetup();
   void writeOutput(const double& time, const model::DataID& id, const int& index);
   void writeRegularOutput(const double& time);
   void writeRequestedOutput(const double& time);
-  void reserveRecord(const std::vector<model::DataID>& data);
+  void reserveRecord(const std::vector<model::DataID>& data, int index);
   void commitRecord();
   void writeTrackingOutput(const double& time);
 
   double lastRecordTime = -1.0;  ///< [s]
   int stopSignal = 0;
+  bool replacesResults = true;  ///< the results file is an earlier one, until the first record
 
   std::map<model::VariableID, Memory> intVariables;
   std::map<model::VariableID, Memory> realVariables;

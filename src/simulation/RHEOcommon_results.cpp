@@ -1,5 +1,8 @@
 #include <cstddef>
 #include <exception>
+#include <filesystem>
+#include <string>
+#include <system_error>
 #include <vector>
 
 #include "common/console.h"
@@ -16,12 +19,28 @@ namespace simulation {
 
 namespace console = common::console;
 
+namespace {
+
+// The file answers for one level at a time.
+bool holds(const api::IH5Base& file, const std::string& path) {
+  for (std::size_t slash = path.find('/', 1); slash != std::string::npos;
+       slash = path.find('/', slash + 1)) {
+    if (!file.existDataset(path.substr(0, slash))) return false;
+  }
+  return file.existDataset(path);
+}
+
+}  // namespace
+
 void RHEOcommon::initializeResultsFile(const std::string& output) {
   const std::string name = dataio::H5FileNameDefinitions::getResultFileName(output);
   if (logLevel > 1) {
     console::info("creating a new file container to store the simulation results: ", name);
   }
+  std::error_code unknown;
+  replacesResults = std::filesystem::exists(name, unknown);
   resultFile.reset(dataio::Factory::createRecordWriter(name, "w"));
+  keepSetup();
 
   std::vector<model::DataID> setupData;
   for (const model::DataID id : model->getDats()) {
@@ -35,13 +54,21 @@ void RHEOcommon::initializeResultsFile(const std::string& output) {
   model::sortVector(setupData);
   for (const model::DataID id : setupData) {
     writeSetupOutput(model->getData(id), runFile.get(), resultFile.get(), logLevel);
+    keepSetup();
   }
   for (const model::ParameterID id : model->getPars()) {
     api::IParameter* parameter = model->getParameter(id);
     if (parameter->isSetupOnly()) {
       writeSetupOutput(parameter, runFile.get(), resultFile.get(), logLevel);
+      keepSetup();
     }
   }
+}
+
+// Where there are no earlier results, the file shows how far a run came that fails before its first
+// record. Earlier ones stay as they are until then: the first flush replaces them.
+void RHEOcommon::keepSetup() {
+  if (!replacesResults) resultFile->flush();
 }
 
 void RHEOcommon::initializeOutputData() {
@@ -63,11 +90,13 @@ void RHEOcommon::initializeOutputData() {
 void RHEOcommon::archive() {
   dataio::Archive::addModel(resultFile.get(), dataio::Archive::getModel(runFile.get()));
   dataio::Archive::addSimulation(resultFile.get(), commandFile->getHash());
+  keepSetup();
 }
 
 void RHEOcommon::copyMinDepthParameter() {
   const std::string path = "Parameters/MinWaterDepth";
   resultFile->writeDoubleScalar(path, runFile->readDoubleScalar(path));
+  keepSetup();
 }
 
 void RHEOcommon::writeOutput(const double& time, const model::DataID& id, const int& index) {
@@ -78,19 +107,25 @@ void RHEOcommon::writeOutput(const double& time, const model::DataID& id, const 
   resultFile->attachAttributeDouble(path, "t", time);
 }
 
-// On a full disk the file is not touched any more: all earlier records can be read.
-void RHEOcommon::reserveRecord(const std::vector<model::DataID>& data) {
+// On a full disk the file is not touched any more: all earlier records can be read. New data make
+// the file longer; what is overwritten, of which is the list of names, goes into its journal.
+void RHEOcommon::reserveRecord(const std::vector<model::DataID>& data, int index) {
   constexpr std::size_t OVERHEAD = 16384;  // object header and group nodes of a dataset [bytes]
   constexpr std::size_t GROWTH = 64;       // of the list of names, per record [bytes]
-  std::size_t bytes = 0;
+  std::size_t appended = 0;
+  std::size_t overwritten = 0;
   for (const model::DataID id : data) {
     const op_dat dat = dats.at(id);
-    bytes += static_cast<std::size_t>(dat->set->size) * static_cast<std::size_t>(dat->size);
-    bytes += OVERHEAD + GROWTH * static_cast<std::size_t>(outputCounter);
+    const std::string path =
+        dataio::ResultReader::getOutputPath(model->getData(id)->getH5Path(), index);
+    const std::size_t overhead = OVERHEAD + GROWTH * static_cast<std::size_t>(index);
+    (holds(*resultFile, path) ? overwritten : appended) +=
+        static_cast<std::size_t>(dat->set->size) * static_cast<std::size_t>(dat->size) + overhead;
+    overwritten += overhead;
   }
-  if (resultFile->reserve(bytes)) return;
+  if (resultFile->reserve(appended, overwritten)) return;
   console::fail(
-      "results file <", resultFile->getFilename(), "> cannot grow by ", bytes,
+      "results file <", resultFile->getFilename(), "> cannot grow by ", appended + overwritten,
       " bytes for the next record: the disk is full, or the size of files is limited. All ",
       "records before it are kept");
 }
@@ -109,7 +144,7 @@ void RHEOcommon::commitRecord() {
 
 void RHEOcommon::writeRegularOutput(const double& time) {
   if (logLevel > 1) console::info("writing output at t = ", time, " ...");
-  reserveRecord(outputData);
+  reserveRecord(outputData, outputCounter);
   for (const model::DataID id : outputData) writeOutput(time, id, outputCounter);
   commitRecord();
   outputCounter = outputCounter + 1;
@@ -124,7 +159,7 @@ void RHEOcommon::writeRequestedOutput(const double& time) {
 // Tracked data tell of the whole run: they stand at record 0 and carry no time of their own.
 void RHEOcommon::writeTrackingOutput(const double& /*time*/) {
   if (logLevel > 1) console::info("writing tracked output ...");
-  reserveRecord(trackedData);
+  reserveRecord(trackedData, 0);
   for (const model::DataID id : trackedData) writeOutput(0.0, id, 0);
   commitRecord();
 }

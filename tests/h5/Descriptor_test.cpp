@@ -6,9 +6,12 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <limits>
 #include <string>
 #include <system_error>
 
+#include "h5/SystemCalls.h"
+#include "support/FileSizeLimit.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 
@@ -61,6 +64,43 @@ TEST_F(DescriptorTest, SeesItsNameRemoved) {
   EXPECT_TRUE(file.hasName());
   ::unlink(name.c_str());
   EXPECT_FALSE(file.hasName());
+}
+
+// -- room -----------------------------------------------------------------------------------------
+
+TEST_F(DescriptorTest, FindsRoomForALittleAndStaysAsItIs) {
+  EXPECT_TRUE(Descriptor(name, O_RDWR).reserve(100000, 100000));
+  EXPECT_EQ(support::readFile(name), "0123456789");
+}
+
+TEST_F(DescriptorTest, FindsNoRoomBeyondTheLimitOnTheSizeOfFiles) {
+  const Descriptor file(name, O_RDWR);
+  const support::FileSizeLimit limit(1000);
+  EXPECT_TRUE(file.reserve(990, 1000));
+  EXPECT_FALSE(file.reserve(991, 0));
+  EXPECT_FALSE(file.reserve(0, 1001));
+}
+
+TEST_F(DescriptorTest, FindsRoomForWhatStandsInTheFileAndBesideItTogether) {
+  const Descriptor file(name, O_RDWR);
+  const systemCalls::SmallDisk disk(1000);
+  EXPECT_TRUE(file.reserve(999, 0));
+  EXPECT_TRUE(file.reserve(0, 999));
+  EXPECT_TRUE(file.reserve(499, 500));
+  EXPECT_FALSE(file.reserve(500, 500));
+  EXPECT_FALSE(file.reserve(1000, 0));
+  EXPECT_FALSE(file.reserve(0, 1000));
+}
+
+TEST_F(DescriptorTest, FindsNoRoomForMoreThanTheDiskSetsAside) {
+  const systemCalls::SmallDisk pretendsToBeLarge(std::numeric_limits<long>::max());
+  const auto capacity = std::filesystem::space(dir.path()).capacity;
+  EXPECT_FALSE(Descriptor(name, O_RDWR).reserve(2 * capacity, 0));
+}
+
+// As file systems in memory that were given no size.
+TEST_F(DescriptorTest, GoesOnWhereTheFileSystemCountsNoBlocks) {
+  EXPECT_TRUE(Descriptor("/proc/self/status", O_RDONLY).reserve(1000, 1000));
 }
 
 TEST_F(DescriptorTest, FailuresNameTheFile) {

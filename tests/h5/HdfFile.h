@@ -89,7 +89,7 @@ class Test : public ::testing::Test {
 
   const support::TempDir dir;
   const std::string name = dir.file("results.h5");
-  const std::string journal = dir.file("results.h5.journal");
+  const std::string journal = dir.file("results.h5.rheomark-journal");
 };
 
 }  // namespace hdfFile

@@ -2,12 +2,14 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 
 #include <filesystem>
 #include <string>
 #include <system_error>
 #include <vector>
 
+#include "h5/Refused.h"
 #include "support/FileSizeLimit.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
@@ -42,28 +44,11 @@ class JournalTest : public ::testing::Test {
 
   const support::TempDir dir;
   const std::string name = dir.file("data");
-  const std::string journal = dir.file("data.journal");
+  const std::string journal = dir.file("data.rheomark-journal");
 };
-
-TEST(Hash, dependsOnEachByteAndOnTheSeed) {
-  std::string bytes(100, '\0');
-  std::vector<std::uint64_t> seen{hash(bytes.data(), 100), hash(bytes.data(), 99),
-                                  hash(bytes.data(), 100, 1)};
-  for (char& byte : bytes) {
-    byte = 1;
-    seen.push_back(hash(bytes.data(), bytes.size()));
-    byte = 0;
-  }
-  std::sort(seen.begin(), seen.end());
-  EXPECT_EQ(std::adjacent_find(seen.begin(), seen.end()), seen.end());
-}
 
 TEST_F(JournalTest, LiesBesideTheFileItself) {
   EXPECT_EQ(h5::journalOf(name), journal);
-  EXPECT_EQ(h5::journalOf(dir.file("missing")), dir.file("missing.journal"));
-  std::filesystem::create_directory(dir.file("folder"));
-  std::filesystem::create_symlink("../data", dir.file("folder/link"));
-  EXPECT_EQ(h5::journalOf(dir.file("folder/link")), journal);
 }
 
 TEST_F(JournalTest, ReadsWhatWasWritten) {
@@ -103,6 +88,12 @@ TEST_F(JournalTest, IsNothingIfAByteIsWrong) {
   }
 }
 
+TEST_F(JournalTest, IsNotLongerThanForetold) {
+  change().write(journal);
+  EXPECT_GT(Journal::sizeFor(PAGE_SIZE + 4), std::filesystem::file_size(journal));
+  EXPECT_LT(Journal::sizeFor(1000 * PAGE_SIZE), 1010 * PAGE_SIZE);
+}
+
 TEST_F(JournalTest, MakesTheChange) {
   change().apply(Descriptor(name, O_RDWR));
   EXPECT_TRUE(support::readFile(name) == NEW);
@@ -127,6 +118,32 @@ TEST_F(JournalTest, DoesNotBelongToAnotherFile) {
   EXPECT_FALSE(belongsToFile());
   support::writeFile(name, OLD.substr(0, PAGE_SIZE));
   EXPECT_FALSE(belongsToFile());
+}
+
+// Others wait until the change is made.
+TEST_F(JournalTest, IsLockedFromTheFirstByteOn) {
+  const Descriptor reader = [&] {
+    change().write(journal);
+    return Descriptor(journal, O_RDONLY);
+  }();
+  const auto isLocked = [&] {
+    try {
+      reader.lock(LOCK_SH | LOCK_NB);
+    } catch (const std::system_error&) {
+      return true;
+    }
+    reader.lock(LOCK_UN);
+    return false;
+  };
+  EXPECT_FALSE(isLocked());
+  const Descriptor written = change().write(journal);
+  EXPECT_TRUE(isLocked());
+}
+
+TEST_F(JournalTest, IsNotWrittenOverAnotherFile) {
+  support::writeFile(journal, "a user's own");
+  EXPECT_THROW(change().write(journal), h5::Refused);
+  EXPECT_EQ(support::readFile(journal), "a user's own");
 }
 
 TEST_F(JournalTest, IsNotLeftWhereItFindsNoRoom) {

@@ -3,16 +3,21 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <future>
+#include <iterator>
 #include <optional>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include "dataio/failures.h"
+#include "h5/Refused.h"
 #include "h5/SystemCalls.h"
 #include "support/FileSizeLimit.h"
 #include "support/Process.h"
@@ -22,6 +27,9 @@ namespace {
 
 using h5::JournaledFile;
 using h5::PAGE_SIZE;
+using h5::Refused;
+
+constexpr int NEW_FILE = O_RDWR | O_CREAT | O_TRUNC;
 
 class JournaledFileTest : public ::testing::Test {
  protected:
@@ -42,6 +50,9 @@ class JournaledFileTest : public ::testing::Test {
         std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
     EXPECT_TRUE(actual == expected) << actual.size() << " bytes instead of " << expected.size()
                                     << ", different from byte " << place.first - actual.begin();
+  }
+  std::ptrdiff_t filesInFolder() const {
+    return std::distance(std::filesystem::directory_iterator(dir.path()), {});
   }
   bool hasJournal() const { return std::filesystem::exists(journal); }
 
@@ -65,7 +76,7 @@ class JournaledFileTest : public ::testing::Test {
   const std::string after = std::string(3 * PAGE_SIZE, 'b') + "TAIL and more";
   const support::TempDir dir;
   const std::string name = dir.file("data");
-  const std::string journal = dir.file("data.journal");
+  const std::string journal = dir.file("data.rheomark-journal");
 };
 
 // -- changes --------------------------------------------------------------------------------------
@@ -140,13 +151,175 @@ TEST_F(JournaledFileTest, WritesNothingForBytesThatDidNotChange) {
   EXPECT_EQ(systemCalls::killedInCall(0, [&] { file.commit(); }), systemCalls::End::AfterWork);
 }
 
-TEST_F(JournaledFileTest, ANewFileHasNothingToKeep) {
-  support::writeFile(journal, "of an earlier file");
-  JournaledFile file(name, O_RDWR | O_CREAT | O_TRUNC);
-  EXPECT_FALSE(hasJournal());
+// -- new files ------------------------------------------------------------------------------------
+
+TEST_F(JournaledFileTest, ANewFileReplacesAnEarlierOneWithItsFirstCommit) {
+  JournaledFile file(name, NEW_FILE);
   EXPECT_EQ(file.end(), 0U);
   write(file, 0, "new");
+  expectSame(onDisk(), before);
+  file.commit();
   expectSame(onDisk(), "new");
+  write(file, 0, "NEW");
+  expectSame(onDisk(), "new");
+  file.commit();
+  expectSame(onDisk(), "NEW");
+  EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(JournaledFileTest, NothingIsLeftOfANewFileWithoutACommit) {
+  {
+    JournaledFile file(name, NEW_FILE);
+    write(file, 0, "new");
+  }
+  expectSame(onDisk(), before);
+  EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(JournaledFileTest, ANewFileIsTheOneThatHasItsNameNow) {
+  JournaledFile file(name, NEW_FILE);
+  EXPECT_EQ(file.identity(), JournaledFile(name, O_RDWR).identity());
+  file.commit();
+  EXPECT_EQ(file.identity(), JournaledFile(name, O_RDWR).identity());
+}
+
+TEST_F(JournaledFileTest, ANewFileHasThePermissionsOfTheEarlierOne) {
+  constexpr auto mine = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+  std::filesystem::permissions(name, mine);
+  JournaledFile(name, NEW_FILE).commit();
+  EXPECT_EQ(std::filesystem::status(name).permissions(), mine);
+}
+
+TEST_F(JournaledFileTest, ANewFileLeavesALinkToIt) {
+  const std::string link = dir.file("link");
+  std::filesystem::create_symlink("data", link);
+  {
+    JournaledFile file(link, NEW_FILE);
+    write(file, 0, "new");
+    file.commit();
+    write(file, 0, "NEW");
+    file.commit();
+  }
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  expectSame(onDisk(), "NEW");
+}
+
+TEST_F(JournaledFileTest, ANewFileIsThereWholeOrNotAtAllWhereverTheProcessIsKilled) {
+  const auto replace = [&] {
+    JournaledFile file(name, NEW_FILE);
+    write(file, 0, after);
+    file.commit();
+  };
+  int n = 0;
+  for (; systemCalls::killedInCall(n, replace) == systemCalls::End::InCall; ++n) {
+    expectSame(onDisk(), before);
+  }
+  EXPECT_GE(n, 3);
+  // Where the last kill has left the new file beside the earlier one, it was in nobody's way.
+  expectSame(onDisk(), after);
+  EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(JournaledFileTest, ANewFileSparesAnotherOneThatHasItsUnfinishedName) {
+  const std::string other = dir.file("data.rheomark-new");
+  support::writeFile(other, "a user's own");
+  JournaledFile file(name, NEW_FILE);
+  EXPECT_THROW(file.commit(), std::system_error);
+  EXPECT_EQ(support::readFile(other), "a user's own");
+  expectSame(onDisk(), before);
+}
+
+// As on a disk over the network.
+TEST_F(JournaledFileTest, ANewFileHasANameAtOnceWhereThereAreNoFilesWithout) {
+  const systemCalls::NoUnnamedFiles here;
+  support::writeFile(dir.file("data.rheomark-new"), std::string(100, '\0'));
+  JournaledFile file(name, NEW_FILE);
+  write(file, 0, "new");
+  EXPECT_EQ(filesInFolder(), 2);
+  expectSame(onDisk(), before);
+  file.commit();
+  expectSame(onDisk(), "new");
+  EXPECT_EQ(filesInFolder(), 1);
+}
+
+TEST_F(JournaledFileTest, ANewFileEmptiesTheEarlierOneWhereTheFolderTakesNoOther) {
+  const systemCalls::Refusal refusal(dir.path());
+  JournaledFile file(name, NEW_FILE);
+  write(file, 0, "new");
+  file.commit();
+  expectSame(onDisk(), "new");
+}
+
+// -- one writer -----------------------------------------------------------------------------------
+
+TEST_F(JournaledFileTest, IsRefusedWhereAnotherProcessWrites) {
+  {
+    const h5::Descriptor other(name, O_RDWR);
+    EXPECT_EQ(other.lockForWriting(), h5::Descriptor::Lock::Taken);
+    for (const int flags : {O_RDWR, NEW_FILE}) EXPECT_THROW(JournaledFile(name, flags), Refused);
+    expectSame(contents(JournaledFile(name, O_RDONLY)), before);
+  }
+  expectSame(contents(JournaledFile(name, O_RDWR)), before);
+}
+
+TEST_F(JournaledFileTest, IsOpenForOneWriterOnlyFromItsStartToItsEnd) {
+  const auto isRefused = [&] {
+    return h5::Descriptor(name, O_RDWR).lockForWriting() == h5::Descriptor::Lock::HeldByAnother;
+  };
+  {
+    JournaledFile file(name, NEW_FILE);
+    EXPECT_TRUE(isRefused());
+    const JournaledFile ofTheSameProcess(name, O_RDWR);
+    file.commit();
+    EXPECT_TRUE(isRefused());
+  }
+  EXPECT_FALSE(isRefused());
+}
+
+TEST_F(JournaledFileTest, ReadersMayLockItWhileItIsWritten) {
+  const JournaledFile file(name, O_RDWR);
+  EXPECT_NO_THROW(h5::Descriptor(name, O_RDONLY).lock(LOCK_SH | LOCK_NB));
+}
+
+// -- loss of power --------------------------------------------------------------------------------
+
+class Durable : public JournaledFileTest {
+ protected:
+  Durable() { ::setenv("RHEOMARK_SYNC", "1", 1); }
+  ~Durable() override { ::unsetenv("RHEOMARK_SYNC"); }
+
+  using Calls = std::vector<std::string>;
+};
+
+TEST_F(Durable, AChangeIsOnTheDiskStepByStep) {
+  JournaledFile file(name, O_RDWR);
+  write(file, 0, "1234");
+  const systemCalls::Log log;
+  file.commit();
+  EXPECT_EQ(log.calls, (Calls{"sync", "write", "sync", "sync folder", "write", "sync", "unlink"}));
+}
+
+TEST_F(Durable, ANewFileIsOnTheDiskBeforeItReplacesTheEarlierOne) {
+  JournaledFile file(name, NEW_FILE);
+  const systemCalls::Log log;
+  write(file, 0, "1234");
+  file.commit();
+  EXPECT_EQ(log.calls, (Calls{"write", "sync", "rename", "sync folder"}));
+}
+
+TEST_F(Durable, WhatIsCompletedIsOnTheDiskBeforeItsJournalGoes) {
+  leaveTorn();
+  const systemCalls::Log log;
+  const JournaledFile file(name, O_RDONLY);
+  EXPECT_EQ(log.calls, (Calls{"write", "sync", "unlink"}));
+}
+
+TEST_F(JournaledFileTest, DoesNotWaitForTheDiskUnlessItIsAskedTo) {
+  JournaledFile file(name, O_RDWR);
+  write(file, 0, "1234");
+  const systemCalls::Log log;
+  file.commit();
+  EXPECT_EQ(log.calls, (std::vector<std::string>{"write", "unlink"}));
 }
 
 // -- no room, no permission -----------------------------------------------------------------------
@@ -183,6 +356,15 @@ TEST_F(JournaledFileTest, StaysAsItWasAfterAFailure) {
   }
   EXPECT_THROW(file.commit(), std::system_error);
   expectSame(onDisk(), before);
+}
+
+TEST_F(JournaledFileTest, AsksForRoomOnceForEachByte) {
+  const JournaledFile file(name, O_RDWR);
+  const systemCalls::SmallDisk disk(120 * PAGE_SIZE);
+  EXPECT_TRUE(file.reserve(100 * PAGE_SIZE, 0));
+  EXPECT_TRUE(file.reserve(0, 100 * PAGE_SIZE));
+  EXPECT_FALSE(file.reserve(0, 120 * PAGE_SIZE));
+  EXPECT_FALSE(file.reserve(120 * PAGE_SIZE, 0));
 }
 
 TEST_F(JournaledFileTest, HoldsOneOfTheTwoStatesOnADiskThatFails) {
@@ -224,7 +406,7 @@ TEST_F(JournaledFileTest, NeedsNoRoomInItsName) {
 TEST_F(JournaledFileTest, IsChangedWithoutAJournalWhereTheFolderTakesNone) {
   JournaledFile file(name, O_RDWR);
   write(file, 0, "1234");
-  const systemCalls::Refusal refusal(".journal");
+  const systemCalls::Refusal refusal(".rheomark-journal");
   file.commit();
   expectSame(onDisk(), "1234" + before.substr(4));
 }
@@ -276,12 +458,55 @@ TEST_F(JournaledFileTest, LeavesAJournalOfAnotherFileUnused) {
 }
 
 TEST_F(JournaledFileTest, LeavesAnIncompleteJournalUnused) {
-  for (const char* text : {"", "no journal"}) {
-    support::writeFile(journal, text);
+  leaveTorn();
+  const std::string whole = support::readFile(journal);
+  for (const std::size_t size : {std::size_t{0}, std::size_t{8}, whole.size() - 1}) {
+    support::writeFile(name, before);
+    support::writeFile(journal, whole.substr(0, size));
     expectSame(contents(JournaledFile(name, O_RDONLY)), before);
     EXPECT_TRUE(hasJournal());
     expectSame(contents(JournaledFile(name, O_RDWR)), before);
     EXPECT_FALSE(hasJournal());
+  }
+}
+
+TEST_F(JournaledFileTest, SparesAnotherFileThatHasTheNameOfTheJournal) {
+  support::writeFile(journal, "a user's own");
+  expectSame(contents(JournaledFile(name, O_RDONLY)), before);
+  for (const int flags : {O_RDWR, NEW_FILE}) EXPECT_THROW(JournaledFile(name, flags), Refused);
+  EXPECT_EQ(support::readFile(journal), "a user's own");
+  expectSame(onDisk(), before);
+}
+
+TEST_F(JournaledFileTest, SparesAnotherFileThatComesToHaveTheNameOfTheJournal) {
+  JournaledFile file(name, O_RDWR);
+  support::writeFile(journal, "a user's own");
+  write(file, 0, "1234");
+  EXPECT_THROW(file.commit(), std::system_error);
+  EXPECT_EQ(support::readFile(journal), "a user's own");
+  expectSame(onDisk(), before);
+}
+
+TEST_F(JournaledFileTest, TellsOfAJournalOfAnEarlierRelease) {
+  const std::string earlier = dir.file("data.journal");
+  support::writeFile(earlier, "a user's own");
+  expectSame(contents(JournaledFile(name, O_RDWR)), before);
+  EXPECT_EQ(support::readFile(earlier), "a user's own");
+  support::writeFile(earlier, "\x89\x1aRHEOJ1 and so on");
+  for (const int flags : {O_RDONLY, O_RDWR, NEW_FILE}) {
+    EXPECT_THROW(JournaledFile(name, flags), Refused);
+  }
+  EXPECT_EQ(support::readFile(earlier), "\x89\x1aRHEOJ1 and so on");
+  expectSame(onDisk(), before);
+}
+
+TEST_F(JournaledFileTest, DoesNotWaitForAPipe) {
+  const std::string pipe = dir.file("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0666), 0);
+  ASSERT_EQ(::mkfifo(journal.c_str(), 0666), 0);
+  for (const int flags : {O_RDONLY, O_RDWR, NEW_FILE}) {
+    EXPECT_THROW(JournaledFile(pipe, flags), Refused);
+    EXPECT_THROW(JournaledFile(name, flags), Refused);
   }
 }
 
@@ -297,6 +522,14 @@ TEST_F(JournaledFileTest, WaitsForACommitUnderWay) {
   std::filesystem::remove(journal);
   committing.reset();
   EXPECT_EQ(opened.get(), "the commit is done");
+}
+
+// Nobody commits for so long.
+TEST_F(JournaledFileTest, DoesNotWaitForEverForALockedJournal) {
+  leaveTorn();
+  const h5::Descriptor other(journal, O_RDONLY);
+  other.lock(LOCK_EX);
+  EXPECT_THROW(JournaledFile(name, O_RDONLY), Refused);
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include "h5/SystemCalls.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -16,7 +18,14 @@ constexpr int UNLIMITED = -1;
 int callsLeft = UNLIMITED;
 bool isDeadly = false;
 bool hasFailed = false;
+bool knowsUnnamedFiles = true;
 std::string refused;
+long freeBytes = UNLIMITED;
+std::vector<std::string>* log = nullptr;
+
+void note(const char* call) {
+  if (log != nullptr && (log->empty() || log->back() != call)) log->emplace_back(call);
+}
 
 bool isBeyondLimit() {
   if (callsLeft > 0) {
@@ -42,8 +51,16 @@ int __real_open(const char* name, int flags, mode_t mode);
 ssize_t __real_pwrite(int file, const void* bytes, std::size_t count, off_t offset);
 int __real_ftruncate(int file, off_t size);
 int __real_unlink(const char* name);
+int __real_rename(const char* name, const char* newName);
+int __real_linkat(int from, const char* name, int to, const char* newName, int flags);
+int __real_fsync(int file);
+int __real_fstatvfs(int file, struct statvfs* status);
 
 int __wrap_open(const char* name, int flags, mode_t mode) {
+  if (!knowsUnnamedFiles && (flags & O_TMPFILE) == O_TMPFILE) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
   if (!refused.empty() && (flags & O_ACCMODE) != O_RDONLY &&
       std::string_view(name).ends_with(refused)) {
     errno = EACCES;
@@ -53,6 +70,7 @@ int __wrap_open(const char* name, int flags, mode_t mode) {
 }
 
 ssize_t __wrap_pwrite(int file, const void* bytes, std::size_t count, off_t offset) {
+  note("write");
   if (isBeyondLimit()) {
     const off_t stop = offset + static_cast<off_t>(count);
     const off_t whole = stop - stop % 4096;
@@ -69,8 +87,36 @@ int __wrap_ftruncate(int file, off_t size) {
 }
 
 int __wrap_unlink(const char* name) {
+  note("unlink");
   if (isBeyondLimit()) return dieOrFail();
   return __real_unlink(name);
+}
+
+int __wrap_rename(const char* name, const char* newName) {
+  note("rename");
+  if (isBeyondLimit()) return dieOrFail();
+  return __real_rename(name, newName);
+}
+
+int __wrap_linkat(int from, const char* name, int to, const char* newName, int flags) {
+  if (isBeyondLimit()) return dieOrFail();
+  return __real_linkat(from, name, to, newName, flags);
+}
+
+int __wrap_fsync(int file) {
+  struct stat status {};
+  ::fstat(file, &status);
+  note(S_ISDIR(status.st_mode) ? "sync folder" : "sync");
+  return __real_fsync(file);
+}
+
+int __wrap_fstatvfs(int file, struct statvfs* status) {
+  const int result = __real_fstatvfs(file, status);
+  if (freeBytes != UNLIMITED) {
+    status->f_frsize = 1;
+    status->f_bfree = status->f_bavail = static_cast<fsblkcnt_t>(freeBytes);
+  }
+  return result;
 }
 
 }  // extern "C"
@@ -114,6 +160,30 @@ Refusal::Refusal(const std::string& nameEnd) {
 
 Refusal::~Refusal() {
   refused.clear();
+}
+
+NoUnnamedFiles::NoUnnamedFiles() {
+  knowsUnnamedFiles = false;
+}
+
+NoUnnamedFiles::~NoUnnamedFiles() {
+  knowsUnnamedFiles = true;
+}
+
+Log::Log() {
+  log = &calls;
+}
+
+Log::~Log() {
+  log = nullptr;
+}
+
+SmallDisk::SmallDisk(long bytes) {
+  freeBytes = bytes;
+}
+
+SmallDisk::~SmallDisk() {
+  freeBytes = UNLIMITED;
 }
 
 }  // namespace systemCalls

@@ -1,11 +1,13 @@
 // Stands between the journal and the operating system: ends the process in the n-th call that
-// changes a file, lets the call fail, or refuses to open files for writing.
+// changes a file, lets the call fail, refuses to open files for writing, pretends that the
+// disk is small, or notes the calls.
 //
 //   const int status = systemCalls::killedInCall(7, [] { changeTheFile(); });
 #pragma once
 
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace systemCalls {
 
@@ -39,6 +41,42 @@ class Refusal {
   Refusal& operator=(const Refusal&) = delete;
   Refusal(Refusal&&) = delete;
   Refusal& operator=(Refusal&&) = delete;
+};
+
+/// While it exists, file systems refuse to make files without a name.
+class NoUnnamedFiles {
+ public:
+  NoUnnamedFiles();
+  ~NoUnnamedFiles();
+  NoUnnamedFiles(const NoUnnamedFiles&) = delete;
+  NoUnnamedFiles& operator=(const NoUnnamedFiles&) = delete;
+  NoUnnamedFiles(NoUnnamedFiles&&) = delete;
+  NoUnnamedFiles& operator=(NoUnnamedFiles&&) = delete;
+};
+
+/// While it exists, notes the calls that change files, equal ones in a row once: "write", "unlink",
+/// "rename", "sync", "sync folder".
+class Log {
+ public:
+  Log();
+  ~Log();
+  Log(const Log&) = delete;
+  Log& operator=(const Log&) = delete;
+  Log(Log&&) = delete;
+  Log& operator=(Log&&) = delete;
+
+  std::vector<std::string> calls;
+};
+
+/// While it exists, all disks tell that so many bytes are free.
+class SmallDisk {
+ public:
+  explicit SmallDisk(long bytes);
+  ~SmallDisk();
+  SmallDisk(const SmallDisk&) = delete;
+  SmallDisk& operator=(const SmallDisk&) = delete;
+  SmallDisk(SmallDisk&&) = delete;
+  SmallDisk& operator=(SmallDisk&&) = delete;
 };
 
 }  // namespace systemCalls

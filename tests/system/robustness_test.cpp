@@ -138,7 +138,7 @@ class Torn : public Robustness {
   }
 
   std::string whole;
-  const std::string journal = resultFile + ".journal";
+  const std::string journal = resultFile + ".rheomark-journal";
 };
 
 TEST_F(Torn, resultsAreCompletedByTheRunThatContinues) {
@@ -337,6 +337,17 @@ TEST_F(FullDisk, doesNotCostAReRunTheRecordsThatItStartsFrom) {
   EXPECT_THAT(run.err, EndsWith(NO_ROOM));
   EXPECT_EQ(support::readTime(resultFile, record(1)), 0.5);
   EXPECT_EQ(support::readTime(resultFile, record(2)), 1.0);
+}
+
+TEST_F(FullDisk, doesNotEndAReRunThatOverwritesItsRecordsInPlace) {
+  useSample("bowl");
+  setCommand(R"("start": 0, "end": 2, "out": 0.25)");
+  ASSERT_EQ(simulate().status, 0);
+  setCommand(R"("start": 1, "end": 2, "out": 0.25)");
+  const std::size_t blocks = support::readFile(resultFile).size() / 512 + 1;
+  const Outcome run = simulateBehind("trap '' XFSZ; ulimit -f " + std::to_string(blocks));
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(support::readTime(resultFile, record(8)), 2.0);
 }
 
 // -- earlier results ------------------------------------------------------------------------------
