@@ -100,8 +100,9 @@ def _check_options(options):
 
 
 def _tell_of_journal(path):
-    if os.path.exists(path + ".journal"):
-        print(f"plot: note: {path}.journal holds changes that are not in the results yet; if no "
+    journal = path + ".rheomark-journal"
+    if os.path.exists(journal):
+        print(f"plot: note: {journal} holds changes that are not in the results yet; if no "
               f"run is writing them, bring them in with: export -r {path} --list", file=sys.stderr)
 
 

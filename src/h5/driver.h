@@ -19,4 +19,9 @@ namespace h5 {
 /// to be closed. Negative if the library refuses.
 hid_t accessList();
 
+/// Makes a new file, which takes the place of an earlier one with its first flush. H5Fcreate with
+/// the list above flushes by itself.
+/// @return negative on failure
+hid_t createFile(const char* name);
+
 }  // namespace h5

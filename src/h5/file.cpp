@@ -26,8 +26,7 @@ void refuseUnusable(const std::string& name, unsigned access) {
 Handle open(const std::string& name, unsigned access) {
   refuseUnusable(name, access);
   if ((access & (File::TRUNCATE | File::CREATE)) != 0) {
-    return checked(H5Fcreate(name.c_str(), H5F_ACC_TRUNC, H5P_DEFAULT, h5::accessList()),
-                   "Unable to create file " + name);
+    return checked(createFile(name.c_str()), "Unable to create file " + name);
   }
   const unsigned mode = (access & File::READ_WRITE) != 0 ? H5F_ACC_RDWR : H5F_ACC_RDONLY;
   return checked(H5Fopen(name.c_str(), mode, h5::accessList()), "Unable to open file " + name);

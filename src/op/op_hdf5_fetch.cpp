@@ -220,7 +220,7 @@ void op_hdf5_write_dat(op_dat dat, const char* file, const char* path) {
     return;
   }
   if (OP_diags > 3) std::printf("File %s does not exist .... creating file\n", file);
-  const H5Handle created(H5Fcreate(file, H5F_ACC_TRUNC, H5P_DEFAULT, h5::accessList()), H5Fclose);
+  const H5Handle created(h5::createFile(file), H5Fclose);
   require(static_cast<bool>(created), target);
   create_dataset(created.get(), target);
   flush(created.get(), target);

@@ -68,7 +68,12 @@ void RHEOcommon::initializeResultsFile(const std::string& output) {
 // Where there are no earlier results, the file shows how far a run came that fails before its first
 // record. Earlier ones stay as they are until then: the first flush replaces them.
 void RHEOcommon::keepSetup() {
-  if (!replacesResults) resultFile->flush();
+  if (replacesResults) return;
+  try {
+    resultFile->flush();
+  } catch (const std::exception&) {
+    // The file keeps the failure in mind: its first record tells of it.
+  }
 }
 
 void RHEOcommon::initializeOutputData() {

@@ -205,9 +205,10 @@ TEST_F(JournaledFileTest, ANewFileLeavesALinkToIt) {
 }
 
 TEST_F(JournaledFileTest, ANewFileIsThereWholeOrNotAtAllWhereverTheProcessIsKilled) {
+  const std::string results = "\x89HDF\r\n\x1a\n" + after;
   const auto replace = [&] {
     JournaledFile file(name, NEW_FILE);
-    write(file, 0, after);
+    write(file, 0, results);
     file.commit();
   };
   int n = 0;
@@ -216,7 +217,7 @@ TEST_F(JournaledFileTest, ANewFileIsThereWholeOrNotAtAllWhereverTheProcessIsKill
   }
   EXPECT_GE(n, 3);
   // Where the last kill has left the new file beside the earlier one, it was in nobody's way.
-  expectSame(onDisk(), after);
+  expectSame(onDisk(), results);
   EXPECT_EQ(filesInFolder(), 1);
 }
 

@@ -21,10 +21,10 @@ bool hasFailed = false;
 bool knowsUnnamedFiles = true;
 std::string refused;
 long freeBytes = UNLIMITED;
-std::vector<std::string>* log = nullptr;
+std::vector<std::string>* noted = nullptr;
 
 void note(const char* call) {
-  if (log != nullptr && (log->empty() || log->back() != call)) log->emplace_back(call);
+  if (noted != nullptr && (noted->empty() || noted->back() != call)) noted->emplace_back(call);
 }
 
 bool isBeyondLimit() {
@@ -171,11 +171,11 @@ NoUnnamedFiles::~NoUnnamedFiles() {
 }
 
 Log::Log() {
-  log = &calls;
+  noted = &calls;
 }
 
 Log::~Log() {
-  log = nullptr;
+  noted = nullptr;
 }
 
 SmallDisk::SmallDisk(long bytes) {

@@ -30,11 +30,10 @@ class WriterLockTest : public ::testing::Test {
 };
 
 TEST_F(WriterLockTest, IsSharedWithinAProcess) {
-  const Descriptor file(name, O_RDWR);
-  std::optional<WriterLock> first(std::in_place, file);
+  std::optional<WriterLock> first(std::in_place, Descriptor(name, O_RDWR));
   const WriterLock second(Descriptor(name, O_RDWR));
   first.reset();
-  EXPECT_EQ(file.lockForWriting(), Descriptor::Lock::HeldByAnother);
+  EXPECT_EQ(Descriptor(name, O_RDWR).lockForWriting(), Descriptor::Lock::HeldByAnother);
 }
 
 TEST_F(WriterLockTest, EndsWithTheProcessHoweverItEnds) {

@@ -137,6 +137,19 @@ TEST_F(Driver, AClosingThatFindsNoRoomLeavesWhatWasFlushed) {
   expectRecords(9);
 }
 
+TEST_F(Driver, ANewFileReplacesAnEarlierOneWithItsFirstFlush) {
+  const std::string before = support::readFile(name);
+  const hid_t file = h5::createFile(name.c_str());
+  EXPECT_TRUE(support::readFile(name) == before);
+  // Whoever opens it in this process means the new one.
+  const hid_t same = hdfFile::open(name);
+  EXPECT_FALSE(H5Lexists(same, "A", H5P_DEFAULT) > 0);
+  H5Fflush(same, H5F_SCOPE_GLOBAL);
+  EXPECT_TRUE(support::datasetPaths(name).empty());
+  H5Fclose(same);
+  H5Fclose(file);
+}
+
 TEST_F(Driver, DoesNotOpenWhatIsMissing) {
   const std::string missing = dir.file("missing.h5");
   EXPECT_LT(H5Fopen(missing.c_str(), H5F_ACC_RDWR, h5::accessList()), 0);

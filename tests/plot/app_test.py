@@ -110,7 +110,7 @@ class AppTest(unittest.TestCase):
 
     def test_a_journal_beside_the_results_is_told(self):
         path = changed(basin(), lambda file: None)
-        path.with_name("copy_results.h5.journal").write_bytes(b"")
+        path.with_name("copy_results.h5.rheomark-journal").write_bytes(b"")
         status, _, err = plot("map", path, "-o", picture("journal.png"))
         self.assertEqual(status, 0)
         self.assertIn(f"export -r {path} --list", err)

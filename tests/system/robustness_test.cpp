@@ -20,7 +20,7 @@
 #include <vector>
 
 #include "h5/Journal.h"
-#include "system/Simulation.h"
+#include "system/EndlessRun.h"
 
 namespace {
 
@@ -31,39 +31,8 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-class Robustness : public support::Simulation {
+class Robustness : public support::EndlessRun {
  protected:
-  ~Robustness() override {
-    if (process > 0) {
-      ::kill(process, SIGKILL);
-      ::waitpid(process, nullptr, 0);
-    }
-  }
-
-  /// Starts a run that does not end by itself and announces its steps and its records, one in
-  /// several steps.
-  void startEndless() {
-    useSample("time_out_tenth");
-    setCommand(R"("start": 0, "end": 1e9, "out": 0.1)", R"("water_surface")");
-    process = startSimulation({"-l", "3"});
-  }
-  /// Waits until so many records have been announced.
-  void awaitRecords(std::size_t count) {
-    while (announced() < count) {
-      if (!isRunning()) throw std::runtime_error(support::readFile(dir.file("stderr.txt")));
-      std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    }
-  }
-  std::size_t announced() const {
-    return linesWith(" -> writing output at t = ", support::readFile(dir.file("stdout.txt")))
-        .size();
-  }
-  bool isRunning() {
-    int status = 0;
-    if (::waitpid(process, &status, WNOHANG) == 0) return true;
-    process = -1;
-    return false;
-  }
   /// A run that starts and ends at the time of a record.
   Outcome continueFrom(std::size_t number) {
     std::ostringstream time;
@@ -73,19 +42,6 @@ class Robustness : public support::Simulation {
     time << "\"start\": " << reached << ", \"end\": " << reached << ", \"out\": 0.1";
     setCommand(time.str(), R"("water_surface")");
     return simulate();
-  }
-  Outcome stop(int signal) {
-    // A run that has ended has no number any more, and -1 would mean all processes there are.
-    if (process <= 0) throw std::runtime_error("the run has ended by itself");
-    ::kill(process, signal);
-    const pid_t stopped = process;
-    process = -1;
-    return support::finish(dir.path(), stopped);
-  }
-
-  static std::string record(std::size_t number, const std::string& datum = "HydState") {
-    std::string digits = std::to_string(number);
-    return "RESULTS/CellsAll/" + datum + "/" + std::string(7 - digits.size(), '0') + digits;
   }
   /// Expects whole records 0 to `count` - 1.
   void expectRecords(std::size_t count) {
@@ -97,8 +53,6 @@ class Robustness : public support::Simulation {
       for (const double value : state) EXPECT_TRUE(std::isfinite(value));
     }
   }
-
-  pid_t process = -1;
 };
 
 // -- kills ----------------------------------------------------------------------------------------
@@ -350,44 +304,6 @@ TEST_F(FullDisk, doesNotEndAReRunThatOverwritesItsRecordsInPlace) {
   EXPECT_EQ(support::readTime(resultFile, record(8)), 2.0);
 }
 
-// -- earlier results ------------------------------------------------------------------------------
-
-class EarlierResults : public Robustness {
- protected:
-  /// What is left of an earlier results file after a run that must fail.
-  std::string afterFailedRun() {
-    support::writeFile(resultFile, "earlier results");
-    EXPECT_EQ(simulate().status, 1);
-    return support::readFile(resultFile);
-  }
-};
-
-TEST_F(EarlierResults, outliveARunFileWithoutAParameter) {
-  useSample("one_cell");
-  support::removeLink(runFile, "Parameters/Gravity");
-  EXPECT_EQ(afterFailedRun(), "earlier results");
-}
-
-TEST_F(EarlierResults, outliveARunFileWithoutASchedule) {
-  useSample("one_cell");
-  support::removeLink(runFile, "kernels/execution");
-  EXPECT_EQ(afterFailedRun(), "earlier results");
-}
-
-TEST_F(EarlierResults, outliveARunFileWithAWrongSign) {
-  useSample("one_cell");
-  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 0);
-  EXPECT_EQ(afterFailedRun(), "earlier results");
-}
-
-TEST_F(EarlierResults, outliveACommandFileWithATooSmallStep) {
-  useSample("one_cell");
-  support::writeFile(dir.file("command.json"),
-                     R"({"SIMULATION": {"TIME": {"start": 0, "end": 1, "out": 1},
-                         "TIMESTEP": {"init": 0.1, "minimum": 1e-12}, "OUTPUT": ["water_depth"]}})");
-  EXPECT_EQ(afterFailedRun(), "earlier results");
-}
-
 // -- signals --------------------------------------------------------------------------------------
 
 class Stop : public Robustness, public ::testing::WithParamInterface<int> {};
@@ -504,7 +420,7 @@ class KilledAgainAndAgain : public Robustness {
 
 TEST_F(KilledAgainAndAgain, losesNothingThatItHasReportedAsWritten) {
   std::mt19937 random(20);
-  for (int kill = 0; kill < 20; ++kill) {
+  for (int kill = 0; kill < support::killsPerTest(); ++kill) {
     const std::size_t records = kill == 0 ? 3 : random() % 5;
     const double part = static_cast<double>(random()) / 4294967296.0;
     SCOPED_TRACE(::testing::Message() << "kill " << kill << ", behind " << records
