@@ -34,7 +34,7 @@ std::shared_ptr<JournaledFile> openOnce(const char* name, int flags) {
   for (const auto& known : opened) {
     const std::shared_ptr<JournaledFile> file = known.lock();
     const bool suffices = file->isWritable() || (flags & O_RDWR) == 0;
-    if (suffices && (flags & O_TRUNC) == 0 && file->descriptor().identity() == wanted) return file;
+    if (suffices && (flags & O_TRUNC) == 0 && file->identity() == wanted) return file;
   }
   const auto file = std::make_shared<JournaledFile>(name, flags);
   opened.push_back(file);
@@ -85,6 +85,7 @@ H5FD_t* open(const char* name, unsigned flags, hid_t /*list*/, haddr_t /*maximum
 
 void commitUnlessHeld(H5FD_t* file) {
   JournaledFile& target = journaled(file);
+  if (isCreating) return;
   if (target.isWritable() && !target.isHeld()) target.commit();
 }
 
@@ -145,7 +146,7 @@ herr_t write(H5FD_t* file, H5FD_mem_t /*type*/, hid_t /*list*/, haddr_t address,
 
 // What the library still writes when it closes a file belongs to the same commit.
 herr_t flush(H5FD_t* file, hid_t /*list*/, hbool_t isClosing) {
-  if (isClosing || isCreating) return 0;
+  if (isClosing) return 0;
   return guarded(H5E_IO, H5E_WRITEERROR, [&] { commitUnlessHeld(file); });
 }
 

@@ -56,7 +56,7 @@ TEST_F(EarlierResults, outliveARunFileWithoutASchedule) {
 
 TEST_F(EarlierResults, outliveARunFileWithAWrongSign) {
   useSample("one_cell");
-  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 0);
+  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 3);
   EXPECT_EQ(afterFailedRun(), "earlier results");
 }
 

@@ -147,7 +147,7 @@ class FailedReRun : public Robustness {
 };
 
 TEST_F(FailedReRun, keepsTheRecordsThatItWasToReplaceUntilTheFirstNewOne) {
-  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 0);
+  support::overwrite(runFile, "CellsAll/EdgeSign", 1, 3);
   setCommand(R"("start": 0.1, "end": 0.4, "out": 0.1)");
   EXPECT_EQ(simulate().status, 1);
   for (int i = 0; i < 5; ++i) EXPECT_NEAR(time("HydState", i), 0.1 * i, 1e-12);
