@@ -294,19 +294,6 @@ TEST_F(TimeLoop, aFailingKernelLeavesTheRecordsThatAreWritten) {
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0, 0.25, 0.5}));
 }
 
-class TrackedData : public support::Driven {
- protected:
-  TrackedData() : Driven("full_model") {}
-};
-
-TEST_F(TrackedData, areInTheFileAsSoonAsTheRunTellsOfItsEnd) {
-  support::writeFile(commandFile, R"({"SIMULATION": {"TIME": {"start": 0, "end": 0, "out": 1},
-                                      "OUTPUT": ["flood_tracking"]}})");
-  EXPECT_THAT(run(), HasSubstr(" -> simulation finished!"));
-  EXPECT_THAT(support::datasetPaths(resultFile),
-              ::testing::Contains("RESULTS/CellsAll/FloodVar/0000000"));
-}
-
 // -- what the loop tells --------------------------------------------------------------------------
 
 class LoopConsole : public support::Driven {};
