@@ -179,6 +179,11 @@ struct Loop {
   using Supply = std::tuple_element_t<I, RowList>;
   template <std::size_t I>
   using Row = std::tuple_element_t<supplies + I, RowList>;
+  static_assert(
+      []<std::size_t... I>(std::index_sequence<I...> /*rows*/) {
+        return ((Row<I>::entries > 0) && ...);
+      }(std::make_index_sequence<rows>{}),
+      "rows without an argument come first");
 
   /// The kernel body: a function of one parameter per row, raw pointers where it has an argument.
   using Body = void(typename Rows::Parameter...);
