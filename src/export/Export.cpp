@@ -5,15 +5,16 @@
 
 #include "common/console.h"
 #include "common/sources.h"
-#include "export/Gauge.h"
 #include "export/Results.h"
-#include "export/gaugeSeries.h"
-#include "export/maskedFile.h"
-#include "export/meshFile.h"
+#include "export/formats/masked_file.h"
+#include "export/formats/mesh_file.h"
+#include "export/formats/ugrid.h"
+#include "export/formats/xdmf.h"
+#include "export/quantities.h"
 #include "export/report.h"
-#include "export/stringSeries.h"
-#include "export/ugrid.h"
-#include "export/xdmf.h"
+#include "export/tables/Gauge.h"
+#include "export/tables/gauge_series.h"
+#include "export/tables/string_series.h"
 
 namespace console = common::console;
 
@@ -44,6 +45,7 @@ std::vector<Gauge> gaugesOf(const Request& request) {
 }
 
 void requireWish(const Request& request) {
+  if (request.results.empty()) console::fail("which results file? Name it with --results");
   const bool asksForFile = !request.document.empty() || !request.mesh.empty() ||
                            !request.strings.empty() || !request.gauges.empty() ||
                            !request.masked.empty() || !request.ugrid.empty() ||
@@ -103,6 +105,10 @@ std::vector<std::string> writeFiles(const Results& results, const Request& reque
 }  // namespace
 
 void run(const Request& request) {
+  if (request.quantities) {
+    std::cout << describeQuantities().dump(2) << std::endl;
+    return;
+  }
   requireWish(request);
   requireWholeRaster(request.raster);
   nlohmann::ordered_json report;

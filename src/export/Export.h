@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-#include "export/geotiff.h"
+#include "export/formats/geotiff.h"
 
 namespace exporter {
 
@@ -27,6 +27,7 @@ struct Request {
   std::string masked;               ///< HDF5 file of derived values
   std::string ugrid;                ///< NetCDF file of the mesh and all outputs
   RasterRequest raster;             ///< GeoTIFF of one quantity
+  bool quantities = false;          ///< print the table of quantities; no file is needed for it
   bool list = false;                ///< report what the file holds
   bool json = false;                ///< reports as one JSON object, and nothing else
 };

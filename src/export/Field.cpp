@@ -4,8 +4,8 @@
 #include <cmath>
 
 #include "common/console.h"
-#include "export/Csv.h"
-#include "export/definedValues.h"
+#include "export/tables/Csv.h"
+#include "export/values.h"
 
 namespace console = common::console;
 
@@ -15,19 +15,21 @@ namespace {
 
 struct Place {
   const api::IOutput* output;
-  std::size_t component;
+  std::size_t value;
+
+  const Quantity& quantity() const { return quantitiesOf(output->getID())[value]; }
 };
 
-Place find(const Results& results, const std::string& quantity) {
+Place find(const Results& results, const std::string& name) {
   std::string known;
   for (const api::IOutput* output : results.outputsOn(model::SetID::CellsAll)) {
-    const std::vector<Component>& components = componentsOf(output->getID());
-    for (std::size_t i = 0; i < components.size(); ++i) {
-      if (components[i].name == quantity) return {output, i};
-      known += (known.empty() ? "" : ", ") + components[i].name;
+    const std::vector<Quantity>& quantities = quantitiesOf(output->getID());
+    for (std::size_t i = 0; i < quantities.size(); ++i) {
+      if (quantities[i].name == name || quantities[i].formerName == name) return {output, i};
+      known += (known.empty() ? "" : ", ") + quantities[i].name;
     }
   }
-  console::fail("quantity <", quantity, "> is not in the results file, which holds ", known);
+  console::fail("quantity <", name, "> is not in the results file, which holds ", known);
 }
 
 /// Times that are typed have fewer digits than those that are computed.
@@ -35,8 +37,7 @@ bool isSame(double typed, double time) {
   return std::fabs(typed - time) <= 1e-6 * std::max(1.0, std::fabs(time));
 }
 
-Record recordOf(const Results& results, const Place& place, const std::string& quantity,
-                const std::optional<double>& time) {
+Record recordOf(const Results& results, const Place& place, const std::optional<double>& time) {
   std::vector<Record> holding;
   for (const Record& record : results.steps()) {
     if (results.holds(*place.output, record)) holding.push_back(record);
@@ -47,24 +48,20 @@ Record recordOf(const Results& results, const Place& place, const std::string& q
         return std::fabs(left.time - *time) < std::fabs(right.time - *time);
       });
   if (isSame(*time, nearest->time)) return *nearest;
-  console::fail("quantity <", quantity, "> is not in the results file at ", numberText(*time),
-                " s; nearest is ", numberText(nearest->time), " s");
+  console::fail("quantity <", place.quantity().name, "> is not in the results file at ",
+                numberText(*time), " s; nearest is ", numberText(nearest->time), " s");
 }
 
 }  // namespace
 
-Field fieldOf(const Results& results, const std::string& quantity,
-              const std::optional<double>& time) {
-  const Place place = find(results, quantity);
-  const Record record = recordOf(results, place, quantity, time);
+Field fieldOf(const Results& results, const std::string& name, const std::optional<double>& time) {
+  const Place place = find(results, name);
+  const Record record = recordOf(results, place, time);
   const std::vector<double> all = definedValues(results, *place.output, record);
-  const std::size_t size = componentsOf(place.output->getID()).size();
-  Field field{componentsOf(place.output->getID())[place.component],
-              meaningsOf(place.output->getID())[place.component],
-              {},
-              {}};
+  const auto size = static_cast<std::size_t>(place.output->getSize());
+  Field field{place.quantity(), {}, {}};
   if (!results.isConstant(*place.output)) field.time = record.time;
-  for (std::size_t i = place.component; i < all.size(); i += size) field.values.push_back(all[i]);
+  for (std::size_t i = place.value; i < all.size(); i += size) field.values.push_back(all[i]);
   return field;
 }
 

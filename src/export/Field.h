@@ -6,22 +6,19 @@
 #include <vector>
 
 #include "export/Results.h"
-#include "export/components.h"
-#include "export/meanings.h"
+#include "export/quantities.h"
 
 namespace exporter {
 
 struct Field {
-  Component component;
-  Meaning meaning;
+  Quantity quantity;
   std::optional<double> time;  ///< [s]; none if the values hold at all times
   std::vector<double> values;  ///< of the cells; no number (NaN) where the quantity is not defined
 };
 
-/// @param quantity name of a component of an output on cells, as "flow_velocity_x"
+/// @param name of a quantity on cells, as "flow_velocity_x", or one that it had formerly
 /// @param time of a record [s]; none: the last one that holds the quantity
 /// @throws BaseException if the file does not hold the quantity, or not at that time.
-Field fieldOf(const Results& results, const std::string& quantity,
-              const std::optional<double>& time);
+Field fieldOf(const Results& results, const std::string& name, const std::optional<double>& time);
 
 }  // namespace exporter

@@ -1,7 +1,9 @@
 #include "export/Results.h"
 
 #include <algorithm>
+#include <cmath>
 #include <filesystem>
+#include <limits>
 #include <system_error>
 
 #include "common/console.h"
@@ -144,7 +146,7 @@ void Results::readIndex() {
       if (!isConstant(datum)) others.push_back(model->getData(datum)->getH5Path());
     }
   }
-  index = std::make_unique<RecordIndex>(*reader, state, others);
+  index = std::make_unique<dataio::RecordIndex>(*reader, state, others);
 }
 
 void Results::chooseOutputs() {
@@ -167,7 +169,7 @@ void Results::chooseOutputs() {
 }
 
 std::vector<Record> Results::steps() const {
-  return records().empty() ? std::vector<Record>{{0.0, NO_POSITION}} : records();
+  return records().empty() ? std::vector<Record>{{0.0, dataio::NO_POSITION}} : records();
 }
 
 std::vector<const api::IOutput*> Results::outputsOn(model::SetID set) const {
@@ -256,6 +258,8 @@ std::vector<double> Results::values(const api::IOutput& output, const Record& re
     operations.push_back(output.getDataFunction(i));
   }
 
+  // The operations take a depth for wet that is not below the one they are given.
+  const double leastWetDepth = std::nextafter(dryDepth, std::numeric_limits<double>::infinity());
   std::vector<double> result;
   result.reserve(elements * size);
   std::vector<double> arguments(stored.size());
@@ -263,7 +267,7 @@ std::vector<double> Results::values(const api::IOutput& output, const Record& re
     for (std::size_t i = 0; i < stored.size(); ++i) arguments[i] = stored[i].at(element);
     if (operations.empty()) result.insert(result.end(), arguments.begin(), arguments.end());
     for (const model::OutputOperation& operation : operations) {
-      result.push_back(operation.function(dryDepth, arguments));
+      result.push_back(operation.function(leastWetDepth, arguments));
     }
   }
   return result;
@@ -274,7 +278,7 @@ std::vector<double> Results::depths(const Record& record) const {
   const auto column = [&](model::DataID id) {
     return Column{datasetAt(id, record), model->getData(id)->getSize(), 0};
   };
-  if (record.position == NO_POSITION || !exists(column(BottomEl).dataset)) return {};
+  if (record.position == dataio::NO_POSITION || !exists(column(BottomEl).dataset)) return {};
   std::vector<double> depth = readCells(column(HydState));
   const std::vector<double> bottom = readCells(column(BottomEl));
   for (std::size_t cell = 0; cell < depth.size(); ++cell) depth[cell] -= bottom[cell];

@@ -19,11 +19,12 @@
 #include "api/IH5Reader.h"
 #include "api/IModel.h"
 #include "common/NewFile.h"
+#include "dataio/RecordIndex.h"
 #include "export/Mesh.h"
-#include "export/Record.h"
-#include "export/RecordIndex.h"
 
 namespace exporter {
+
+using dataio::Record;
 
 /// A column of a dataset of the results file.
 struct Column {
@@ -57,6 +58,8 @@ class Results {
   std::vector<Record> steps() const;
   /// Records that are not valid, or not complete.
   int invalidRecords() const { return index->invalid(); }
+  /// Times from which a run can be continued [s].
+  std::vector<double> restartTimes() const { return index->restartTimes(); }
 
   /// Outputs on cells or nodestrings of which the file holds at least one state.
   const std::vector<const api::IOutput*>& outputs() const { return shown; }
@@ -71,7 +74,8 @@ class Results {
   /// Where the columns of the output stand, in the order of the arguments of its operations. A
   /// column that compares with the initial state is that of the first record.
   std::vector<Column> columns(const api::IOutput& output, const Record& record) const;
-  /// The values, element after element, as the operations of the catalogue give them.
+  /// The values, element after element, as the operations of the catalogue give them. They put the
+  /// velocities of dry cells to 0.
   /// @throws std::exception if the data cannot be read, or if those of cells are not one per cell.
   std::vector<double> values(const api::IOutput& output, const Record& record) const;
   /// Depth of the water in each cell [m]; empty if the file does not hold the bottom elevation,
@@ -100,7 +104,7 @@ class Results {
   Mesh triangles;
   std::vector<std::string> stringNames;
   double dryDepth = 0.0;
-  std::unique_ptr<RecordIndex> index;
+  std::unique_ptr<dataio::RecordIndex> index;
   std::vector<const api::IOutput*> shown;
 };
 

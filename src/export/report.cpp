@@ -5,9 +5,9 @@
 #include "common/console.h"
 #include "dataio/H5Base.h"
 #include "dataio/ResultReader.h"
-#include "export/Csv.h"
-#include "export/components.h"
 #include "export/origin.h"
+#include "export/quantities.h"
+#include "export/tables/Csv.h"
 
 namespace console = common::console;
 
@@ -19,8 +19,8 @@ using nlohmann::ordered_json;
 
 ordered_json describe(const Results& results, const api::IOutput& output) {
   ordered_json components = ordered_json::array();
-  for (const Component& component : componentsOf(output.getID())) {
-    components.push_back({{"name", component.name}, {"unit", component.unit}});
+  for (const Quantity& quantity : quantitiesOf(output.getID())) {
+    components.push_back({{"name", quantity.name}, {"unit", quantity.unit}});
   }
   return {{"name", output.getName()},
           {"on", output.getSet()->getName()},
@@ -34,8 +34,8 @@ std::string recordName(const Record& record) {
 
 void printOutput(const Results& results, const api::IOutput& output) {
   std::string labels;
-  for (const Component& component : componentsOf(output.getID())) {
-    labels += (labels.empty() ? "" : ", ") + labelOf(component);
+  for (const Quantity& quantity : quantitiesOf(output.getID())) {
+    labels += (labels.empty() ? "" : ", ") + labelOf(quantity);
   }
   const bool onStrings = output.getSet()->getID() == model::SetID::NodeStrg;
   console::info("output <", output.getName(), "> on ", onStrings ? "nodestrings" : "cells", ": ",
@@ -49,15 +49,6 @@ void printInvalid(int records) {
 }
 
 }  // namespace
-
-std::vector<double> restartTimes(const Results& results) {
-  std::vector<double> times;
-  if (results.invalidRecords() > 1) return times;
-  for (const Record& record : results.records()) {
-    if (record.time > 0.0) times.push_back(record.time);
-  }
-  return times;
-}
 
 ordered_json describe(const Results& results) {
   ordered_json outputs = ordered_json::array();
@@ -76,7 +67,7 @@ ordered_json describe(const Results& results) {
           {"outputs", outputs},
           {"records", records},
           {"invalid_records", results.invalidRecords()},
-          {"restart_times", restartTimes(results)}};
+          {"restart_times", results.restartTimes()}};
 }
 
 void printReport(const Results& results) {
@@ -84,7 +75,7 @@ void printReport(const Results& results) {
                 results.mesh().nodes.size(), " nodes, ", results.strings().size(), " nodestrings, ",
                 results.records().size(), " records");
   for (const api::IOutput* output : results.outputs()) printOutput(results, *output);
-  const std::vector<double> restarts = restartTimes(results);
+  const std::vector<double> restarts = results.restartTimes();
   for (const Record& record : results.records()) {
     const bool restart = std::find(restarts.begin(), restarts.end(), record.time) != restarts.end();
     console::info("record ", recordName(record), ": t[s]: ", numberText(record.time),

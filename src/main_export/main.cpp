@@ -19,7 +19,7 @@ exporter::Request parse(int argc, char** argv) {
   using Name = TCLAP::ValueArg<std::string>;
   TCLAP::CmdLine line("This is the 'export' binary of the RHEOMARK framework.", ' ',
                       common::VERSION);
-  Name results("r", "results", "the results file", true, "", "file", line);
+  Name results("r", "results", "the results file", false, "", "file", line);
   Name document("o", "output", "XDMF document to be written, for ParaView and QGIS", false, "",
                 "file", line);
   Name mesh("", "mesh", "mesh to be written (.2dm), to which QGIS adds the document", false, "",
@@ -43,15 +43,16 @@ exporter::Request parse(int argc, char** argv) {
                 line);
   TCLAP::ValueArg<double> time("", "time", "when [s]; by default the last record", false, 0.0,
                                "time", line);
+  TCLAP::SwitchArg quantities("", "quantities", "prints the table of quantities as JSON", line);
   TCLAP::SwitchArg list("l", "list", "tells what the results file holds", line);
   TCLAP::SwitchArg json("j", "json", "reports as one JSON object", line);
   line.parse(argc, argv);
   exporter::RasterRequest rasterRequest{
       raster.getValue(), resolution.getValue(), quantity.getValue(), {}};
   if (time.isSet()) rasterRequest.time = time.getValue();
-  return {results.getValue(), document.getValue(),  mesh.getValue(),   strings.getValue(),
-          gauges.getValue(),  gaugeFile.getValue(), masked.getValue(), ugrid.getValue(),
-          rasterRequest,      list.getValue(),      json.getValue()};
+  return {results.getValue(), document.getValue(),   mesh.getValue(),   strings.getValue(),
+          gauges.getValue(),  gaugeFile.getValue(),  masked.getValue(), ugrid.getValue(),
+          rasterRequest,      quantities.getValue(), list.getValue(),   json.getValue()};
 }
 
 }  // namespace
@@ -60,7 +61,7 @@ int main(int argc, char** argv) {
   common::startProcess();
   try {
     const exporter::Request request = parse(argc, argv);
-    const bool forPeople = !request.json;
+    const bool forPeople = !request.json && !request.quantities;
     if (forPeople) console::printHeader("sequential");
     exporter::run(request);
     if (forPeople) console::printFooter();

@@ -27,8 +27,8 @@ TEST_F(FieldTest, HoldsOneComponentAtATime) {
   const Field field = fieldOf(results, "spec_discharge_y", 3.0);
   EXPECT_EQ(field.values, stored("RESULTS/CellsAll/HydState/0000003", 3, 2));
   EXPECT_EQ(field.time, 3.0);
-  EXPECT_EQ(field.component.unit, "m2/s");
-  EXPECT_EQ(field.meaning.longName, "specific discharge, y-component");
+  EXPECT_EQ(field.quantity.unit, "m2/s");
+  EXPECT_EQ(field.quantity.meaning, "specific discharge, y-component");
 }
 
 TEST_F(FieldTest, IsThatOfTheLastRecordByDefault) {
@@ -76,6 +76,14 @@ TEST_F(FieldTest, RefusesAnUnknownQuantity) {
   EXPECT_EQ(refusalOf("flow_velocity", {}),
             " -> quantity <flow_velocity> is not in the results file, which holds water_surface, "
             "water_depth\n");
+}
+
+TEST_F(FieldTest, IsFoundByItsFormerNameToo) {
+  use("dam_dry");
+  const Results results(file);
+  const Field field = fieldOf(results, "flood_tracking.max_depth", {});
+  EXPECT_EQ(field.quantity.name, "flood_maximum_depth");
+  EXPECT_EQ(field.values, fieldOf(results, "flood_maximum_depth", {}).values);
 }
 
 }  // namespace

@@ -6,7 +6,7 @@
 #include <set>
 
 #include "catalogue/Outputs.h"
-#include "export/components.h"
+#include "export/quantities.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 
@@ -36,8 +36,8 @@ TEST(DocsOfExport, nameEachOutputWithItsUnit) {
   for (const auto& [id, property] : model::OutputProps) {
     const std::size_t row = page().find("`" + property.name + "`");
     ASSERT_NE(row, std::string::npos) << property.name;
-    for (const exporter::Component& component : exporter::componentsOf(id)) {
-      EXPECT_NE(page().find("[" + component.unit + "]", row), std::string::npos) << property.name;
+    for (const exporter::Quantity& quantity : exporter::quantitiesOf(id)) {
+      EXPECT_NE(page().find("[" + quantity.unit + "]", row), std::string::npos) << property.name;
     }
   }
 }

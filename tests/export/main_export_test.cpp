@@ -114,6 +114,18 @@ TEST_F(ExportExecutable, needsSomethingToDo) {
   expectFailure(run({}), " -> nothing to do: ask for a document with --output, ");
 }
 
+TEST_F(ExportExecutable, needsAResultsFile) {
+  expectFailure(support::runIn(dir.path(), EXPORT_EXE, {"--list"}),
+                " -> which results file? Name it with --results\n");
+}
+
+TEST_F(ExportExecutable, printsTheTableOfQuantitiesAndNothingElse) {
+  const support::Outcome outcome = support::runIn(dir.path(), EXPORT_EXE, {"--quantities"});
+  EXPECT_EQ(outcome.status, 0) << outcome.err;
+  const auto table = nlohmann::json::parse(outcome.out);
+  EXPECT_EQ(table.at("outputs").at(1).at("quantities").at(0).at("formula"), "$0-$1");
+}
+
 TEST_F(ExportExecutable, refusesBadFiles) {
   expectFailure(run({"-l"}), " -> results file <run_results.h5>: there is no such file\n");
 
@@ -249,7 +261,7 @@ TEST_F(ExportExecutable, helpNamesTheArguments) {
   EXPECT_THAT(outcome.out, HasSubstr("This is the 'export' binary of the RHEOMARK framework."));
   for (const std::string option :
        {"--results", "--output", "--csv", "--gauge", "--gauge-csv", "--masked", "--ugrid",
-        "--geotiff", "--resolution", "--quantity", "--time", "--list", "--json"}) {
+        "--geotiff", "--resolution", "--quantity", "--time", "--quantities", "--list", "--json"}) {
     EXPECT_THAT(outcome.out, HasSubstr(option));
   }
 }

@@ -8,7 +8,6 @@ namespace {
 
 using exporter::describe;
 using exporter::printReport;
-using exporter::restartTimes;
 using exporter::Results;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
@@ -51,7 +50,7 @@ TEST_F(Report, OneInvalidRecordDoesNotKeepARunFromContinuing) {
   use("one_cell");
   invalidate("CellsAll/HydState", 4);
   EXPECT_THAT(text(), HasSubstr(" -> 1 record is not valid and left out\n"));
-  EXPECT_THAT(restartTimes(Results(file)), ElementsAre(0.25, 0.5, 0.75));
+  EXPECT_THAT(Results(file).restartTimes(), ElementsAre(0.25, 0.5, 0.75));
 }
 
 // The reader of the simulation then asks for more records of the time -1 than there are data.
@@ -61,7 +60,7 @@ TEST_F(Report, TwoInvalidRecordsDo) {
   EXPECT_THAT(text(), HasSubstr(" -> 2 records are not valid and left out: the simulation cannot "
                                 "continue from this file\n"));
   EXPECT_THAT(text(), Not(HasSubstr("a run can be continued")));
-  EXPECT_THAT(restartTimes(Results(file)), IsEmpty());
+  EXPECT_THAT(Results(file).restartTimes(), IsEmpty());
 }
 
 TEST_F(Report, DescribesTheFileForPrograms) {
