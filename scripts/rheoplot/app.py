@@ -4,11 +4,14 @@ import os
 import sys
 
 from . import figures, films, floods, maps, series
-from .outputs import OUTPUTS, available, is_tracked
-from .results import Fault, Results, at_time
+from .outputs import available, outputs, present_name
+from .pictures import whole_picture
+from .results import Results, at_time
+from .stored import Fault
 
-EPILOG = """Outputs are those of SIMULATION/OUTPUT, as far as the data in the file give them:
-""" + "\n".join(f"  {name:<30}{output.title} [{output.unit}]" for name, output in OUTPUTS.items())
+EPILOG = """Outputs are those of SIMULATION/OUTPUT, as far as the data in the file give them; the
+components of a vector and of the flood tracking have names of their own:
+"""
 
 
 class Parser(argparse.ArgumentParser):
@@ -22,9 +25,12 @@ def parser():
     top = Parser(prog="plot", description="Draws pictures of a results file.", allow_abbrev=False)
     commands = top.add_subparsers(dest="command", required=True, metavar="COMMAND")
 
+    epilog = EPILOG + "\n".join(f"  {name:<30}{output.title} [{output.unit}]"
+                                for name, output in outputs().items())
+
     def command(name, text, formats, run):
         made = commands.add_parser(name, help=text, description=text, allow_abbrev=False,
-                                   epilog=EPILOG if name in ("map", "animate") else None,
+                                   epilog=epilog if name in ("map", "animate") else None,
                                    formatter_class=argparse.RawDescriptionHelpFormatter)
         made.add_argument("file", metavar="RESULTS", help="the file that simulation has written")
         made.add_argument("-o", dest="picture", metavar="PICTURE", required=True,
@@ -76,13 +82,15 @@ def _positive(text):
 
 def main(arguments):
     """Runs a command; returns the exit status."""
-    options = parser().parse_args(arguments)
     try:
+        options = parser().parse_args(arguments)
         _check_options(options)
         _tell_of_journal(options.file)
         with Results(options.file) as results:
-            print(f"{options.picture}: {options.run(results, options)}")
-    except (Fault, OSError) as fault:
+            with whole_picture(options.picture, options.file) as options.unfinished:
+                shown = options.run(results, options)
+        print(f"{options.picture}: {shown}")
+    except Fault as fault:
         print(f"plot: {fault}", file=sys.stderr)
         return 1
     return 0
@@ -91,9 +99,6 @@ def main(arguments):
 def _check_options(options):
     if not options.picture.endswith(options.formats):
         raise Fault(f"the name {options.picture} has to end in {' or '.join(options.formats)}")
-    folder = os.path.dirname(options.picture) or "."
-    if not os.path.isdir(folder):
-        raise Fault(f"there is no folder {folder} for {options.picture}")
     ends = getattr(options, "range", None)
     if ends and not ends[0] < ends[1]:
         raise Fault(f"--range takes the lower end first: {ends[0]:g} is not below {ends[1]:g}")
@@ -109,14 +114,18 @@ def _tell_of_journal(path):
 def _output(results, name):
     """The output of this name. Raises Fault if there is none, or its data are not in the file."""
     names = available(results)
+    if name != present_name(name):
+        print(f"plot: note: {name} is called {present_name(name)} now; the next release knows the "
+              "new name only", file=sys.stderr)
+        name = present_name(name)
     if name in names:
-        return OUTPUTS[name]
+        return outputs()[name]
     if name == "delta_z" and "bottom_elevation" in names:
         reason = "the bed does not move in this study, there is no delta_z"
     elif name in ("ns_hyd_discharge", "ns_mor_discharge"):
         reason = f"{name} is drawn by plot hydrographs"
-    elif name in OUTPUTS:
-        missing = next(path for path in OUTPUTS[name].data if not results.has(path))
+    elif name in outputs():
+        missing = next(path for path in outputs()[name].data if not results.has(path))
         reason = f"{name} needs {missing}, which is not in {results.path}"
     else:
         reason = f"there is no output {name}"
@@ -132,7 +141,7 @@ def _records(results, output):
 
 def draw_map(results, options):
     output = _output(results, options.output)
-    if not is_tracked(output):
+    if not output.tracked:
         wanted = "last" if options.time is None else options.time
         record = at_time(_records(results, output), wanted)
     elif options.time is None and not options.arrows:
@@ -145,7 +154,7 @@ def draw_map(results, options):
 
 def animate(results, options):
     output = _output(results, options.output)
-    if is_tracked(output):
+    if output.tracked:
         raise Fault(f"{output.name} does not change with time: draw it with plot map")
     records = _records(results, output)[::options.every]
     if len(records) < 2:
@@ -160,5 +169,5 @@ def draw_flood(results, options):
 
 
 def draw_hydrographs(results, options):
-    series.hydrographs(results, options.string, options.picture)
+    series.hydrographs(results, options.string, options.unfinished)
     return f"{results.name}: discharges"

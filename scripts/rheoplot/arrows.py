@@ -1,7 +1,7 @@
 """Arrows of the flow on a map."""
 import numpy as np
 
-from .outputs import OUTPUTS, discharge, velocity
+from .outputs import outputs
 
 LENGTH = 0.3  # of the fastest water [in]
 SPACING = 0.34  # [in]
@@ -14,7 +14,7 @@ class Arrows:
     """
 
     def __init__(self, panel, results, output, longest):
-        self.vectors, unit = _kind(output)
+        self.shown = _shown(output)
         self.cells = _spread(results, panel.box)
         x, y = results.nodes[results.cells[self.cells]].mean(axis=1).T
         longest = max(longest, 1e-12)
@@ -27,23 +27,21 @@ class Arrows:
         right, up = (-0.2, 0.13) if box.width > 4.0 else (0.8, -0.2 - box.height)
         key = _round_down(longest)
         panel.axes.quiverkey(self.quiver, 1.0 + right / box.width, 1.0 + up / box.height, key,
-                             f"{key:g} {unit}", labelpos="W", labelsep=0.05)
+                             f"{key:g} {self.shown.unit}", labelpos="W", labelsep=0.05)
 
     def show(self, record):
-        vectors = self.vectors(record)[self.cells].T
+        vectors = self.shown.vectors(record)[self.cells].T
         self.quiver.set_UVC(*np.ma.masked_where(~np.tile(record.wet[self.cells], (2, 1)), vectors))
 
 
-def _kind(output):
-    name, vectors = (("spec_discharge", discharge) if output.name.startswith("spec_discharge")
-                     else ("flow_velocity", velocity))
-    return vectors, OUTPUTS[name].unit
+def _shown(output):
+    return outputs()["spec_discharge" if output.name.startswith("spec_discharge")
+                     else "flow_velocity"]
 
 
 def fastest(output, record):
     """The largest magnitude but for a few cells, as at fronts, that would dwarf all others."""
-    vectors, _ = _kind(output)
-    magnitudes = np.hypot(*vectors(record)[record.wet].T)
+    magnitudes = np.hypot(*_shown(output).vectors(record)[record.wet].T)
     return np.percentile(magnitudes, 98) if magnitudes.size else 0.0
 
 

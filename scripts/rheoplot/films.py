@@ -5,7 +5,7 @@ from matplotlib import animation
 from PIL import Image
 
 from .maps import map_of, title_of
-from .results import Fault
+from .stored import Fault
 
 FORMATS = (".gif", ".mp4")
 DPI = 100
@@ -30,7 +30,7 @@ def moving(results, output, records, options):
         raise Fault("an MP4 needs the program ffmpeg: install the Debian package ffmpeg, or let "
                     "the name end in .gif")
     picture, drawn = map_of(results, output, records, options)
-    with film.saving(picture, options.picture, DPI):
+    with film.saving(picture, options.unfinished, DPI):
         for record in records:
             drawn.show(record, title_of(results, output, record))
             film.grab_frame(facecolor="white")

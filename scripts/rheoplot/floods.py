@@ -3,9 +3,10 @@ import numpy as np
 
 from . import figures
 from .maps import Map, title_of
-from .outputs import OUTPUTS, masked
-from .results import BED, STATE, Fault
+from .outputs import masked, outputs
+from .results import BED, STATE
 from .scales import scale_of
+from .stored import Fault
 
 
 class Summary:
@@ -40,10 +41,10 @@ def flood(results, options):
         record = Summary(results, records)
         source = f"found from {len(records)} records"
     picture, panels = figures.map_panels(results.nodes, options.stretch, count=2, lines=3)
-    depth, arrival = (OUTPUTS["flood_tracking." + name] for name in ("max_depth", "arrival_time"))
+    depth, arrival = (outputs()[name] for name in ("flood_maximum_depth", "flood_arrival_time"))
     _draw(panels[0], record, depth, options.mesh, source)
     _draw(panels[1], record, arrival, options.mesh, source, records[0].wet if records else None)
-    figures.save(picture, options.picture)
+    figures.save(picture, options.unfinished)
     return source
 
 

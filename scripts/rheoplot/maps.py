@@ -75,4 +75,4 @@ def still(results, output, record, options):
     """Draws an output at a record."""
     picture, drawn = map_of(results, output, [record], options)
     drawn.show(record, title_of(results, output, record))
-    figures.save(picture, options.picture)
+    figures.save(picture, options.unfinished)

@@ -1,107 +1,118 @@
-"""What can be shown, and how it is computed from the stored data.
+"""What can be drawn: each quantity of the table, and the magnitudes of vectors.
 
-The names are those of SIMULATION/OUTPUT. An output of several values has a name for each of them
-behind a dot: flow_velocity.x; the bare name of a vector stands for its magnitude.
+A vector has two quantities, such as flow_velocity_x and flow_velocity_y; its own name,
+flow_velocity, stands for its magnitude.
 """
 from dataclasses import dataclass
-from typing import Callable
+from functools import cache
 
 import numpy as np
 
-from .results import BED, CHEZY, CURVATURE, FLOOD, STATE
+from . import quantities
+from .results import BED, FLOOD, STATE
+
+
+@dataclass(frozen=True)
+class Style:
+    """How the values of an output become colours."""
+
+    colours: str = "viridis"
+    limits: str = "data"  # "data", "zero": from 0 up, "centred": alike on both sides of 0
+    outliers: bool = False  # has huge values in a few cells, which the colours leave out
+    bands: bool = False  # in steps of colour
+    zeros: bool = True  # False: a 0 stands for what no step has computed yet
+
+
+AROUND_ZERO = Style("PuOr_r", "centred")
+AROUND_ZERO_AND_FAR = Style("PuOr_r", "centred", outliers=True)
+DEPTH = Style("depth", "zero")
+FLOW = Style("flow", "zero")
+FAST_FLOW = Style("flow", "zero", outliers=True)
+
+STYLES = {
+    "water_depth": DEPTH, "bottom_elevation": Style("cividis"),
+    "delta_z": Style("RdBu", "centred"), "friction_chezy": Style(zeros=False),
+    "spec_discharge": FLOW, "spec_discharge_x": AROUND_ZERO, "spec_discharge_y": AROUND_ZERO,
+    "flow_velocity": FAST_FLOW, "flow_velocity_x": AROUND_ZERO_AND_FAR,
+    "flow_velocity_y": AROUND_ZERO_AND_FAR, "flow_velocity_abs": FAST_FLOW,
+    "flow_curvature": AROUND_ZERO_AND_FAR, "flow_radius": AROUND_ZERO_AND_FAR,
+    "flood_arrival_time": Style("arrival", bands=True), "flood_maximum_depth": DEPTH,
+    "flood_maximum_velocity": FAST_FLOW, "flood_maximum_spec_discharge": FLOW}
 
 
 @dataclass(frozen=True)
 class Output:
-    """A number per cell: a title, a unit, the data it needs and its values in a record."""
+    """A number per cell: a quantity, or the magnitude of the two of a vector."""
 
     name: str
     title: str
-    unit: str
-    data: tuple
-    values: Callable  # from a Record to an array of a value per cell
-    colours: str
-    limits: str = "data"  # "data", "zero": from 0 up, "centred": alike on both sides of 0
-    outliers: bool = False  # has huge values in a few cells, which the colours leave out
-    bands: bool = False  # in steps of colour
-    dry: bool = False  # has a meaning on dry cells too
-    vector: bool = False  # the magnitude of a vector
+    quantities: tuple
+
+    @property
+    def unit(self):
+        """As it is printed: m²/s."""
+        unit = self.quantities[0].unit
+        return "-" if unit == "1" else unit.replace("m2", "m²").replace("m3", "m³")
+
+    @property
+    def style(self):
+        return STYLES.get(self.name, Style())
+
+    @property
+    def vector(self):
+        """Whether this is the magnitude of a vector."""
+        return len(self.quantities) == 2
+
+    @property
+    def tracked(self):
+        """Whether it is of the whole run, stored once at its end."""
+        return self.quantities[0].tracked
+
+    @property
+    def dry(self):
+        """Whether it has a meaning on dry cells too."""
+        return self.quantities[0].when_dry == "same"
+
+    @property
+    def data(self):
+        """The paths of the data that it is made of, and of those that tell where there is water."""
+        made_of = [column.data for one in self.quantities for column in one.columns.values()]
+        return tuple(dict.fromkeys([*([] if self.dry or self.tracked else [STATE, BED]), *made_of]))
+
+    def vectors(self, record):
+        """The values of each quantity in a record, shape (cells, quantities)."""
+        return np.column_stack([_values(one, record) for one in self.quantities])
+
+    def values(self, record):
+        """The value of each cell in a record."""
+        values = self.vectors(record)
+        values = np.hypot(*values.T) if self.vector else values[:, 0]
+        return values if self.style.zeros else np.where(values == 0.0, np.nan, values)
 
 
-def discharge(record):
-    """Specific discharge along x and y per cell, shape (cells, 2) [m2/s]."""
-    return record.state[:, 1:3]
+def _values(quantity, record):
+    def numbers(column):
+        source = record.results.first if column.record == "first" else record
+        return source.array(column.data)[:, column.value]
+
+    return quantity.values({n: numbers(column) for n, column in quantity.columns.items()})
 
 
-def velocity(record):
-    """Flow velocity along x and y per cell, shape (cells, 2) [m/s]; 0 where the depth is below the
-    minimum."""
-    depth = np.column_stack((record.depth, record.depth))
-    return np.divide(discharge(record), depth, out=np.zeros_like(depth),
-                     where=~(record.results.minimum_depth > depth))
+@cache
+def outputs():
+    """All that can be drawn, by name, in the order of the table."""
+    known = []
+    for name, parts in quantities.outputs().items():
+        if len(parts) == 2:
+            known.append(Output(name, parts[0].meaning.removesuffix(", x-component"), tuple(parts)))
+        known += [Output(part.name, part.meaning, (part,)) for part in parts]
+    return {output.name: output for output in known}
 
 
-def _chezy(record):
-    """Before the first step there is no coefficient: the stored values are 0."""
-    stored = record.array(CHEZY)[:, 0]
-    return np.where(stored == 0.0, np.nan, stored)
-
-
-def _bed_change(record):
-    return record.bed - record.results.array(BED, 0)[:, 0]
-
-
-def _radius(record):
-    with np.errstate(divide="ignore"):
-        return 1.0 / record.array(CURVATURE)[:, 0]
-
-
-def _tracked(column):
-    return lambda record: record.array(FLOOD)[:, column]
-
-
-_ALL = (
-    Output("water_surface", "water surface", "m", (STATE, BED), lambda r: r.state[:, 0], "viridis"),
-    Output("water_depth", "water depth", "m", (STATE, BED), lambda r: r.depth, "depth", "zero"),
-    Output("bottom_elevation", "bed elevation", "m", (BED,), lambda r: r.bed, "cividis", dry=True),
-    Output("delta_z", "bed change, erosion below 0", "m", (STATE, BED), _bed_change, "RdBu",
-           "centred", dry=True),
-    Output("friction_chezy", "squared Chezy coefficient", "-", (STATE, BED, CHEZY),
-           _chezy, "viridis"),
-    Output("spec_discharge", "specific discharge", "m²/s", (STATE, BED),
-           lambda r: np.hypot(*discharge(r).T), "flow", "zero", vector=True),
-    Output("spec_discharge.x", "specific discharge along x", "m²/s", (STATE, BED),
-           lambda r: discharge(r)[:, 0], "PuOr_r", "centred"),
-    Output("spec_discharge.y", "specific discharge along y", "m²/s", (STATE, BED),
-           lambda r: discharge(r)[:, 1], "PuOr_r", "centred"),
-    Output("flow_velocity", "flow velocity", "m/s", (STATE, BED),
-           lambda r: np.hypot(*velocity(r).T), "flow", "zero", True, vector=True),
-    Output("flow_velocity.x", "flow velocity along x", "m/s", (STATE, BED),
-           lambda r: velocity(r)[:, 0], "PuOr_r", "centred", True),
-    Output("flow_velocity.y", "flow velocity along y", "m/s", (STATE, BED),
-           lambda r: velocity(r)[:, 1], "PuOr_r", "centred", True),
-    Output("flow_velocity_abs", "flow velocity", "m/s", (STATE, BED),
-           lambda r: np.hypot(*velocity(r).T), "flow", "zero", True),
-    Output("flow_curvature", "flow curvature", "1/m", (STATE, BED, CURVATURE),
-           lambda r: r.array(CURVATURE)[:, 0], "PuOr_r", "centred", True),
-    Output("flow_radius", "flow radius", "m", (STATE, BED, CURVATURE), _radius, "PuOr_r",
-           "centred", True),
-    Output("flood_tracking.arrival_time", "arrival time", "s", (FLOOD,), _tracked(0), "arrival",
-           bands=True),
-    Output("flood_tracking.max_depth", "maximum water depth", "m", (FLOOD,), _tracked(1), "depth",
-           "zero"),
-    Output("flood_tracking.max_velocity", "maximum flow velocity", "m/s", (FLOOD,), _tracked(2),
-           "flow", "zero", True),
-    Output("flood_tracking.max_discharge", "maximum specific discharge", "m²/s", (FLOOD,),
-           _tracked(3), "flow", "zero"),
-)
-
-OUTPUTS = {output.name: output for output in _ALL}
-
-
-def is_tracked(output):
-    """True for what is stored once, at the end of a run."""
-    return FLOOD in output.data
+def present_name(name):
+    """The name that is in use for a former one; any other name as it is."""
+    return next((output.name for output in outputs().values()
+                 if not output.vector and output.quantities[0].former_name == name), name)
 
 
 def masked(output, record):
@@ -110,13 +121,13 @@ def masked(output, record):
     values = np.ma.masked_invalid(output.values(record))
     if output.dry:
         return values
-    wet = (record.array(FLOOD)[:, 1] > record.results.minimum_depth if is_tracked(output)
+    wet = (record.array(FLOOD)[:, 1] > record.results.minimum_depth if output.tracked
            else record.wet)
     return np.ma.masked_where(~wet, values)
 
 
 def available(results):
     """The names of the outputs that the data in the file give."""
-    return [name for name, output in OUTPUTS.items()
+    return [name for name, output in outputs().items()
             if all(results.has(path) for path in output.data)
             and (name != "delta_z" or results.changes(BED))]

@@ -6,27 +6,21 @@
 """
 import json
 import os
-from contextlib import contextmanager
 from functools import cached_property
 
-import h5py
 import numpy as np
+
+from .stored import Fault, StoredFile
 
 STATE = "CellsAll/HydState"
 BED = "CellsAll/BottomEl"
-CHEZY = "CellsAll/ChezyCoe"
-CURVATURE = "CellsAll/FlowCurv"
 FLOOD = "CellsAll/FloodVar"
 STRINGS = "NodeStrg/StateVar"
 
+# How many numbers an element has, of data that are no single numbers.
+COLUMNS = {STATE: 3, FLOOD: 4, STRINGS: 10}
+
 NEEDED = ("RESULTS", "NodesAll/Coordnts", "CellsAll/Topology", "Parameters/MinWaterDepth")
-
-# A record that a continued run has not yet written again has the time -1.
-NO_LONGER_VALID = -1.0
-
-
-class Fault(Exception):
-    """What the user has to be told; the text says what is wrong and what would be right."""
 
 
 class Record:
@@ -68,18 +62,15 @@ class Record:
 class Results:
     """A results file, opened for reading.
 
-    Raises Fault if the file is no results file.
+    Raises Fault if the file is no results file, or if what is asked for cannot be read.
     """
 
     def __init__(self, path):
         self.path = path
-        if not os.path.exists(path):
-            raise Fault(f"there is no file {path}")
-        with _reading(f"{path} cannot be read as an HDF5 file"):
-            self.file = h5py.File(path, "r")
-        missing = [item for item in NEEDED if item not in self.file]
+        self.file = StoredFile(path)
+        missing = [item for item in NEEDED if not self.file.has(item)]
         if missing:
-            self.file.close()
+            self.__exit__()
             raise Fault(f"{path} is no results file: it has no {missing[0]}; give the file that "
                         "simulation has written, whose name ends in _results.h5")
 
@@ -87,95 +78,111 @@ class Results:
         return self
 
     def __exit__(self, *_):
-        self.file.close()
+        self.file.__exit__()
 
     @cached_property
     def nodes(self):
         """x and y per node [m], shape (nodes, 2)."""
-        return np.reshape(self.file["NodesAll/Coordnts"], (-1, 3))[:, :2]
+        nodes = self.file.numbers("NodesAll/Coordnts", 3)[:, :2]
+        if not (np.isfinite(nodes).all() and len(nodes) and np.ptp(nodes, axis=0).min() > 0.0):
+            raise Fault(f"{self.path} is damaged: its nodes span no area")
+        return nodes
 
     @cached_property
     def cells(self):
         """The three nodes of each triangle, shape (cells, 3)."""
-        return np.reshape(self.file["CellsAll/Topology"], (-1, 3))
+        cells = self.file.numbers("CellsAll/Topology", 3)[:, :3]
+        if not (len(cells) and cells.min() >= 0 and cells.max() < len(self.nodes)):
+            raise Fault(f"{self.path} is damaged: a cell names a node that it does not hold")
+        return cells.astype(int)
 
     @cached_property
     def minimum_depth(self):
         """The depth up to which a cell counts as dry [m]."""
-        return float(np.ravel(self.file["Parameters/MinWaterDepth"])[0])
+        return self.file.number("Parameters/MinWaterDepth")
 
     @cached_property
     def name(self):
         """The name of the study, or of the file where the study has none."""
         stem = os.path.basename(self.path).removesuffix(".h5").removesuffix("_results")
-        return self._study.get("name", stem)
+        return str(self._value("model", "SETUP", "DOMAIN", "name") or stem)
 
     @cached_property
     def start(self):
         """The time at which the last run began, above 0 for a continued one [s]."""
-        return self._simulation.get("TIME", {}).get("start", 0.0)
+        start = self._value("simulation", "SIMULATION", "TIME", "start")
+        return start if isinstance(start, (int, float)) else 0.0
 
     @cached_property
     def wanted(self):
         """The outputs for which the last run was asked."""
-        return self._simulation.get("OUTPUT", [])
+        return self._list("simulation", "SIMULATION", "OUTPUT")
 
-    @property
-    def _study(self):
-        return self._document("model").get("SETUP", {}).get("DOMAIN", {})
+    def _value(self, document, *keys):
+        """What an archived document has below the keys; None if that is nothing."""
+        texts = self.file.texts(".config/" + document)
+        try:
+            value = json.loads(texts[0]) if texts else None
+        except ValueError as error:
+            raise Fault(f".config/{document} in {self.path} is damaged: {error}") from error
+        for key in keys:
+            value = value.get(key) if isinstance(value, dict) else None
+        return value
 
-    @property
-    def _simulation(self):
-        return self._document("simulation").get("SIMULATION", {})
-
-    def _document(self, name):
-        path = ".config/" + name
-        return json.loads(self.file[path][0]) if path in self.file else {}
+    def _list(self, document, *keys):
+        value = self._value(document, *keys)
+        return value if isinstance(value, list) else []
 
     def string_names(self):
         """The names of the nodestrings, in the order of the rows of their states."""
-        if "NodeStrg/StrNames" in self.file:
-            return [name.decode() for name in self.file["NodeStrg/StrNames"]]
-        definitions = self._study.get("RHEOPLANE_2D", {}).get("GEOMETRY", {}).get("STRINGDEF", [])
-        return [definition.get("name", "") for definition in definitions]
+        if self.file.has("NodeStrg/StrNames"):
+            return self.file.texts("NodeStrg/StrNames")
+        definitions = self._list("model", "SETUP", "DOMAIN", "RHEOPLANE_2D", "GEOMETRY", "STRINGDEF")
+        return [str(one.get("name", "")) for one in definitions if isinstance(one, dict)]
 
     def changes(self, path):
         """True if the data are stored anew in each record."""
-        return "RESULTS/" + path in self.file
+        return self.file.has("RESULTS/" + path)
 
     def has(self, path):
-        return self.changes(path) or path in self.file
+        return self.changes(path) or self.file.has(path)
 
     def array(self, path, position):
         """The data of a record, or those that hold for all records, shape (elements, values)."""
         changing = f"RESULTS/{path}/{position:07d}"
-        with _reading(f"record {position} of {path} in {self.path} cannot be read"):
-            stored = self.file[changing if changing in self.file else path]
-            return np.reshape(stored, (len(stored), -1))
+        stored = changing if self.changes(path) else path
+        rows = len(self.cells) if path.startswith("CellsAll/") else None
+        return self.file.numbers(stored, COLUMNS.get(path, 1), rows)
 
-    def records(self, paths):
-        """The valid records that hold all the data named, in the order of their times."""
-        changing = [path for path in paths if self.changes(path)]
-        times = [self._times(path) for path in dict.fromkeys([*changing, STATE])
-                 if self.changes(path)]
-        if not times:
+    def records(self, paths=()):
+        """The valid records that hold all the data named, in the order of their times.
+
+        A record is valid if the whole state stands in it at one time that is not negative; of two
+        at one time it is the later one of the file. docs/results.md says why; export finds the same.
+        """
+        state = [path for path in (STATE, BED) if self.changes(path)]
+        if STATE not in state:
             return []
-        common = [(time, position) for position, time in times[0].items()
-                  if time != NO_LONGER_VALID
-                  and all(other.get(position) == time for other in times[1:])]
-        return [Record(self, position, time) for time, position in sorted(common)]
+        count = max(self.file.count("RESULTS/" + path) for path in state)
+        times = {path: self.file.times("RESULTS/" + path, count)
+                 for path in (*state, *paths) if self.changes(path)}
+
+        def holds(path, position, time):
+            return times[path].get(position) == time
+
+        valid = {time: position for position, time in times[STATE].items()
+                 if time >= 0.0 and all(holds(path, position, time) for path in state)}
+        return [Record(self, position, time) for time, position in sorted(valid.items())
+                if all(holds(path, position, time) for path in times)]
+
+    @cached_property
+    def first(self):
+        """The first valid record of the file."""
+        return self.records()[0]
 
     def tracked(self):
         """The maxima and arrival times that the end of a run has stored, or None."""
         return Record(self, 0, None) if self.changes(FLOOD) else None
-
-    def _times(self, path):
-        """From position to time [s]. A record that has no time is just being written; at that
-        moment a name can also be there before what it names."""
-        with _reading(f"the records of {path} in {self.path} cannot be read"):
-            return {int(name): float(np.ravel(record.attrs["t"])[0])
-                    for name, record in self.file["RESULTS/" + path].items()
-                    if record is not None and "t" in record.attrs}
 
 
 def at_time(records, wanted):
@@ -198,14 +205,3 @@ def listed(records):
     if len(times) > 40:
         times[20:-20] = ["..."]
     return ", ".join(times)
-
-
-@contextmanager
-def _reading(failure):
-    """Turns what h5py raises within into a Fault with the reason that HDF5 gives in brackets."""
-    try:
-        yield
-    except (OSError, KeyError, RuntimeError) as error:
-        text = str(error)
-        reason = text[text.find("(") + 1:text.rfind(")")] if "(" in text else text
-        raise Fault(f"{failure}: {reason}; if a run is writing it right now, try again") from error

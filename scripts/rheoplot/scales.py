@@ -47,22 +47,22 @@ def scale_of(output, fields, limits=None):
     label += f", up to {most:.3g}" if above else ""
     extend = {(False, False): "neither", (True, False): "min", (False, True): "max",
               (True, True): "both"}[below, above]
-    colours = COLOURS.get(output.colours) or matplotlib.colormaps[output.colours]
+    colours = COLOURS.get(output.style.colours) or matplotlib.colormaps[output.style.colours]
     return Scale(_norm(output, low, high, colours, extend), colours, extend, label)
 
 
 def _ends(output, least, most, sample):
-    low, high = _common(least, most, sample) if output.outliers else (least, most)
-    if output.limits == "centred":
+    low, high = _common(least, most, sample) if output.style.outliers else (least, most)
+    if output.style.limits == "centred":
         high = max(-low, high)
         low = -high
-    elif output.limits == "zero":
+    elif output.style.limits == "zero":
         low = min(0.0, low)
     if high - low > 1e-9 * max(1.0, abs(high)):
         return low, high
     # Where nothing varies but rounding, colours would show the rounding.
     room = 10.0 ** np.floor(np.log10(max(abs(high), 1e-2)))
-    return (low, low + room) if output.limits == "zero" else (low - 0.5 * room, high + 0.5 * room)
+    return (low, low + room) if output.style.limits == "zero" else (low - 0.5 * room, high + 0.5 * room)
 
 
 def _common(least, most, sample):
@@ -73,7 +73,7 @@ def _common(least, most, sample):
 
 
 def _norm(output, low, high, colours, extend):
-    if not output.bands:
+    if not output.style.bands:
         return colors.Normalize(low, high)
     bands = ticker.MaxNLocator(12, steps=[1, 2, 5, 10]).tick_values(low, high)
     return colors.BoundaryNorm(bands, colours.N, extend=extend)

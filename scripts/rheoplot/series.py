@@ -3,7 +3,8 @@ import numpy as np
 from matplotlib import figure
 
 from . import figures
-from .results import STRINGS, Fault
+from .results import STRINGS
+from .stored import Fault
 
 WATER, SEDIMENT = 1, 8  # columns of the states of a nodestring
 
@@ -18,7 +19,10 @@ def states(results, records):
 
     A computed state is never all zeros: on a dry string the mean level is the mark for missing.
     """
-    values = np.array([record.array(STRINGS) for record in records])
+    arrays = [record.array(STRINGS) for record in records]
+    if len({array.shape for array in arrays}) > 1:
+        raise Fault(f"{results.path} is damaged: its records differ in the number of nodestrings")
+    values = np.array(arrays)
     values[(values == 0.0).all(axis=2)] = np.nan
     return values
 
@@ -33,7 +37,7 @@ def hydrographs(results, names, path):
         raise Fault(f"{results.path} has {len(records)} valid record with states of nodestrings; "
                     "a hydrograph takes two or more")
     values = states(results, records)
-    known = results.string_names() or [f"string {k + 1}" for k in range(values.shape[1])]
+    known = _names(results, values.shape[1])
     chosen = [_index(known, name) for name in names] if names else range(len(known))
     panels = [("discharge [m³/s]", WATER)]
     if "ns_mor_discharge" in results.wanted or np.nansum(np.abs(values[:, :, SEDIMENT])) > 0.0:
@@ -58,6 +62,12 @@ def hydrographs(results, names, path):
     axes[-1].set_xlabel(f"time [{unit}]")
     axes[0].legend(loc="upper left", bbox_to_anchor=(1.0, 1.0), frameon=False)
     figures.save(picture, path)
+
+
+def _names(results, count):
+    """The names as export writes them: numbers for strings that the study does not name."""
+    names = results.string_names()[:count]
+    return names + [f"nodestring {k + 1}" for k in range(len(names), count)]
 
 
 def _index(known, name):

@@ -3,8 +3,11 @@ import pathlib
 import subprocess
 import tempfile
 import unittest
+from unittest import mock
 
 from support import FOLDER, PLOT, basin, changed, colours, picture, plot, sample
+
+from rheoplot import outputs, quantities
 
 
 class AppTest(unittest.TestCase):
@@ -24,9 +27,9 @@ class AppTest(unittest.TestCase):
             self.assertEqual(out, f"{path}: basin: water depth, t = {text} s\n")
 
     def test_every_output_of_a_full_model_can_be_drawn(self):
-        for name, text in (("delta_z", "bed change"), ("flow_radius", "flow radius"),
-                           ("friction_chezy", "squared Chezy coefficient"),
-                           ("flood_tracking.arrival_time", "arrival time, over the whole run")):
+        for name, text in (("delta_z", "change of the bottom"), ("flow_radius", "radius of the flow"),
+                           ("friction_chezy", "Chezy friction coefficient"),
+                           ("flood_arrival_time", "arrival time of the flood, over the whole run")):
             status, out, _ = plot("map", sample("full_model"), "--output", name, "--mesh", "-o",
                                   picture("full.png"))
             self.assertEqual(status, 0)
@@ -51,11 +54,26 @@ class AppTest(unittest.TestCase):
                      "ns_hyd_discharge")
         self.refused("the bed does not move in this study", "map", basin(), "--output", "delta_z")
 
+    def test_former_names_are_taken_with_a_note(self):
+        status, out, err = plot("map", basin(), "--output", "flow_velocity.x", "-o",
+                                picture("former.png"))
+        self.assertEqual(status, 0)
+        self.assertIn("flow velocity, x-component", out)
+        self.assertEqual(err, "plot: note: flow_velocity.x is called flow_velocity_x now; the next "
+                         "release knows the new name only\n")
+
+    def test_without_the_table_of_quantities_it_says_how_to_get_it(self):
+        quantities.outputs.cache_clear()
+        outputs.outputs.cache_clear()
+        with mock.patch.dict(os.environ, RHEOMARK_QUANTITIES="/nowhere/quantities.json"):
+            self.refused("the table of quantities is missing (/nowhere/quantities.json): build the "
+                         "program first, with make", "map", basin())
+
     def test_tracked_values_have_no_time(self):
         for option in (["--time", "2"], ["--arrows"]):
-            self.refused("flood_tracking.max_depth is of the whole run: leave --time and --arrows "
-                         "out", "map", basin(), "--output", "flood_tracking.max_depth", *option)
-        status, _, err = plot("animate", basin(), "--output", "flood_tracking.max_depth", "-o",
+            self.refused("flood_maximum_depth is of the whole run: leave --time and --arrows "
+                         "out", "map", basin(), "--output", "flood_maximum_depth", *option)
+        status, _, err = plot("animate", basin(), "--output", "flood_maximum_depth", "-o",
                               picture("no.gif"))
         self.assertEqual(status, 1)
         self.assertIn("does not change with time: draw it with plot map", err)
@@ -124,7 +142,7 @@ class AppTest(unittest.TestCase):
         os.mkdir(picture("folder.png"))
         status, _, err = plot("map", basin(), "-o", picture("folder.png"))
         self.assertEqual(status, 1)
-        self.assertIn("Is a directory", err)
+        self.assertIn("folder.png is a folder or a device: give another name", err)
 
     def test_wrong_options_end_with_status_1(self):
         for options in (["--range", "2", "1"], ["--stretch", "0"], ["--time", "noon"],
@@ -136,7 +154,7 @@ class AppTest(unittest.TestCase):
     def test_help_lists_the_outputs(self):
         status, out, _ = plot("map", "--help")
         self.assertEqual(status, 0)
-        self.assertIn("flood_tracking.arrival_time   arrival time [s]", out)
+        self.assertIn("flood_arrival_time            arrival time of the flood [s]", out)
 
 
 class ScriptTest(unittest.TestCase):

@@ -11,7 +11,7 @@ import unittest
 import h5py
 from support import FOLDER, ROOT, basin, colours, opened, plot
 
-from rheoplot.outputs import OUTPUTS
+from rheoplot.outputs import outputs
 from rheoplot.results import BED, STATE
 
 PLOT_PAGE = (ROOT / "docs/plot.md").read_text()
@@ -33,9 +33,9 @@ class DocsTest(unittest.TestCase):
                 self.assertGreater(colours(command.split()[-1])[1], 20)
 
     def test_the_outputs_are_those_of_the_program(self):
-        rows = re.findall(r"^\| `([a-z_.]+)` \| (.*) \| (.*) \|$", PLOT_PAGE, re.MULTILINE)
-        known = [(output.name, output.title, output.unit) for output in OUTPUTS.values()]
-        self.assertEqual([row for row in rows if row[0] in OUTPUTS], known)
+        rows = re.findall(r"^\| `([a-z_]+)` \| (.*) \| (.*) \|$", PLOT_PAGE, re.MULTILINE)
+        known = [(output.name, output.title, output.unit) for output in outputs().values()]
+        self.assertEqual([row for row in rows if row[0] in outputs()], known)
 
     def test_the_options_are_those_of_the_program(self):
         helps = "".join(plot(command, "--help")[1]
@@ -46,7 +46,7 @@ class DocsTest(unittest.TestCase):
 
     def test_the_lines_of_python_print_the_depths(self):
         page = (ROOT / "docs/results.md").read_text()
-        program = page[page.index("import h5py"):page.index("```\n\n`depth")]
+        program = page[page.index("import h5py"):page.index("```\n\nA record")]
         done = subprocess.run([sys.executable, "-c", program], cwd=self.folder, text=True,
                               capture_output=True, check=True)
         results = opened(self, basin())

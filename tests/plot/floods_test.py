@@ -4,7 +4,7 @@ import numpy as np
 from support import basin, changed, colours, opened, picture, plot
 
 from rheoplot.floods import Summary
-from rheoplot.outputs import OUTPUTS, masked
+from rheoplot.outputs import masked, outputs
 from rheoplot.results import BED, FLOOD, STATE
 
 
@@ -17,8 +17,8 @@ class FloodsTest(unittest.TestCase):
         results = opened(self, changed(basin(), untracked))
         records = results.records((STATE, BED))
         summary = Summary(results, records)
-        arrival = masked(OUTPUTS["flood_tracking.arrival_time"], summary)
-        deepest = masked(OUTPUTS["flood_tracking.max_depth"], summary)
+        arrival = masked(outputs()["flood_arrival_time"], summary)
+        deepest = masked(outputs()["flood_maximum_depth"], summary)
         for cell in range(144):
             wet = [record for record in records if record.wet[cell]]
             if wet:

@@ -7,7 +7,7 @@ from support import basin, colours, opened, picture
 from rheoplot.arrows import Arrows
 from rheoplot.figures import map_panels
 from rheoplot.maps import Map, map_of, outline, still, title_of
-from rheoplot.outputs import OUTPUTS, masked, velocity
+from rheoplot.outputs import masked, outputs
 from rheoplot.results import BED, STATE
 from rheoplot.scales import scale_of
 
@@ -23,7 +23,7 @@ class MapsTest(unittest.TestCase):
         self.records = self.results.records((STATE, BED))
 
     def draw(self, name, position, **changes):
-        _, drawn = map_of(self.results, OUTPUTS[name], self.records, options(**changes))
+        _, drawn = map_of(self.results, outputs()[name], self.records, options(**changes))
         drawn.show(self.records[position], "")
         return drawn
 
@@ -31,7 +31,7 @@ class MapsTest(unittest.TestCase):
         drawn = self.draw("water_depth", 2)
         values = drawn.field.get_array()
         np.testing.assert_array_equal(values.filled(-1.0),
-                                      masked(OUTPUTS["water_depth"], self.records[2]).filled(-1.0))
+                                      masked(outputs()["water_depth"], self.records[2]).filled(-1.0))
         np.testing.assert_array_equal(values.mask, ~self.records[2].wet)
         triangle = drawn.field.get_paths()[5].vertices[:3]
         np.testing.assert_array_equal(triangle, self.results.nodes[self.results.cells[5]])
@@ -48,7 +48,7 @@ class MapsTest(unittest.TestCase):
 
     def test_covered_cells_are_grey(self):
         _, [panel] = map_panels(self.results.nodes)
-        output = OUTPUTS["water_depth"]
+        output = outputs()["water_depth"]
         covered = np.arange(144) < 10
         scale = scale_of(output, [masked(output, self.records[4])])
         drawn = Map(panel, self.results, output, scale, covered=covered)
@@ -66,7 +66,7 @@ class MapsTest(unittest.TestCase):
         u = np.ma.array(arrows.quiver.U, mask=arrows.quiver.Umask)
         wet = self.records[2].wet[arrows.cells]
         np.testing.assert_array_equal(u.mask, ~wet)
-        np.testing.assert_array_equal(u[wet], velocity(self.records[2])[arrows.cells, 0][wet])
+        np.testing.assert_array_equal(u[wet], outputs()["flow_velocity"].vectors(self.records[2])[arrows.cells, 0][wet])
 
     def test_arrows_come_with_vectors_or_when_asked_for(self):
         self.assertIsInstance(self.draw("spec_discharge", 1).arrows, Arrows)
@@ -81,10 +81,10 @@ class MapsTest(unittest.TestCase):
                                       self.records[2].state[arrows.cells, 2][wet])
 
     def test_a_picture_has_its_size_and_is_not_blank(self):
-        for name in OUTPUTS:
+        for name in outputs():
             if name in ("water_depth", "flow_velocity", "bottom_elevation"):
                 path = picture(f"{name}.png")
-                still(self.results, OUTPUTS[name], self.records[4], options(picture=path))
+                still(self.results, outputs()[name], self.records[4], options(unfinished=path))
                 size, count = colours(path)
                 self.assertEqual(size, (1530, 776))
                 self.assertGreater(count, 100)
@@ -92,13 +92,13 @@ class MapsTest(unittest.TestCase):
     def test_the_mesh_is_drawn_when_asked_for(self):
         counts = []
         for mesh in (False, True):
-            still(self.results, OUTPUTS["bottom_elevation"], self.records[4],
-                  options(picture=picture("mesh.png"), mesh=mesh))
+            still(self.results, outputs()["bottom_elevation"], self.records[4],
+                  options(unfinished=picture("mesh.png"), mesh=mesh))
             counts.append(colours(picture("mesh.png"))[1])
         self.assertGreater(counts[1], counts[0])
 
     def test_the_title_tells_study_quantity_and_time(self):
-        self.assertEqual(title_of(self.results, OUTPUTS["water_depth"], self.records[2]),
+        self.assertEqual(title_of(self.results, outputs()["water_depth"], self.records[2]),
                          "basin: water depth\nt = 2 s")
 
 

@@ -1,10 +1,16 @@
+import json
+import os
+import subprocess
 import unittest
 
 import h5py
 import numpy as np
 from support import basin, changed, opened, sample
 
-from rheoplot.results import BED, CHEZY, FLOOD, STATE, Fault, Results, at_time, listed
+from rheoplot.results import BED, FLOOD, STATE, Results, at_time, listed
+from rheoplot.stored import Fault
+
+CHEZY = "CellsAll/ChezyCoe"
 
 
 def times(results, paths):
@@ -94,9 +100,26 @@ class ResultsTest(unittest.TestCase):
 
     def test_a_record_that_cannot_be_read_is_named(self):
         results = opened(self, basin())
-        with self.assertRaisesRegex(Fault, "record 7 of CellsAll/HydState in .* cannot be read: "
-                                    "object 'HydState' doesn't exist; if a run is writing it"):
+        with self.assertRaisesRegex(Fault, "RESULTS/CellsAll/HydState/0000007 in .* cannot be read: "
+                                    "object '0000007' doesn't exist; if a run is writing it"):
             results.array(STATE, 7)
+
+    def test_valid_records_are_those_of_export(self):
+        def damage(file):
+            state, bed = (file[f"RESULTS/CellsAll/{name}"] for name in ("HydState", "BottomEl"))
+            state["0000001"].attrs["t"] = bed["0000001"].attrs["t"] = [4.0]  # of two, the later
+            state["0000002"].attrs["t"] = bed["0000002"].attrs["t"] = [-7.0]
+            bed["0000003"].attrs["t"] = [3.5]
+            state["0000005"] = h5py.SoftLink("/nowhere")
+            file.create_group("RESULTS/CellsAll/HydState/0000006")
+        path = changed(sample("full_model"), damage)
+        done = subprocess.run([os.environ["EXPORT_EXE"], "-r", path, "--json", "--list"], text=True,
+                              capture_output=True, check=True)
+        known = [(record["time"], record["position"])
+                 for record in json.loads(done.stdout)["records"]]
+        found = [(record.time, record.position) for record in opened(self, path).records()]
+        self.assertEqual(found, known)
+        self.assertEqual(found, [(0.0, 0), (4.0, 4)])
 
     def test_what_is_missing_is_named(self):
         path = changed(basin(), lambda file: file.__delitem__("CellsAll/Topology"))

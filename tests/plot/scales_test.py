@@ -4,7 +4,7 @@ import numpy as np
 
 from support import picture  # noqa: F401  (makes the package known)
 
-from rheoplot.outputs import OUTPUTS
+from rheoplot.outputs import outputs
 from rheoplot.scales import scale_of
 
 
@@ -13,7 +13,7 @@ def fields(*values):
 
 
 def ends(name, *values):
-    scale = scale_of(OUTPUTS[name], fields(*values))
+    scale = scale_of(outputs()[name], fields(*values))
     return scale.norm.vmin, scale.norm.vmax
 
 
@@ -37,7 +37,7 @@ class ScalesTest(unittest.TestCase):
 
     def test_a_few_fast_cells_leave_colours_to_the_others(self):
         values = np.append(np.linspace(0.0, 1.0, 1000), 20.0)
-        scale = scale_of(OUTPUTS["flow_velocity"], fields(values))
+        scale = scale_of(outputs()["flow_velocity"], fields(values))
         self.assertAlmostEqual(scale.norm.vmax, 1.0, delta=0.01)
         self.assertEqual(scale.extend, "max")
         self.assertEqual(scale.label, "flow velocity [m/s], up to 20")
@@ -45,12 +45,12 @@ class ScalesTest(unittest.TestCase):
         self.assertEqual(ends("flow_velocity", values[:-1]), (0.0, 1.0))
 
     def test_ends_can_be_given(self):
-        scale = scale_of(OUTPUTS["water_surface"], fields([1.0, 4.0]), (2.0, 3.0))
+        scale = scale_of(outputs()["water_surface"], fields([1.0, 4.0]), (2.0, 3.0))
         self.assertEqual((scale.norm.vmin, scale.norm.vmax, scale.extend), (2.0, 3.0, "both"))
-        self.assertEqual(scale.label, "water surface [m], from 1, up to 4")
+        self.assertEqual(scale.label, "elevation of the water surface [m], from 1, up to 4")
 
     def test_arrival_times_come_in_round_steps(self):
-        scale = scale_of(OUTPUTS["flood_tracking.arrival_time"], fields([3.0, 57.0]))
+        scale = scale_of(outputs()["flood_arrival_time"], fields([3.0, 57.0]))
         self.assertEqual(scale.norm.boundaries.tolist(), list(range(0, 61, 5)))
 
 
