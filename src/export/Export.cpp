@@ -12,8 +12,7 @@
 #include "export/formats/xdmf.h"
 #include "export/quantities.h"
 #include "export/report.h"
-#include "export/tables/Gauge.h"
-#include "export/tables/gauge_series.h"
+#include "export/tables/gauges.h"
 #include "export/tables/string_series.h"
 
 namespace console = common::console;

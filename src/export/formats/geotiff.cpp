@@ -19,7 +19,6 @@
 #include "export/Field.h"
 #include "export/formats/Raster.h"
 #include "export/origin.h"
-#include "export/study_facts.h"
 #include "export/tables/Csv.h"
 
 namespace console = common::console;

@@ -10,7 +10,6 @@
 #include "export/formats/UgridMesh.h"
 #include "export/origin.h"
 #include "export/quantities.h"
-#include "export/study_facts.h"
 #include "export/values.h"
 
 namespace console = common::console;

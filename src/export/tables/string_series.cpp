@@ -2,8 +2,8 @@
 
 #include "common/NewFile.h"
 #include "common/console.h"
+#include "export/origin.h"
 #include "export/quantities.h"
-#include "export/study_facts.h"
 #include "export/tables/Csv.h"
 
 namespace exporter {

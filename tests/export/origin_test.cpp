@@ -1,4 +1,4 @@
-#include "export/study_facts.h"
+#include "export/origin.h"
 
 #include <gmock/gmock.h>
 
