@@ -141,9 +141,10 @@ void checkKernelInput(KernelID kernel, const Dats& dats, const Maps& maps) {
   checkMaps(kernel, dats, maps);
 }
 
-void checkParameterSize(const std::string& path, std::size_t found, int expected) {
-  if (found == static_cast<std::size_t>(expected)) return;
-  console::fail("parameter <", path, "> has ", found, " values, but must have ", expected);
+void checkParameterSize(const std::string& path, std::size_t slot, std::size_t count) {
+  const std::size_t most = static_cast<std::size_t>(PARAMETER_SLOTS) - slot;
+  if (count <= most) return;
+  console::fail("parameter <", path, "> has ", count, " values, but there is room for ", most);
 }
 
 }  // namespace simulation

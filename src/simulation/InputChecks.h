@@ -27,8 +27,9 @@ void checkRecordData(const std::vector<model::DataID>& records, const Dats& dats
 /// @throws BaseException if an integer is out of its range; ends the process if an entry is
 void checkKernelInput(model::KernelID kernel, const Dats& dats, const Maps& maps);
 
-/// @throws BaseException if a parameter does not hold the number of values that its slots expect
-void checkParameterSize(const std::string& path, std::size_t found, int expected);
+/// @param slot where the values of the parameter begin; @param count their number
+/// @throws BaseException if there are not so many slots
+void checkParameterSize(const std::string& path, std::size_t slot, std::size_t count);
 
 /// The datum or map of an ID, null if the run does not have it.
 op_dat find(const Dats& dats, model::DataID id);

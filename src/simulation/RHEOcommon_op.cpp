@@ -101,19 +101,15 @@ void RHEOcommon::init(const int& level, const bool& showProgress, const bool& de
   initializeSetsAndKernels(fileName);
   initializeMaps(fileName);
   initializeSolutionData();
-  initializeParameters();
-  requireSchedule();
   if (startTime() > 0.0) {
     initializeReRunData(output, startTime());
     initializeData(fileName, true);
-    prepareFirstPass();
   } else {
     initializeData(fileName, false);
-    checkRecordData(solutionData, dats);
-    prepareFirstPass();
     initializeResultsFile(output);
   }
   initializeOutputData();
+  initializeParameters();
   initializeVariables();
   // Copies of the setup have left the heap full of holes: the run can do without them.
   malloc_trim(0);
@@ -251,7 +247,7 @@ void RHEOcommon::initializeParameters() {
       }
       const std::vector<std::vector<int>> data = runFile->readIntVecVec(path);
       CHECK_THAT_AT(data.size() == 1, "parameters cannot have length > 1", LINE_INT_PARAMETER);
-      checkParameterSize(path, data[0].size(), parameter->getSize());
+      checkParameterSize(path, slot, data[0].size());
       std::copy(data[0].begin(), data[0].end(), G_INT + slot);
     } else if (parameter->getType() == "double") {
       if (parameter->getSize() == 1) {
@@ -260,7 +256,7 @@ void RHEOcommon::initializeParameters() {
       }
       const std::vector<std::vector<double>> data = runFile->readDoubleVecVec(path);
       CHECK_THAT_AT(data.size() == 1, "parameters cannot have length > 1", LINE_REAL_PARAMETER);
-      checkParameterSize(path, data[0].size(), parameter->getSize());
+      checkParameterSize(path, slot, data[0].size());
       std::copy(data[0].begin(), data[0].end(), G_REAL + slot);
     }
   }
@@ -372,15 +368,6 @@ double RHEOcommon::minimumTimeStep() const {
   return dtMin;
 }
 
-// What a run reads at its start is read once before results of an earlier run are touched: a slip
-// in a document or a run file must not cost them.
-void RHEOcommon::requireSchedule() {
-  currentTime = startTime();
-  endTime();
-  minimumTimeStep();
-  initKernelPlans(currentTime);
-}
-
 bool RHEOcommon::isInModel(model::KernelID kernel) const {
   return model::elementInVector(kernel, model->getKernels()) >= 0;
 }
@@ -388,7 +375,6 @@ bool RHEOcommon::isInModel(model::KernelID kernel) const {
 // What the first pass would refuse is refused before the first record: a slip in a run file must
 // not cost the results of an earlier run.
 void RHEOcommon::prepareFirstPass() {
-  if (!(endTime() > currentTime)) return;
   for (const auto& entry : kernelPlans) {
     if (!entry.second->execute(currentTime)) continue;
     if (!isInModel(entry.first)) break;  // its call ends the run
@@ -437,6 +423,7 @@ void RHEOcommon::run() {
   copyMinDepthParameter();
   checkRecordData(outputData, dats);
   checkRecordData(trackedData, dats);
+  if (end > start) prepareFirstPass();
   if (outputPlan->execute(currentTime, timeStep)) writeRegularOutput(currentTime);
 
   const SignalWatch signals;

@@ -108,7 +108,6 @@ class RHEOcommon : public api::ISimulation {
   /// @throws BaseException if the command file asks for one that is too small
   double minimumTimeStep() const;
   void initKernelPlans(const double& start);
-  void requireSchedule();
   bool isInModel(model::KernelID kernel) const;
   void prepareFirstPass();
   void prepareKernel(model::KernelID kernel);

@@ -145,12 +145,12 @@ TEST_F(InputChecks, fixedBedsThatAreNotCorrectedNeedNoMap) {
   EXPECT_EQ(table[0], -1);
 }
 
-TEST(CheckParameterSize, refusesAnotherNumberOfValues) {
-  EXPECT_NO_THROW(simulation::checkParameterSize("Parameters/BedloadInts", 2, 2));
+TEST(CheckParameterSize, refusesMoreValuesThanThereAreSlots) {
+  EXPECT_NO_THROW(simulation::checkParameterSize("Parameters/BedloadInts", 19, 9));
   ::testing::internal::CaptureStderr();
-  EXPECT_THROW(simulation::checkParameterSize("Parameters/BedloadInts", 3, 2), BaseException);
+  EXPECT_THROW(simulation::checkParameterSize("Parameters/BedloadInts", 19, 10), BaseException);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(),
-            " -> parameter <Parameters/BedloadInts> has 3 values, but must have 2\n");
+            " -> parameter <Parameters/BedloadInts> has 10 values, but there is room for 9\n");
 }
 
 TEST(CheckRecordData, refusesARunWithoutIt) {

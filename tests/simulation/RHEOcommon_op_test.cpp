@@ -427,11 +427,12 @@ TEST_F(RefusalOfParameters, withSeveralRows) {
             "425, version v3.0.1\n");
 }
 
-TEST_F(RefusalOfParameters, withAnotherNumberOfValues) {
+TEST_F(RefusalOfParameters, withMoreValuesThanThereAreSlots) {
   support::removeLink(runFile, "Parameters/BedloadInts");
   std::unique_ptr<api::IH5Writer>(dataio::Factory::createH5Writer(runFile, "rw"))
-      ->writeIntVecVec("Parameters/BedloadInts", {{0, 1, 1}});
-  EXPECT_EQ(refusal(), " -> parameter <Parameters/BedloadInts> has 3 values, but must have 2\n");
+      ->writeIntVecVec("Parameters/BedloadInts", {{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}});
+  EXPECT_EQ(refusal(),
+            " -> parameter <Parameters/BedloadInts> has 10 values, but there is room for 9\n");
 }
 
 /// A model that holds nothing but parameters that the run file need not hold.
