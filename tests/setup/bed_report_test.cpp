@@ -1,4 +1,4 @@
-#include "setup/bed_report.h"
+#include "setup/report.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

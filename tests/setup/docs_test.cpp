@@ -6,10 +6,10 @@
 
 #include "common/BaseException.h"
 #include "common/console.h"
+#include "setup/codes.h"
 #include "setup/domain/Series.h"
 #include "setup/mesh/Reader2dm.h"
 #include "setup/study/Study.h"
-#include "setup/study/bed_boundary_types.h"
 #include "setup/study/boundary_types.h"
 #include "setup/study/friction.h"
 #include "support/Process.h"
@@ -59,11 +59,12 @@ std::string technicalColumnsOf(const setup::BoundaryType& type) {
     lookups += (lookups.empty() ? "" : ", ") + nameOf(lookup);
   }
   for (const setup::Modification& entry : type.modifications) {
-    modifications += (modifications.empty() ? "" : "; ") + std::to_string(entry[0]) + ":";
-    for (std::size_t k = 0; k < readsOf(entry[0]); ++k) {
-      modifications += " " + std::to_string(entry[2 + k]);
+    const int number = codes::numberOf(entry.type);
+    modifications += (modifications.empty() ? "" : "; ") + std::to_string(number) + ":";
+    for (std::size_t k = 0; k < readsOf(number); ++k) {
+      modifications += " " + std::to_string(entry.sources.at(k));
     }
-    modifications += " to " + std::to_string(entry[1]);
+    modifications += " to " + std::to_string(entry.target);
   }
   const auto cell = [](const std::string& content) {
     return " |" + (content.empty() ? "" : " " + content);
@@ -79,8 +80,8 @@ class TablesOfBoundaries
 TEST_P(TablesOfBoundaries, areThoseOfTheProgram) {
   for (const setup::BoundaryType& type : *GetParam()) {
     const std::string codes =
-        std::to_string(type.code) +
-        (type.receivingCode == 0 ? "" : ", " + std::to_string(type.receivingCode));
+        std::to_string(setup::numberOf(type.code)) +
+        (type.receivingCode ? ", " + std::to_string(setup::numberOf(*type.receivingCode)) : "");
     const std::size_t begin = text().find("\n| `" + type.name + "` | " + codes + " | ");
     ASSERT_NE(begin, std::string::npos) << type.name;
     const std::string row = text().substr(begin + 1, text().find('\n', begin + 1) - begin - 1);
@@ -104,7 +105,7 @@ std::string textOf(const setup::Coefficient& coefficient) {
 TEST(DocsOfSetup, theFormulasAreThoseOfTheProgram) {
   for (const setup::BedloadFormula& formula : setup::bedloadFormulas()) {
     std::string row = "\n| `" + formula.name + "` | ";
-    if (formula.form == setup::BedloadForm::PowerLaw) {
+    if (formula.form == model::BedloadCode::PowerLaw) {
       row += "4 | | | |";
     } else {
       const std::string A = formula.takesChezy ? "from `chezy`" : textOf(formula.coefficient);
@@ -131,9 +132,9 @@ TEST(DocsOfSetup, theMovingBedIsUnderstood) {
 
 TEST(DocsOfSetup, theClosuresAreThoseOfTheProgram) {
   for (const setup::FrictionClosure& closure : setup::frictionClosures()) {
-    EXPECT_NE(
-        text().find("\n| `\"" + closure.name + "\"` | " + std::to_string(closure.type) + " | "),
-        std::string::npos)
+    EXPECT_NE(text().find("\n| `\"" + closure.name + "\"` | " +
+                          std::to_string(codes::numberOf(closure.code)) + " | "),
+              std::string::npos)
         << closure.name;
   }
 }

@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "model/Factory.h"
-#include "setup/mesh/numbering.h"
+#include "setup/mesh/tidying.h"
 #include "setup/meshes.h"
 
 using ::testing::HasSubstr;

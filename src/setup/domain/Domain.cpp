@@ -1,15 +1,14 @@
 #include "setup/domain/Domain.h"
 
-#include "setup/domain/cell_values.h"
 #include "setup/mesh/Reader2dm.h"
-#include "setup/mesh/numbering.h"
+#include "setup/mesh/made_meshes.h"
 
 namespace setup {
 
 namespace {
 
 /// Every mesh format has its line here.
-struct MeshSource {
+struct MeshMaker {
   Mesh operator()(const MeshFile& source) const { return readMesh2dm(source.file); }
   Mesh operator()(const RectangleMesh& source) const { return makeMesh(source); }
   Mesh operator()(const ChannelMesh& source) const { return makeMesh(source); }
@@ -35,7 +34,7 @@ void prepareBed(const Study& study, Domain& domain) {
 
 Domain buildDomain(const Study& study) {
   Domain domain;
-  domain.mesh = std::visit(MeshSource{}, study.mesh);
+  domain.mesh = std::visit(MeshMaker{}, study.mesh);
   domain.tidying = tidyMesh(domain.mesh);
   numberCells(domain);
   domain.geometry = measure(domain.mesh, domain.topology);

@@ -6,15 +6,15 @@
 #include <vector>
 
 #include "setup/domain/Series.h"
+#include "setup/domain/cell_sources.h"
+#include "setup/domain/cell_values.h"
+#include "setup/domain/edge_boundaries.h"
 #include "setup/domain/edge_strings.h"
-#include "setup/domain/fixed_bed.h"
 #include "setup/mesh/Geometry.h"
 #include "setup/mesh/Mesh.h"
 #include "setup/mesh/Topology.h"
 #include "setup/mesh/tidying.h"
 #include "setup/study/Study.h"
-#include "setup/study/boundaries.h"
-#include "setup/study/sources.h"
 
 namespace setup {
 

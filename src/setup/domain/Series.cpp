@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "common/console.h"
-#include "setup/domain/missing_value.h"
 #include "setup/study/document/text_files.h"
 
 namespace console = common::console;
@@ -53,7 +52,7 @@ std::array<double, 2> pointOf(const std::vector<std::string_view>& columns, cons
     }
     point[k] = *value;
   }
-  if (point[0] == MISSING_VALUE) {
+  if (point[0] == model::MISSING_VALUE) {
     refuse(file, line, columns[0], " is not possible in the first column");
   }
   return point;

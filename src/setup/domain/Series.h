@@ -13,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/Limits.h"
+
 namespace setup {
 
 struct Series {
@@ -21,8 +23,8 @@ struct Series {
   double factor = 1.0;                        ///< of the second column in the run file
 };
 
-/// The greatest number of points that a series can hold.
-constexpr std::size_t MOST_SERIES_POINTS = 5999;
+/// The greatest number of points that a series can hold: one pair is left for the mark of its end.
+constexpr std::size_t MOST_SERIES_POINTS = model::SERIES_VALUES / 2 - 1;
 
 /// @throws BaseException for a file that cannot be read or holds no point, a line that does not
 /// hold

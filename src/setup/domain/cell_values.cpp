@@ -1,32 +1,13 @@
 #include "setup/domain/cell_values.h"
 
 #include <algorithm>
-#include <set>
+#include <map>
 
-#include "common/console.h"
-#include "setup/mesh/position.h"
-
-namespace console = common::console;
+#include "setup/domain/areas.h"
 
 namespace setup {
 
 namespace {
-
-void requireMaterial(const Region& region, const Study& study, const Mesh& mesh) {
-  std::set<int> materials;
-  for (const Triangle& cell : mesh.cells) materials.insert(cell.material);
-  if (materials.count(region.index) == 1) return;
-  std::string list;
-  for (const int material : materials) {
-    list += (list.empty() ? "" : ", ") + std::to_string(material);
-  }
-  console::fail("study file <", study.file, ">: region <", region.name, "> has the index ",
-                region.index, ", but the mesh has the materials ", list);
-}
-
-bool contains(const std::array<double, 4>& box, const Vector2& point) {
-  return point[0] >= box[0] && point[0] <= box[2] && point[1] >= box[1] && point[1] <= box[3];
-}
 
 double planeBed(const BedZone& zone, const Vector2& point) {
   return *zone.elevation + zone.gradient[0] * (point[0] - zone.at[0]) +
@@ -42,21 +23,6 @@ std::array<double, 3> flowOf(const Water& water, double bed, double minimumDepth
 }
 
 }  // namespace
-
-std::vector<int> cellsOf(const Area& area, const Study& study, const Mesh& mesh,
-                         const Geometry& geometry) {
-  if (area.region) requireMaterial(*area.region, study, mesh);
-  std::vector<int> cells;
-  for (std::size_t cell = 0; cell < mesh.cells.size(); ++cell) {
-    if (area.region && mesh.cells[cell].material != area.region->index) continue;
-    if (area.box && !contains(*area.box, geometry.centroid(cell))) continue;
-    cells.push_back(static_cast<int>(cell));
-  }
-  if (cells.empty()) {
-    console::fail("study file <", study.file, ">: <", area.path, "> holds no cell of the mesh");
-  }
-  return cells;
-}
 
 std::vector<double> cellBeds(const Study& study, const Mesh& mesh, const Geometry& geometry) {
   std::vector<double> bed;
@@ -90,6 +56,54 @@ std::vector<std::array<double, 3>> initialFlow(const Study& study, const Mesh& m
     flow.push_back(flowOf(*waters[cell], bed[cell], study.hydraulics.minimumWaterDepth));
   }
   return flow;
+}
+
+std::vector<double> cellFriction(const Study& study, const Mesh& mesh, const Geometry& geometry) {
+  if (!study.friction) return {};
+  std::vector<double> values(mesh.cells.size(), study.friction->value);
+  for (const FrictionZone& zone : study.friction->zones) {
+    for (const int cell : cellsOf(zone.area, study, mesh, geometry)) {
+      values[index(cell)] = zone.value;
+    }
+  }
+  return values;
+}
+
+std::vector<double> cellGrainSizes(const Study& study, const Mesh& mesh, const Geometry& geometry) {
+  if (!study.morphology) return {};
+  const BedMaterial& material = study.morphology->material;
+  std::vector<double> sizes(mesh.cells.size(), material.grainSize.value_or(0.0));
+  for (const GrainZone& zone : material.zones) {
+    for (const int cell : cellsOf(zone.area, study, mesh, geometry)) {
+      sizes[index(cell)] = zone.size;
+    }
+  }
+  return sizes;
+}
+
+int FixedCells::positionOf(int cell) const {
+  return static_cast<int>(std::lower_bound(cells.begin(), cells.end(), cell) - cells.begin());
+}
+
+FixedCells fixCells(const Study& study, const Mesh& mesh, const Geometry& geometry,
+                    const std::vector<double>& bed, const std::vector<int>& sourceCells) {
+  std::map<int, double> elevationOf;
+  if (study.morphology && study.morphology->fixedBed) {
+    for (const FixedBedZone& zone : study.morphology->fixedBed->zones) {
+      for (const int cell : cellsOf(zone.area, study, mesh, geometry)) {
+        elevationOf[cell] = zone.elevation.value_or(bed[index(cell)] - zone.below);
+      }
+    }
+  }
+  for (const int cell : sourceCells) elevationOf.emplace(cell, BOTTOMLESS);
+  FixedCells fixed;
+  for (const auto& [cell, elevation] : elevationOf) {
+    const double atStart = bed[index(cell)];
+    if (elevation > atStart) ++fixed.loweredToBed;
+    fixed.cells.push_back(cell);
+    fixed.elevations.push_back(std::min(elevation, atStart));
+  }
+  return fixed;
 }
 
 }  // namespace setup

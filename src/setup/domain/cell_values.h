@@ -1,4 +1,5 @@
-// Bed and water in the cells at the start of a run.
+// What the zones of a study make of the cells: bed and water at the start of a run, friction, grain
+// sizes and the fixed bed.
 #pragma once
 
 #include <array>
@@ -10,12 +11,6 @@
 
 namespace setup {
 
-/// Positions of the cells of an area.
-/// @throws BaseException if the area's region is a material that the mesh does not have, or if
-///         there is no cell in the area.
-std::vector<int> cellsOf(const Area& area, const Study& study, const Mesh& mesh,
-                         const Geometry& geometry);
-
 /// Bed elevation per cell [m]: the mean of its nodes, or what the bed zones make of it; a later
 /// zone goes over an earlier one.
 std::vector<double> cellBeds(const Study& study, const Mesh& mesh, const Geometry& geometry);
@@ -26,5 +21,31 @@ std::vector<double> cellBeds(const Study& study, const Mesh& mesh, const Geometr
 std::vector<std::array<double, 3>> initialFlow(const Study& study, const Mesh& mesh,
                                                const Geometry& geometry,
                                                const std::vector<double>& bed);
+
+/// The friction value of each cell; a later zone replaces an earlier one. Empty without friction.
+/// @throws BaseException for an area without cells; so do the two below.
+std::vector<double> cellFriction(const Study& study, const Mesh& mesh, const Geometry& geometry);
+
+/// The median grain size of each cell [m], 0 where the study gives none; a later zone replaces an
+/// earlier one. Empty without morphology.
+std::vector<double> cellGrainSizes(const Study& study, const Mesh& mesh, const Geometry& geometry);
+
+/// Stands for cells that can be eroded without a limit [m].
+constexpr double BOTTOMLESS = -1e9;
+
+/// The cells with a fixed bed in the run file. All cells with a source of sediment are among them.
+struct FixedCells {
+  std::vector<int> cells;          ///< ascending
+  std::vector<double> elevations;  ///< [m]
+  int loweredToBed = 0;            ///< of how many the zone lies above the bed at the start
+
+  /// The position of a cell that is among them.
+  int positionOf(int cell) const;
+};
+
+/// A fixed bed above the bed at the start is lowered to that bed.
+/// @param bed per cell [m]; @param sourceCells those that need an elevation in any case
+FixedCells fixCells(const Study& study, const Mesh& mesh, const Geometry& geometry,
+                    const std::vector<double>& bed, const std::vector<int>& sourceCells);
 
 }  // namespace setup

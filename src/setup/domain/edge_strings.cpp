@@ -6,10 +6,7 @@
 #include <set>
 #include <unordered_map>
 
-#include "setup/mesh/position.h"
-#include "setup/study/Study.h"
-#include "setup/study/document/StudyGroup.h"
-#include "setup/study/document/study_fault.h"
+#include "catalogue/Limits.h"
 
 namespace setup {
 
@@ -18,35 +15,11 @@ namespace {
 /// Distance from a line, in parts of its length, up to which a node counts as being on it.
 constexpr double ON_LINE = 1e-6;
 
-StringDefinition readString(const StudyGroup& group) {
-  StringDefinition string;
-  string.path = group.path();
-  group.take("name", string.name);
-  group.take("reverse", string.reverse);
-  if (group.has("from") != group.has("to")) {
-    group.refuse("must hold from and to together: the ends of a line");
-  }
-  if (int{group.has("mesh_string")} + int{group.has("nodes")} + int{group.has("from")} > 1) {
-    group.refuse("must hold only one of mesh_string, nodes and the pair from, to");
-  }
-  if (group.has("nodes")) {
-    group.take("nodes", string.nodes);
-  } else if (group.has("from")) {
-    auto& [from, to] = string.line.emplace();
-    group.take("from", from);
-    group.take("to", to);
-  } else {
-    string.meshString = string.name;
-    group.take("mesh_string", string.meshString);
-  }
-  return string;
-}
-
 class StringFinder {
  public:
-  StringFinder(const Study& theStudy, const Mesh& theMesh, const Topology& theTopology,
-               const Geometry& theGeometry)
-      : study(theStudy), mesh(theMesh), topology(theTopology), geometry(theGeometry) {}
+  StringFinder(const Study& newStudy, const Mesh& newMesh, const Topology& newTopology,
+               const Geometry& newGeometry)
+      : study(newStudy), mesh(newMesh), topology(newTopology), geometry(newGeometry) {}
 
   std::vector<EdgeString> find() {
     std::vector<std::vector<int>> nodes;
@@ -164,9 +137,9 @@ class StringFinder {
 
   void requirePossibleSize(const EdgeString& result, const StringDefinition& string) const {
     if (result.edges.empty()) refuse(string, "has no edge: it needs two nodes at least");
-    if (result.edges.size() > MOST_STRING_EDGES) {
+    if (result.edges.size() > std::size_t{model::STRING_EDGES}) {
       refuse(string, "has ", result.edges.size(), " edges on a length of ", result.length,
-             " m, but at most ", MOST_STRING_EDGES, " are possible: divide it into several");
+             " m, but at most ", model::STRING_EDGES, " are possible: divide it into several");
     }
   }
 
@@ -178,17 +151,6 @@ class StringFinder {
 };
 
 }  // namespace
-
-void readStrings(const StudyGroup& geometry, Study& study) {
-  std::set<std::string> names;
-  for (const StudyGroup& group : geometry.groups("STRINGDEF")) {
-    study.strings.push_back(readString(group));
-    const std::string& name = study.strings.back().name;
-    if (!names.insert(name).second) {
-      group.refuseKey("name", "is <", name, ">, but another string has this name");
-    }
-  }
-}
 
 std::vector<EdgeString> findStrings(const Study& study, const Mesh& mesh, const Topology& topology,
                                     const Geometry& geometry) {

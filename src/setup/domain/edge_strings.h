@@ -1,32 +1,18 @@
-// Nodestrings: lines of mesh edges across or along which water is counted or given.
+// Nodestrings on the mesh: lines of edges across or along which water is counted or given.
 //
 // A string has a direction, that of its nodes. Water that crosses it from its left to its right
 // side counts as a positive discharge; the cells on its left are the upstream cells.
 #pragma once
 
-#include <array>
-#include <optional>
 #include <string>
 #include <vector>
 
 #include "setup/mesh/Geometry.h"
 #include "setup/mesh/Mesh.h"
 #include "setup/mesh/Topology.h"
+#include "setup/study/Study.h"
 
 namespace setup {
-
-struct Study;
-class StudyGroup;
-
-/// How a study names a string: by a nodestring of the mesh, by node ids or by a straight line.
-struct StringDefinition {
-  std::string path;  ///< JSON pointer into the study document, for messages
-  std::string name;
-  std::string meshString;                                    ///< name of a nodestring of the mesh
-  std::vector<long> nodes;                                   ///< ids of nodes
-  std::optional<std::array<std::array<double, 2>, 2>> line;  ///< its two ends [m]
-  bool reverse = false;                                      ///< against the order of its nodes
-};
 
 /// A string on the mesh; all lists have one entry per edge, in the order along the string.
 struct EdgeString {
@@ -36,13 +22,6 @@ struct EdgeString {
   std::vector<int> cells;  ///< on the upstream side; at the boundary the one cell that there is
   double length = 0.0;     ///< [m]
 };
-
-/// The greatest number of edges that a string can hold.
-constexpr std::size_t MOST_STRING_EDGES = 40;
-
-/// Reads the group STRINGDEF, if the study has one.
-/// @throws BaseException for a name that stands twice and for a string given in more than one way
-void readStrings(const StudyGroup& geometry, Study& study);
 
 /// The strings of the study, in its order.
 /// @throws BaseException for a string that the mesh does not have, unknown nodes, consecutive nodes

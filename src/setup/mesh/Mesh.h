@@ -4,10 +4,19 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <string>
 #include <vector>
 
+#include "common/console.h"
+
 namespace setup {
+
+/// Positions in lists are ints throughout, as the run file stores them; containers want another
+/// type.
+constexpr std::size_t index(int position) {
+  return static_cast<std::size_t>(position);
+}
 
 struct Node {
   long id = 0;
@@ -40,6 +49,10 @@ struct Mesh {
 
 /// The beginning of a message on a fault of the mesh, as "mesh file <m.2dm>, line 7: ".
 /// @param line 0 if the fault belongs to no line
-std::string place(const std::string& file, int line);
+inline std::string place(const std::string& file, int line) {
+  if (file.empty()) return "mesh: ";
+  if (line == 0) return common::console::text("mesh file <", file, ">: ");
+  return common::console::text("mesh file <", file, ">, line ", line, ": ");
+}
 
 }  // namespace setup

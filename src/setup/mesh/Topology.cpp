@@ -4,7 +4,6 @@
 #include <tuple>
 
 #include "common/console.h"
-#include "setup/mesh/position.h"
 
 namespace console = common::console;
 

@@ -13,7 +13,6 @@
 #include "dataio/Factory.h"
 #include "model/components.h"
 #include "setup/runfile/contents.h"
-#include "setup/runfile/parameters.h"
 
 namespace console = common::console;
 

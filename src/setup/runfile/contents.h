@@ -1,5 +1,10 @@
-// What the run file holds of one set: its size, its maps, its data. Each set has a file of its own
-// in sets/; a set of a new kind is such a file and a line in set_contents.cpp.
+// What a run file holds of a study on its mesh: each set with its maps and data, and the
+// parameters. A set, map, datum or parameter of a new kind is a row in one of two tables,
+// set_contents.cpp and parameter_values.cpp.
+//
+//   const SetContent& cells = setContents().at(model::SetID::CellsAll);
+//   cells.size(domain);
+//   cells.maps.at(model::MapID::CellsAll_EdgesAll)(domain);
 #pragma once
 
 #include <array>
@@ -10,6 +15,7 @@
 
 #include "catalogue/IDs.h"
 #include "setup/domain/Domain.h"
+#include "setup/study/Study.h"
 
 namespace setup {
 
@@ -28,23 +34,9 @@ struct SetContent {
 /// The content of all sets.
 const std::map<model::SetID, SetContent>& setContents();
 
-/// The rows one behind the other.
-template <class T, std::size_t N>
-std::vector<T> flat(const std::vector<std::array<T, N>>& rows) {
-  std::vector<T> values;
-  values.reserve(N * rows.size());
-  for (const std::array<T, N>& row : rows) values.insert(values.end(), row.begin(), row.end());
-  return values;
-}
+using ParameterValue = std::variant<int, double, std::array<int, 2>>;
 
-/// The cells on the left and on the right of edges, two behind the other.
-std::vector<int> cellsBeside(const std::vector<int>& edges, const Domain& domain);
-
-/// Those of the edges that are not among the taken ones.
-std::vector<int> without(const std::vector<int>& taken, const std::vector<int>& edges,
-                         const Domain& domain);
-
-/// The edges of weirs, pumps and walls through the mesh. A gate lets the bed load pass.
-std::vector<int> edgesThatStopBedload(const Domain& domain);
+/// @throws BaseException for a parameter that this study does not give
+ParameterValue parameterValue(model::ParameterID id, const Study& study);
 
 }  // namespace setup

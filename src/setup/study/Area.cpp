@@ -1,8 +1,30 @@
 #include "setup/study/Area.h"
 
-#include "setup/study/document/StudyGroup.h"
-
 namespace setup {
+
+bool Area::contains(int material, const std::array<double, 2>& centroid) const {
+  if (region && material != region->index) return false;
+  if (!box) return true;
+  const auto [x, y] = centroid;
+  return x >= (*box)[0] && x <= (*box)[2] && y >= (*box)[1] && y <= (*box)[3];
+}
+
+std::vector<Region> readRegions(const StudyGroup& geometry) {
+  std::vector<Region> regions;
+  for (const StudyGroup& group : geometry.groups("REGIONDEF")) {
+    Region region;
+    group.take("index", region.index);
+    group.take("name", region.name);
+    for (const Region& other : regions) {
+      if (other.index == region.index || other.name == region.name) {
+        group.refuse("has the index or the name of another region, index ", other.index,
+                     " and name <", other.name, ">");
+      }
+    }
+    regions.push_back(region);
+  }
+  return regions;
+}
 
 std::optional<Region> regionNamed(const std::string& name, const std::vector<Region>& regions) {
   for (const Region& region : regions) {

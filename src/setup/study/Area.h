@@ -6,9 +6,9 @@
 #include <string>
 #include <vector>
 
-namespace setup {
+#include "setup/study/document/StudyGroup.h"
 
-class StudyGroup;
+namespace setup {
 
 /// A name for the cells of one material.
 struct Region {
@@ -20,8 +20,15 @@ struct Region {
 struct Area {
   std::string path;  ///< JSON pointer into the study document, for messages
   std::optional<Region> region;
-  std::optional<std::array<double, 4>> box;  ///< xmin, ymin, xmax, ymax [m]
+  std::optional<std::array<double, 4>> box;  ///< xmin, ymin, xmax, ymax [m]; its edges belong to it
+
+  /// Whether a cell of the material with this centroid [m] is in the area.
+  bool contains(int material, const std::array<double, 2>& centroid) const;
 };
+
+/// Reads the list REGIONDEF of the group GEOMETRY, if it has one.
+/// @throws BaseException for an index or a name that stands twice
+std::vector<Region> readRegions(const StudyGroup& geometry);
 
 /// The region of a name, none if there is none of it.
 std::optional<Region> regionNamed(const std::string& name, const std::vector<Region>& regions);

@@ -3,46 +3,20 @@
 //   const Study study = readStudy("study.json");
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
-#include <variant>
 #include <vector>
 
-#include "setup/domain/edge_strings.h"
-#include "setup/mesh/made_meshes.h"
 #include "setup/study/Area.h"
 #include "setup/study/boundaries.h"
 #include "setup/study/friction.h"
+#include "setup/study/initial_state.h"
+#include "setup/study/mesh_source.h"
 #include "setup/study/morphology.h"
 #include "setup/study/sources.h"
+#include "setup/study/string_definitions.h"
 
 namespace setup {
-
-struct MeshFile {
-  std::string file;  ///< as it can be opened from where the program runs
-};
-
-/// Sets the bed of an area to a plane, or lifts it.
-struct BedZone {
-  Area area;
-  std::optional<double> elevation;   ///< at `at` [m]; none: the bed is lifted by `raise`
-  std::array<double, 2> gradient{};  ///< rise per metre along x and y [-]
-  std::array<double, 2> at{};        ///< [m]
-  double raise = 0.0;                ///< [m]
-};
-
-/// Dry, if there is neither a level nor a depth.
-struct Water {
-  std::optional<double> level;       ///< [m]
-  std::optional<double> depth;       ///< [m]
-  std::array<double, 2> velocity{};  ///< [m/s]
-};
-
-struct WaterZone {
-  Area area;
-  Water water;
-};
 
 struct HydraulicParameters {
   double cfl = 0.5;
@@ -56,7 +30,7 @@ struct Study {
   std::string file;
   std::string document;  ///< the study as compact JSON
   std::string name;      ///< empty if the study has none
-  std::variant<MeshFile, RectangleMesh, ChannelMesh> mesh;
+  MeshSource mesh;
   std::vector<Region> regions;
   std::vector<BedZone> bed;  ///< in the order in which they apply
   Water water;               ///< where no zone says otherwise

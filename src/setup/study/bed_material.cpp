@@ -1,10 +1,5 @@
 #include "setup/study/bed_material.h"
 
-#include "setup/domain/cell_values.h"
-#include "setup/mesh/position.h"
-#include "setup/study/Study.h"
-#include "setup/study/document/StudyGroup.h"
-
 namespace setup {
 
 BedMaterial readBedMaterial(const StudyGroup& group, const std::vector<Region>& regions) {
@@ -26,16 +21,18 @@ BedMaterial readBedMaterial(const StudyGroup& group, const std::vector<Region>& 
   return material;
 }
 
-std::vector<double> cellGrainSizes(const Study& study, const Mesh& mesh, const Geometry& geometry) {
-  if (!study.morphology) return {};
-  const BedMaterial& material = study.morphology->material;
-  std::vector<double> sizes(mesh.cells.size(), material.grainSize.value_or(0.0));
-  for (const GrainZone& zone : material.zones) {
-    for (const int cell : cellsOf(zone.area, study, mesh, geometry)) {
-      sizes[index(cell)] = zone.size;
-    }
+FixedBed readFixedBed(const StudyGroup& group, const std::vector<Region>& regions) {
+  FixedBed fixed;
+  group.take("accuracy", fixed.accuracy);
+  group.take("maximum_passes", fixed.maximumPasses);
+  for (const StudyGroup& item : group.groups("ZONES")) {
+    FixedBedZone zone;
+    zone.area = readArea(item, regions);
+    item.take("elevation", zone.elevation);
+    item.take("below_bed", zone.below);
+    fixed.zones.push_back(zone);
   }
-  return sizes;
+  return fixed;
 }
 
 }  // namespace setup

@@ -1,17 +1,13 @@
-// What the bed is made of: its pores, its density, and the grain size in each cell.
+// What the bed is made of: its pores, its density, the size of its grains, and rock or paving below
+// which nothing is eroded.
 #pragma once
 
 #include <optional>
 #include <vector>
 
-#include "setup/mesh/Geometry.h"
-#include "setup/mesh/Mesh.h"
 #include "setup/study/Area.h"
 
 namespace setup {
-
-struct Study;
-class StudyGroup;
 
 struct GrainZone {
   Area area;
@@ -26,13 +22,23 @@ struct BedMaterial {
   std::vector<GrainZone> zones;
 };
 
+struct FixedBedZone {
+  Area area;
+  std::optional<double> elevation;  ///< [m]; none: the fixed bed is `below` the bed at the start
+  double below = 0.0;               ///< [m]
+};
+
+struct FixedBed {
+  double accuracy = 1e-6;           ///< by which the bed may fall below the fixed bed in a step [m]
+  int maximumPasses = 100;          ///< of the correction in a step
+  std::vector<FixedBedZone> zones;  ///< a later one replaces an earlier one
+};
+
 /// Reads the group BEDMATERIAL without its fixed bed.
 /// @throws BaseException for zones without a size where there is none, and for grains that float
 BedMaterial readBedMaterial(const StudyGroup& group, const std::vector<Region>& regions);
 
-/// The median grain size of each cell [m], 0 where the study gives none; a later zone replaces an
-/// earlier one. Empty without morphology.
-/// @throws BaseException for an area without cells
-std::vector<double> cellGrainSizes(const Study& study, const Mesh& mesh, const Geometry& geometry);
+/// Reads the group FIXED_BED of the bed material.
+FixedBed readFixedBed(const StudyGroup& group, const std::vector<Region>& regions);
 
 }  // namespace setup

@@ -4,11 +4,6 @@
 #include <cmath>
 #include <functional>
 
-#include "setup/study/Study.h"
-#include "setup/study/bed_material.h"
-#include "setup/study/document/StudyGroup.h"
-#include "setup/study/document/study_fault.h"
-
 namespace setup {
 
 namespace {
@@ -23,7 +18,8 @@ Coefficient usually(double value) {
 
 const Coefficient GIVEN = {true, std::nullopt};
 
-using enum BedloadForm;
+constexpr auto Mpm = model::BedloadCode::MeyerPeterMueller;
+using enum model::BedloadCode;
 
 // clang-format off
 const std::vector<BedloadFormula> FORMULAS = {
@@ -42,28 +38,32 @@ const std::vector<BedloadFormula> FORMULAS = {
 
 class BedloadReader {
  public:
-  BedloadReader(const StudyGroup& theGroup, const BedMaterial& theMaterial, const Study& theStudy)
-      : group(theGroup.group("FORMULA")),
-        material(theMaterial),
-        study(theStudy),
+  BedloadReader(const StudyGroup& newGroup, const BedMaterial& newMaterial, double newGravity,
+                bool newHasFriction)
+      : group(newGroup.group("FORMULA")),
+        material(newMaterial),
+        gravity(newGravity),
+        hasFriction(newHasFriction),
         formula(*std::find_if(FORMULAS.begin(), FORMULAS.end(),
                               [this](const auto& item) { return group["type"] == item.name; })) {}
 
-  void read(Bedload& bedload) const {
+  Bedload read() const {
     refuseOtherKeys();
+    Bedload bedload;
     bedload.form = formula.form;
     bedload.coefficient = take("coefficient", formula.coefficient);
     bedload.exponent = take("exponent", formula.exponent);
     bedload.critical = take(criticalKeyOf(formula.form).c_str(), formula.critical);
     group.take("factor", bedload.factor);
-    if (formula.form != BedloadForm::Grass && !study.friction) {
+    if (formula.form != model::BedloadCode::Grass && !hasFriction) {
       refuse(
           "needs bed friction, without which it gives no transport: the study must hold "
           "HYDRAULICS/FRICTION");
     }
-    const bool needsGrains = formula.form != BedloadForm::Grass || formula.takesChezy;
+    const bool needsGrains = formula.form != model::BedloadCode::Grass || formula.takesChezy;
     if (needsGrains && !material.grainSize) refuse("needs the key grain_size in BEDMATERIAL");
     if (formula.takesChezy) bedload.coefficient = engelundHansen();
+    return bedload;
   }
 
  private:
@@ -98,24 +98,25 @@ class BedloadReader {
       refuse("takes one grain size for all cells: BEDMATERIAL must not hold ZONES");
     }
     const auto C = group["chezy"].get<double>();
-    const double g = study.hydraulics.gravity;
+    const double g = gravity;
     const double s = (material.density - material.waterDensity) / material.waterDensity;
     return 0.05 / (C * C * C * g * g * s * s * *material.grainSize);
   }
 
   const StudyGroup group;
   const BedMaterial& material;
-  const Study& study;
+  const double gravity;
+  const bool hasFriction;
   const BedloadFormula& formula;
 };
 
-void readDirection(const StudyGroup& group, const BedMaterial& material, const Study& study,
+void readDirection(const StudyGroup& group, const BedMaterial& material, bool hasFriction,
                    Bedload& bedload) {
   if (group.has("CURVATURE")) group.group("CURVATURE").take("factor", bedload.curvatureFactor);
   if (!group.has("IKEDA")) return;
   const StudyGroup ikeda = group.group("IKEDA");
   ikeda.take("factor", bedload.lateralSlope);
-  if (!study.friction) {
+  if (!hasFriction) {
     ikeda.refuse("needs bed friction: the study must hold HYDRAULICS/FRICTION");
   }
   if (!material.grainSize) ikeda.refuse("needs the key grain_size in BEDMATERIAL");
@@ -127,14 +128,16 @@ const std::vector<BedloadFormula>& bedloadFormulas() {
   return FORMULAS;
 }
 
-std::string criticalKeyOf(BedloadForm form) {
-  return form == BedloadForm::Grass ? "critical_velocity" : "critical_shields";
+std::string criticalKeyOf(model::BedloadCode form) {
+  return form == model::BedloadCode::Grass ? "critical_velocity" : "critical_shields";
 }
 
-Bedload readBedload(const StudyGroup& group, const BedMaterial& material, const Study& study) {
-  Bedload bedload;
-  BedloadReader(group, material, study).read(bedload);
-  if (group.has("DIRECTION")) readDirection(group.group("DIRECTION"), material, study, bedload);
+Bedload readBedload(const StudyGroup& group, const BedMaterial& material, double gravity,
+                    bool hasFriction) {
+  Bedload bedload = BedloadReader(group, material, gravity, hasFriction).read();
+  if (group.has("DIRECTION")) {
+    readDirection(group.group("DIRECTION"), material, hasFriction, bedload);
+  }
   return bedload;
 }
 

@@ -11,14 +11,10 @@
 #include <string>
 #include <vector>
 
+#include "catalogue/Codes.h"
+#include "setup/study/bed_material.h"
+
 namespace setup {
-
-struct BedMaterial;
-struct Study;
-class StudyGroup;
-
-/// The forms with their numbers in the run file.
-enum class BedloadForm { Mpm = 1, Grass = 3, PowerLaw = 4 };
 
 /// A coefficient of a formula: given by its literature, or by the study.
 struct Coefficient {
@@ -30,7 +26,7 @@ struct Coefficient {
 /// same.
 struct BedloadFormula {
   std::string name;
-  BedloadForm form;
+  model::BedloadCode form;
   Coefficient coefficient;  ///< A
   Coefficient exponent;     ///< B
   Coefficient critical;     ///< tc [-], or uc [m/s]
@@ -40,11 +36,11 @@ struct BedloadFormula {
 const std::vector<BedloadFormula>& bedloadFormulas();
 
 /// The key of the critical value, of which there is one in the forms that have a threshold.
-std::string criticalKeyOf(BedloadForm form);
+std::string criticalKeyOf(model::BedloadCode form);
 
 /// The bed load as the run file has it.
 struct Bedload {
-  BedloadForm form = BedloadForm::Mpm;
+  model::BedloadCode form = model::BedloadCode::MeyerPeterMueller;
   double coefficient = 0.0;
   double exponent = 0.0;
   double critical = 0.0;                  ///< Shields parameter [-], or velocity [m/s]
@@ -59,9 +55,9 @@ struct Bedload {
 };
 
 /// Reads the formula and the direction of the group BEDLOAD.
-/// @param study with its hydraulics
 /// @throws BaseException for keys that a formula does not take or that it lacks, and where there is
 ///         no bed friction or grain size, but the formula or the lateral slope needs it
-Bedload readBedload(const StudyGroup& group, const BedMaterial& material, const Study& study);
+Bedload readBedload(const StudyGroup& group, const BedMaterial& material, double gravity,
+                    bool hasFriction);
 
 }  // namespace setup

@@ -1,33 +1,12 @@
 #include "setup/study/boundaries.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <functional>
 #include <set>
-
-#include "setup/mesh/position.h"
-#include "setup/study/Study.h"
-#include "setup/study/document/StudyGroup.h"
-#include "setup/study/document/study_fault.h"
 
 namespace setup {
 
 namespace {
-
-bool isWithin(double value, Bound bound) {
-  switch (bound) {
-    // clang-format off
-    case Bound::Any:         return true;
-    case Bound::NotNegative: return value >= 0.0;
-    case Bound::Positive:    return value > 0.0;
-      // clang-format on
-  }
-  return false;
-}
-
-const char* describe(Bound bound) {
-  return bound == Bound::Positive ? "greater than 0" : "at least 0";
-}
 
 /// The keys under which a study can give an input.
 std::vector<std::string> keysOf(const Input& input) {
@@ -40,11 +19,12 @@ std::vector<std::string> keysOf(const Input& input) {
 /// The schema has checked each key by itself; which of them a type takes is checked here.
 class BoundaryReader {
  public:
-  BoundaryReader(const StudyGroup& theGroup, const std::vector<BoundaryType>& types,
-                 const Study& theStudy)
-      : group(theGroup),
-        study(theStudy),
-        type(typeNamed(theGroup["type"].get<std::string>(), types)) {
+  BoundaryReader(const StudyGroup& newGroup, const std::vector<BoundaryType>& types,
+                 const std::vector<StringDefinition>& newStrings, bool newHasFriction)
+      : group(newGroup),
+        strings(newStrings),
+        hasFriction(newHasFriction),
+        type(typeNamed(newGroup["type"].get<std::string>(), types)) {
     boundary.path = group.path();
     boundary.type = &type;
   }
@@ -56,7 +36,7 @@ class BoundaryReader {
       if (!group.has("to")) refuse("needs the key to: the string where the water comes in");
       boundary.receiving = stringAt("to");
     }
-    if (type.needsFriction && !study.friction) {
+    if (type.needsFriction && !hasFriction) {
       refuse("needs bed friction: the study must hold HYDRAULICS/FRICTION");
     }
     refuseOtherKeys();
@@ -74,9 +54,9 @@ class BoundaryReader {
 
   int stringAt(const char* key) const {
     const auto found =
-        std::find_if(study.strings.begin(), study.strings.end(),
+        std::find_if(strings.begin(), strings.end(),
                      [&](const StringDefinition& string) { return group[key] == string.name; });
-    return static_cast<int>(found - study.strings.begin());
+    return static_cast<int>(found - strings.begin());
   }
 
   void refuseOtherKeys() const {
@@ -104,8 +84,7 @@ class BoundaryReader {
       refuse("must hold only one of ", input.key, " and ", file);
     }
     if (group.has(file.c_str())) {
-      const std::filesystem::path folder = std::filesystem::path(study.file).parent_path();
-      boundary.files[input.key] = (folder / group[file.c_str()].get<std::string>()).string();
+      boundary.files[input.key] = group.fileName(file.c_str());
     } else if (group.has(key)) {
       boundary.values[input.key] = valueAt(key, input.takes);
     } else if (input.fallback) {
@@ -147,174 +126,47 @@ class BoundaryReader {
   }
 
   const StudyGroup& group;
-  const Study& study;
+  const std::vector<StringDefinition>& strings;
+  const bool hasFriction;
   const BoundaryType& type;
   Boundary boundary;
-};
-
-class BoundaryLayer {
- public:
-  BoundaryLayer(const Study& theStudy, const Mesh& theMesh, const Topology& theTopology,
-                std::vector<EdgeString>& theStrings, SeriesList& theSeries)
-      : study(theStudy),
-        mesh(theMesh),
-        topology(theTopology),
-        strings(theStrings),
-        series(theSeries),
-        isFaced(theStrings.size(), false) {}
-
-  EdgeBoundaries lay() {
-    layList(study.boundaries, result.flow);
-    if (study.morphology) layList(study.morphology->boundaries, result.bed);
-    return std::move(result);
-  }
-
- private:
-  void layList(const std::vector<Boundary>& boundaries, BoundaryEdges& edges) {
-    ownerOf.assign(topology.edgeCells.size(), -1);
-    for (const Boundary& boundary : boundaries) {
-      const BoundaryType& type = *boundary.type;
-      layEdges(boundary, boundary.string, type.code, type.isInflow, edges);
-      if (type.place == Place::Link) {
-        layEdges(boundary, boundary.receiving, type.receivingCode, true, edges);
-      }
-      layRecord(boundary);
-    }
-  }
-
-  void layRecord(const Boundary& boundary) {
-    const auto record = static_cast<int>(result.records.size());
-    result.records.push_back({});
-    for (const Input& input : boundary.type->inputs) layInput(boundary, input, record);
-    for (const Modification& modification : boundary.type->modifications) {
-      result.modifications.push_back({modification, {boundary.string, boundary.receiving}, record});
-    }
-  }
-
-  template <class... Parts>
-  [[noreturn]] void refuse(const Boundary& boundary, const EdgeString& string,
-                           const Parts&... parts) const {
-    refuseStudy(study.file, "<", boundary.path, "> of type <", boundary.type->name, ">: string <",
-                string.name, "> ", parts...);
-  }
-
-  std::string edgeText(int edge) const {
-    const auto [a, b] = topology.edgeNodes[index(edge)];
-    const auto [low, high] = std::minmax(mesh.nodes[index(a)].id, mesh.nodes[index(b)].id);
-    return common::console::text("the edge between nodes ", low, " and ", high);
-  }
-
-  /// The record of the boundary must be the next one.
-  void layEdges(const Boundary& boundary, int number, int code, bool isInflow,
-                BoundaryEdges& edges) {
-    EdgeString& string = strings[index(number)];
-    requirePlace(boundary, string);
-    const int sense = isInflow ? -1 : 1;
-    const bool isInside = boundary.type->place == Place::Inside;
-    if (!isInside && !isFaced[index(number)]) {
-      face(boundary, string, sense);
-      isFaced[index(number)] = true;
-    }
-    for (std::size_t k = 0; k < string.edges.size(); ++k) {
-      int& owner = ownerOf[index(string.edges[k])];
-      if (owner >= 0) {
-        refuse(boundary, string, "has ", edgeText(string.edges[k]),
-               " in common with the boundary on string <", strings[index(owner)].name, ">");
-      }
-      owner = number;
-      edges.edges.push_back(string.edges[k]);
-      edges.types.push_back({code, isInside ? string.signs[k] : sense});
-      edges.recordOf.push_back(static_cast<int>(result.records.size()));
-    }
-  }
-
-  void requirePlace(const Boundary& boundary, const EdgeString& string) const {
-    const bool mustBeInside = boundary.type->place == Place::Inside;
-    for (const int edge : string.edges) {
-      if (topology.isBoundary(index(edge)) != mustBeInside) continue;
-      if (mustBeInside) {
-        refuse(boundary, string, "must run through the mesh, but ", edgeText(edge),
-               " is on its boundary");
-      }
-      refuse(boundary, string, "must run along the boundary of the mesh, but ", edgeText(edge),
-             " is inside");
-    }
-  }
-
-  /// At the boundary the cell is the left one of its edge, so that a sign of 1 counts what leaves.
-  void face(const Boundary& boundary, EdgeString& string, int sign) const {
-    if (string.signs.front() != sign) reverse(string, topology);
-    for (std::size_t k = 0; k < string.edges.size(); ++k) {
-      if (string.signs[k] != sign) {
-        refuse(boundary, string, "has the domain on its left and on its right, see ",
-               edgeText(string.edges[k]), ": divide it there");
-      }
-    }
-  }
-
-  void layInput(const Boundary& boundary, const Input& input, int record) {
-    const auto file = boundary.files.find(input.key);
-    if (file == boundary.files.end()) {
-      result.records[index(record)][index(input.position)] =
-          boundary.values.at(input.key) * factorOf(input.scale);
-      return;
-    }
-    const int number = series.add(file->second, factorOf(input.scale));
-    for (const auto& [x, y] : series.at(number).points) {
-      if (isWithin(y, input.bound)) continue;
-      refuseStudy(study.file, "key <", boundary.path, "/", input.key, "_file>: ", input.key,
-                  " must be ", describe(input.bound), ", but is ", y, " at ", x, " in <",
-                  file->second, ">");
-    }
-    const bool isOfReceiving = boundary.lookup == Lookup::ReceivingLevel;
-    result.interpolations.push_back({number, isOfReceiving ? boundary.receiving : boundary.string,
-                                     record, keyOf(boundary.lookup), input.position});
-  }
-
-  double factorOf(Scale scale) const {
-    switch (scale) {
-      // clang-format off
-      case Scale::One:          return 1.0;
-      case Scale::MinusOne:     return -1.0;
-      case Scale::Uncalibrated: return 1.0 / study.morphology->bedload.factor;
-        // clang-format on
-    }
-    return 1.0;
-  }
-
-  const Study& study;
-  const Mesh& mesh;
-  const Topology& topology;
-  std::vector<EdgeString>& strings;
-  SeriesList& series;
-  std::vector<bool> isFaced;  ///< per string, whether a boundary has given it its direction
-  std::vector<int> ownerOf;   ///< per edge the string whose boundary of the list has it, -1: none
-  EdgeBoundaries result;
 };
 
 }  // namespace
 
 std::vector<Boundary> readBoundaries(const StudyGroup& group,
-                                     const std::vector<BoundaryType>& types, const Study& study) {
+                                     const std::vector<BoundaryType>& types,
+                                     const std::vector<StringDefinition>& strings,
+                                     bool hasFriction) {
   std::vector<Boundary> boundaries;
-  std::set<int> used;
+  std::set<std::string> used;
   for (const StudyGroup& item : group.groups("BOUNDARY")) {
-    const Boundary boundary = BoundaryReader(item, types, study).read();
-    std::vector<int> strings{boundary.string};
-    if (boundary.type->place == Place::Link) strings.push_back(boundary.receiving);
-    for (const int string : strings) {
+    const Boundary boundary = BoundaryReader(item, types, strings, hasFriction).read();
+    std::vector<const char*> keys{"string"};
+    if (boundary.type->place == Place::Link) keys.push_back("to");
+    for (const char* key : keys) {
+      const auto string = item[key].get<std::string>();
       if (used.insert(string).second) continue;
-      item.refuse("uses the string <", study.strings[index(string)].name,
-                  "> a second time, a string has one boundary");
+      item.refuse("uses the string <", string, "> a second time, a string has one boundary");
     }
     boundaries.push_back(boundary);
   }
   return boundaries;
 }
 
-EdgeBoundaries layBoundaries(const Study& study, const Mesh& mesh, const Topology& topology,
-                             std::vector<EdgeString>& strings, SeriesList& series) {
-  return BoundaryLayer(study, mesh, topology, strings, series).lay();
+bool isWithin(double value, Bound bound) {
+  switch (bound) {
+    // clang-format off
+    case Bound::Any:         return true;
+    case Bound::NotNegative: return value >= 0.0;
+    case Bound::Positive:    return value > 0.0;
+      // clang-format on
+  }
+  return false;
+}
+
+const char* describe(Bound bound) {
+  return bound == Bound::Positive ? "greater than 0" : "at least 0";
 }
 
 }  // namespace setup

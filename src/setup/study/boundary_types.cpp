@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "setup/domain/missing_value.h"
+#include "catalogue/Limits.h"
 
 namespace setup {
 
@@ -12,18 +12,24 @@ namespace {
 using enum Place;
 using enum Takes;
 using enum Bound;
+using enum Scale;
+using enum model::HydBoundaryCode;
+using enum model::EdgeModificationCode;
+using model::MorBoundaryCode;
 
 constexpr bool IN = true;
 constexpr bool OUT = false;
 constexpr bool FRICTION = true;
 constexpr bool NO_FRICTION = false;
 
-constexpr double NEVER = MISSING_VALUE;
+constexpr double NEVER = model::MISSING_VALUE;
 const std::optional<double> REQUIRED = std::nullopt;
+const std::optional<BoundaryCode> NONE = std::nullopt;
 
 const std::vector<Lookup> TIME = {Lookup::Time};
 const std::vector<Lookup> CURVE = {Lookup::Level, Lookup::Depth};
 const std::vector<Lookup> CONTROL = {Lookup::Time, Lookup::Discharge};
+const std::vector<Lookup> RATING = {Lookup::Time, Lookup::Discharge, Lookup::Depth, Lookup::Level};
 const std::vector<Lookup> LINKED = {Lookup::ReceivingLevel, Lookup::Time, Lookup::Discharge};
 
 // clang-format off
@@ -60,40 +66,67 @@ std::vector<Input> operator+(std::vector<Input> inputs, const Input& further) {
 const Input SLOPE  = {"slope",  1, Value, Positive,    REQUIRED};
 const Input FROUDE = {"froude", 1, Value, NotNegative, 1.0};
 
-// What the modifications write, with the positions that they read:
-//   1 over the length of the string, 2 over the length of the second string, 3 weir velocity,
-//   4 over the wetted area, 5 open from a time on, 8 switch over the wetted area,
-//   9 wetted area over the length of the second string, 16 discharge over that length
-const std::vector<BoundaryType> TYPES = {
-  // name                  place   code  second direction friction   series  inputs                                                               modifications
-  {"inflow",               Edge,   100,    0,  IN,  FRICTION,    TIME,    discharge(0) + SLOPE,                                                    {{1, 2, 0}}},
-  {"inflow_froude",        Edge,   102,    0,  IN,  NO_FRICTION, TIME,    discharge(0) + FROUDE,                                                   {{1, 2, 0}}},
-  {"normal_depth",         Edge,   104,    0,  OUT, FRICTION,    {},      {{"slope", 0, Value, Positive, REQUIRED}},                               {}},
-  {"weir",                 Edge,   106,    0,  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                                           {{3, 3, 0, 1, 2}}},
-  {"rating_curve",         Edge,   108,    0,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{4, 3, 0}}},
-  {"switched_outflow",     Edge,   108,    0,  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 4, 5}),      {{8, 3, 0, 1, 2, 4, 5}}},
-  {"outflow",              Edge,   110,    0,  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{4, 1, 0}}},
-  {"free_outflow",         Edge,   112,    0,  OUT, NO_FRICTION, {},      {},                                                                      {}},
-  {"level",                Edge,   114,    0,  OUT, NO_FRICTION, CONTROL, {{"level", 0, SeriesToo, Any, REQUIRED}, {"inflow", 1, Flag, Any, 1.0}}, {}},
-  {"inner_weir",           Inside, 216,    0,  OUT, NO_FRICTION, {},      weir(0, 2, 3),                                                           {{3, 1, 0, 2, 3}}},
-  {"inner_rating_curve",   Inside, 216,    0,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{4, 1, 0}}},
-  {"inner_discharge",      Inside, 216,    0,  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{4, 1, 0}}},
-  {"gate_by_time",         Inside, 218,    0,  OUT, NO_FRICTION, {},      {{"opens_at", 0, Value, Any, REQUIRED}},                                 {{5, 1, 0}}},
-  {"gate_by_series",       Inside, 218,    0,  OUT, NO_FRICTION, TIME,    {{"opening", 1, Series, Any, REQUIRED}},                                 {}},
-  {"gate_by_level",        Inside, 218,    0,  OUT, NO_FRICTION, {},      switched("opening", Any, -1.0, 1.0, {0, 2, 3, 4, 5}),                    {{8, 1, 0, 2, 3, 4, 5}}},
-  {"inner_wall",           Inside, 220,    0,  OUT, NO_FRICTION, {},      {},                                                                      {}},
-  {"linked_weir",          Link,   323,  322,  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                                           {{3, 3, 0, 1, 2}, {9, 4}}},
-  {"linked_rating_curve",  Link,   325,  324,  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{4, 3, 0}, {9, 4}}},
-  {"linked_discharge",     Link,   327,  326,  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{4, 1, 0}, {2, 2, 0}}},
-  {"linked_switch",        Link,   329,  328,  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 3, 4}),      {{8, 5, 0, 1, 2, 3, 4}, {9, 6}}},
-  {"linked_level",         Link,   331,  330,  OUT, NO_FRICTION, LINKED,  {{"level", 0, SeriesToo, Any, REQUIRED}},                                {{16, 1}}},
+const std::vector<BoundaryType> FLOW_TYPES = {
+  // name                 place   code                    second                 direction friction  series   inputs                                                                   modifications
+  {"inflow",              Edge,   InflowNormalDepth,      NONE,                  IN,  FRICTION,    TIME,    discharge(0) + SLOPE,                                                    {{OverLength, 2, {0}}}},
+  {"inflow_froude",       Edge,   InflowFroude,           NONE,                  IN,  NO_FRICTION, TIME,    discharge(0) + FROUDE,                                                   {{OverLength, 2, {0}}}},
+  {"normal_depth",        Edge,   OutflowNormalDepth,     NONE,                  OUT, FRICTION,    {},      {{"slope", 0, Value, Positive, REQUIRED}},                               {}},
+  {"weir",                Edge,   OutflowWeir,            NONE,                  OUT, NO_FRICTION, {},      weir(0, 1, 2),                                                           {{WeirVelocity, 3, {0, 1, 2}}}},
+  {"rating_curve",        Edge,   OutflowRatingCurve,     NONE,                  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{OverWettedArea, 3, {0}}}},
+  {"switched_outflow",    Edge,   OutflowRatingCurve,     NONE,                  OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 4, 5}),      {{Switch, 3, {0, 1, 2, 4, 5}}}},
+  {"outflow",             Edge,   OutflowDischarge,       NONE,                  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{OverWettedArea, 1, {0}}}},
+  {"free_outflow",        Edge,   OutflowFree,            NONE,                  OUT, NO_FRICTION, {},      {},                                                                      {}},
+  {"level",               Edge,   WaterLevel,             NONE,                  OUT, NO_FRICTION, CONTROL, {{"level", 0, SeriesToo, Any, REQUIRED}, {"inflow", 1, Flag, Any, 1.0}}, {}},
+  {"inner_weir",          Inside, InnerTransfer,          NONE,                  OUT, NO_FRICTION, {},      weir(0, 2, 3),                                                           {{WeirVelocity, 1, {0, 2, 3}}}},
+  {"inner_rating_curve",  Inside, InnerTransfer,          NONE,                  OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{OverWettedArea, 1, {0}}}},
+  {"inner_discharge",     Inside, InnerTransfer,          NONE,                  OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{OverWettedArea, 1, {0}}}},
+  {"gate_by_time",        Inside, InnerGate,              NONE,                  OUT, NO_FRICTION, {},      {{"opens_at", 0, Value, Any, REQUIRED}},                                 {{OpenFromTime, 1, {0}}}},
+  {"gate_by_series",      Inside, InnerGate,              NONE,                  OUT, NO_FRICTION, TIME,    {{"opening", 1, Series, Any, REQUIRED}},                                 {}},
+  {"gate_by_level",       Inside, InnerGate,              NONE,                  OUT, NO_FRICTION, {},      switched("opening", Any, -1.0, 1.0, {0, 2, 3, 4, 5}),                    {{Switch, 1, {0, 2, 3, 4, 5}}}},
+  {"inner_wall",          Inside, InnerWall,              NONE,                  OUT, NO_FRICTION, {},      {},                                                                      {}},
+  {"linked_weir",         Link,   LinkWeirOutflow,        LinkWeirInflow,        OUT, NO_FRICTION, {},      weir(0, 1, 2),                                                           {{WeirVelocity, 3, {0, 1, 2}}, {WettedAreaOverSecondLength, 4, {}}}},
+  {"linked_rating_curve", Link,   LinkRatingCurveOutflow, LinkRatingCurveInflow, OUT, NO_FRICTION, CURVE,   ratingCurve(0),                                                          {{OverWettedArea, 3, {0}}, {WettedAreaOverSecondLength, 4, {}}}},
+  {"linked_discharge",    Link,   LinkDischargeOutflow,   LinkDischargeInflow,   OUT, NO_FRICTION, TIME,    discharge(0),                                                            {{OverWettedArea, 1, {0}}, {OverSecondLength, 2, {0}}}},
+  {"linked_switch",       Link,   LinkSwitchOutflow,      LinkSwitchInflow,      OUT, NO_FRICTION, {},      switched("discharge", NotNegative, 0.0, REQUIRED, {0, 1, 2, 3, 4}),      {{Switch, 5, {0, 1, 2, 3, 4}}, {WettedAreaOverSecondLength, 6, {}}}},
+  {"linked_level",        Link,   LinkLevelOutflow,       LinkLevelInflow,       OUT, NO_FRICTION, LINKED,  {{"level", 0, SeriesToo, Any, REQUIRED}},                                {{DischargeOverSecondLength, 1, {}}}},
+};
+
+const Input ELEVATION = {"elevation", 0, SeriesToo, Any,         REQUIRED};
+const Input AMOUNT    = {"discharge", 0, SeriesToo, NotNegative, REQUIRED, Uncalibrated};
+const Input SHARE_IN  = {"share",     0, SeriesToo, NotNegative, 1.0};
+const Input SHARE_OUT = {"share",     0, SeriesToo, NotNegative, 1.0,      MinusOne};
+
+/// A given amount that leaves is one that comes in, negative by a share of -1.
+const std::vector<Input> LOSS = {{"",          0, Nothing,   Any,         -1.0},
+                                 {"discharge", 2, SeriesToo, NotNegative, REQUIRED, Uncalibrated}};
+
+const std::vector<BoundaryType> BED_TYPES = {
+  // name                            place code                                   second direction friction series  inputs       modifications
+  {"lowest_bed",                     Edge, MorBoundaryCode::LowestBed,            NONE, IN,  NO_FRICTION, TIME,     {ELEVATION}, {}},
+  {"highest_bed",                    Edge, MorBoundaryCode::HighestBed,           NONE, OUT, NO_FRICTION, TIME,     {ELEVATION}, {}},
+  {"inflow",                         Edge, MorBoundaryCode::Inflow,               NONE, IN,  NO_FRICTION, RATING,   {AMOUNT},    {{BedloadOverLength, 1, {0}}}},
+  {"inflow_by_depth",                Edge, MorBoundaryCode::InflowByDepth,        NONE, IN,  NO_FRICTION, RATING,   {AMOUNT},    {{BedloadOverWettedArea, 1, {0}}}},
+  {"inflow_by_conveyance",           Edge, MorBoundaryCode::InflowByConveyance,   NONE, IN,  FRICTION,    RATING,   {AMOUNT},    {{BedloadOverConveyance, 1, {0}}}},
+  {"capacity_inflow",                Edge, MorBoundaryCode::Capacity,             NONE, IN,  NO_FRICTION, RATING,   {SHARE_IN},  {{CapacityOverLength, 1, {}}}},
+  {"capacity_outflow",               Edge, MorBoundaryCode::Capacity,             NONE, OUT, NO_FRICTION, RATING,   {SHARE_OUT}, {{CapacityOverLength, 1, {}}}},
+  {"outflow",                        Edge, MorBoundaryCode::Capacity,             NONE, OUT, NO_FRICTION, RATING,   LOSS,        {{BedloadOverLength, 1, {2}}}},
+  {"capacity_inflow_by_depth",       Edge, MorBoundaryCode::CapacityByDepth,      NONE, IN,  NO_FRICTION, RATING,   {SHARE_IN},  {{CapacityOverWettedArea, 1, {}}}},
+  {"capacity_outflow_by_depth",      Edge, MorBoundaryCode::CapacityByDepth,      NONE, OUT, NO_FRICTION, RATING,   {SHARE_OUT}, {{CapacityOverWettedArea, 1, {}}}},
+  {"outflow_by_depth",               Edge, MorBoundaryCode::CapacityByDepth,      NONE, OUT, NO_FRICTION, RATING,   LOSS,        {{BedloadOverWettedArea, 1, {2}}}},
+  {"capacity_inflow_by_conveyance",  Edge, MorBoundaryCode::CapacityByConveyance, NONE, IN,  FRICTION,    RATING,   {SHARE_IN},  {{CapacityOverConveyance, 1, {}}}},
+  {"capacity_outflow_by_conveyance", Edge, MorBoundaryCode::CapacityByConveyance, NONE, OUT, FRICTION,    RATING,   {SHARE_OUT}, {{CapacityOverConveyance, 1, {}}}},
+  {"outflow_by_conveyance",          Edge, MorBoundaryCode::CapacityByConveyance, NONE, OUT, FRICTION,    RATING,   LOSS,        {{BedloadOverConveyance, 1, {2}}}},
 };
 // clang-format on
 
 }  // namespace
 
 const std::vector<BoundaryType>& boundaryTypes() {
-  return TYPES;
+  return FLOW_TYPES;
+}
+
+const std::vector<BoundaryType>& bedBoundaryTypes() {
+  return BED_TYPES;
 }
 
 const BoundaryType& typeNamed(const std::string& name, const std::vector<BoundaryType>& types) {
@@ -116,17 +149,22 @@ std::string nameOf(Lookup lookup) {
   return "";
 }
 
-int keyOf(Lookup lookup) {
+model::InterpolationKey keyOf(Lookup lookup) {
+  using enum model::InterpolationKey;
   switch (lookup) {
     // clang-format off
-    case Lookup::Time:           return 0;
-    case Lookup::Depth:          return 1;
-    case Lookup::Level:          return 2;
-    case Lookup::Discharge:      return 3;
-    case Lookup::ReceivingLevel: return 2;
+    case Lookup::Time:           return Time;
+    case Lookup::Depth:          return Depth;
+    case Lookup::Level:          return WaterLevel;
+    case Lookup::Discharge:      return Discharge;
+    case Lookup::ReceivingLevel: return WaterLevel;
       // clang-format on
   }
-  return 0;
+  return Time;
+}
+
+int numberOf(const BoundaryCode& code) {
+  return std::visit([](auto known) { return static_cast<int>(known); }, code);
 }
 
 }  // namespace setup

@@ -1,16 +1,21 @@
-// The boundaries of the flow under the names that a study gives them: which code each becomes in
-// the run file, which values and series it takes, and what is made of them in every step. Those of
-// the bed load are in bed_boundary_types.h.
+// The boundaries of the flow and of the bed load under the names that a study gives them: which
+// code each becomes in the run file, which values and series it takes, and what is made of them in
+// every step. The two tables and those in docs/setup.md say the same.
 //
 // Every boundary has a record of 7 values. Its inputs are written into this record, once or by the
 // lookup of a series in every step; its modifications then make of them what the flux needs, such
-// as a velocity of a discharge. This table and that in docs/setup.md say the same.
+// as a velocity of a discharge. Amounts of bed load are volumes of grains without pores; those that
+// a study gives are kept from the calibration factor of the bed load, shares of the capacity are
+// not.
 #pragma once
 
 #include <array>
 #include <optional>
 #include <string>
+#include <variant>
 #include <vector>
+
+#include "catalogue/Codes.h"
 
 namespace setup {
 
@@ -57,15 +62,21 @@ struct Input {
   Scale scale = Scale::One;
 };
 
-/// Type, write position and up to five read positions, as the run file has them.
-using Modification = std::array<int, 7>;
+/// What a modification does, with positions in the record.
+struct Modification {
+  model::EdgeModificationCode type;
+  int target;                  ///< that is written
+  std::array<int, 5> sources;  ///< that are read; as many as the type needs
+};
+
+using BoundaryCode = std::variant<model::HydBoundaryCode, model::MorBoundaryCode>;
 
 struct BoundaryType {
   std::string name;
   Place place;
-  int code;
-  int receivingCode;  ///< code at the second string of a link, otherwise 0
-  bool isInflow;      ///< whether water comes in at the (first) string
+  BoundaryCode code;
+  std::optional<BoundaryCode> receivingCode;  ///< at the second string of a link
+  bool isInflow;                              ///< whether water comes in at the (first) string
   bool needsFriction;
   std::vector<Lookup>
       lookups;  ///< by which a series may be looked up, the first if nothing is said
@@ -73,8 +84,9 @@ struct BoundaryType {
   std::vector<Modification> modifications;  ///< in the order in which they apply
 };
 
-/// In the order of their codes.
+/// Those of the flow, and those of the bed load, in the order of their codes.
 const std::vector<BoundaryType>& boundaryTypes();
+const std::vector<BoundaryType>& bedBoundaryTypes();
 
 /// The type of a name in one of the tables.
 /// @throws std::out_of_range for an unknown name
@@ -83,7 +95,10 @@ const BoundaryType& typeNamed(const std::string& name, const std::vector<Boundar
 /// The name under which a study asks for a lookup.
 std::string nameOf(Lookup lookup);
 
-/// The key of a lookup in the run file.
-int keyOf(Lookup lookup);
+/// What stands for a lookup in the run file.
+model::InterpolationKey keyOf(Lookup lookup);
+
+/// The number of a code in the run file.
+int numberOf(const BoundaryCode& code);
 
 }  // namespace setup

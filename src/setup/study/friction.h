@@ -1,17 +1,14 @@
-// Bed friction: the roughness closure of a study and its value in each cell.
+// Bed friction: the roughness closure of a study and the values that it gives.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
-#include "setup/mesh/Geometry.h"
-#include "setup/mesh/Mesh.h"
+#include "catalogue/Codes.h"
 #include "setup/study/Area.h"
 
 namespace setup {
-
-struct Study;
-class StudyGroup;
 
 struct FrictionZone {
   Area area;
@@ -19,7 +16,7 @@ struct FrictionZone {
 };
 
 struct Friction {
-  int type = 0;        ///< the closure's number in the run file
+  model::FrictionCode closure = model::FrictionCode::Manning;
   double value = 0.0;  ///< where no zone says otherwise, in the unit of the closure
   std::vector<FrictionZone> zones;
 };
@@ -27,16 +24,13 @@ struct Friction {
 /// A roughness closure under the name that a study gives it.
 struct FrictionClosure {
   std::string name;
-  int type;
+  model::FrictionCode code;
 };
 
 const std::vector<FrictionClosure>& frictionClosures();
 
-/// Reads the group FRICTION, if the study has one; its regions must be known.
-void readFriction(const StudyGroup& hydraulics, Study& study);
-
-/// The friction value of each cell; a later zone replaces an earlier one. Empty without friction.
-/// @throws BaseException for an area without cells
-std::vector<double> cellFriction(const Study& study, const Mesh& mesh, const Geometry& geometry);
+/// Reads the group FRICTION of the group HYDRAULICS; none if there is no such group.
+std::optional<Friction> readFriction(const StudyGroup& hydraulics,
+                                     const std::vector<Region>& regions);
 
 }  // namespace setup

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "setup/domain/fixed_bed.h"
 #include "setup/study/bed_material.h"
 #include "setup/study/bedload.h"
 #include "setup/study/boundaries.h"
@@ -13,19 +12,16 @@
 
 namespace setup {
 
-struct Study;
-class StudyGroup;
-
 /// How the slope of the bed changes the critical value of the bed load.
 struct SlopeCorrection {
   std::string name;
-  int type;  ///< its number in the run file
+  model::SlopeCorrectionCode code;
 };
 
 const std::vector<SlopeCorrection>& slopeCorrections();
 
 struct IncipientMotion {
-  int type = 0;                ///< number of the slope correction
+  model::SlopeCorrectionCode correction = model::SlopeCorrectionCode::VanRijn;
   double angleOfRepose = 0.0;  ///< [rad]
 };
 
@@ -39,8 +35,17 @@ struct Morphology {
   std::vector<Source> sources;
 };
 
-/// Reads the group MORPHOLOGY, if the plane has one, into a study that is complete otherwise.
+/// What the moving bed needs to know of the rest of the study.
+struct BedSurroundings {
+  const std::vector<Region>& regions;
+  const std::vector<StringDefinition>& strings;
+  double gravity;  ///< [m/s2]
+  bool hasFriction;
+};
+
+/// Reads the group MORPHOLOGY of the plane; none if there is no such group.
 /// @throws BaseException for what its parts refuse
-void readMorphology(const StudyGroup& plane, Study& study);
+std::optional<Morphology> readMorphology(const StudyGroup& plane,
+                                         const BedSurroundings& surroundings);
 
 }  // namespace setup

@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "setup/faults.h"
 #include "setup/meshes.h"
 
 using ::testing::DoubleEq;
@@ -34,10 +33,6 @@ class InitialState : public ::testing::Test {
     return area;
   }
 
-  std::vector<int> cellsOf(const setup::Area& area) const {
-    return setup::cellsOf(area, study, mesh, geometry);
-  }
-
   std::vector<std::array<double, 3>> flow() const {
     return setup::initialFlow(study, mesh, geometry, {0.3, 0.5});
   }
@@ -48,31 +43,6 @@ class InitialState : public ::testing::Test {
 };
 
 }  // namespace
-
-TEST_F(InitialState, anAreaHoldsTheCellsWithTheirCentroidInTheBox) {
-  EXPECT_THAT(cellsOf(box(0, 0, 2, 2)), ElementsAre(0, 1));
-  EXPECT_THAT(cellsOf(box(1, 0, 2, 1)), ElementsAre(0));
-}
-
-TEST_F(InitialState, anAreaHoldsTheCellsOfTheRegion) {
-  EXPECT_THAT(cellsOf(region(2)), ElementsAre(1));
-}
-
-TEST_F(InitialState, anAreaHoldsTheCellsThatAreInBoxAndRegion) {
-  setup::Area area = box(0, 0, 2, 2);
-  area.region = setup::Region{1, "r"};
-  EXPECT_THAT(cellsOf(area), ElementsAre(0));
-}
-
-TEST_F(InitialState, refusesAnAreaWithoutACell) {
-  EXPECT_EQ(faults::messageOf([this] { cellsOf(box(5, 5, 6, 6)); }),
-            "study file <s.json>: <ZONES[0]> holds no cell of the mesh");
-}
-
-TEST_F(InitialState, refusesARegionThatTheMeshDoesNotHave) {
-  EXPECT_EQ(faults::messageOf([this] { cellsOf(region(7)); }),
-            "study file <s.json>: region <r> has the index 7, but the mesh has the materials 1, 2");
-}
 
 TEST_F(InitialState, bedIsTheMeanOfTheNodes) {
   EXPECT_THAT(setup::cellBeds(study, mesh, geometry), ElementsAre(DoubleEq(0.3), DoubleEq(0.5)));

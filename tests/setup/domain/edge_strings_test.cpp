@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "setup/StudyFolder.h"
-#include "setup/mesh/position.h"
+#include "setup/mesh/Mesh.h"
 
 using setup::index;
 using ::testing::Each;

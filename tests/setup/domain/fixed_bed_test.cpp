@@ -1,10 +1,10 @@
-#include "setup/domain/fixed_bed.h"
+#include "setup/domain/cell_values.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "setup/MovingBed.h"
-#include "setup/mesh/position.h"
+#include "setup/mesh/Mesh.h"
 
 using ::testing::Each;
 using ::testing::IsEmpty;

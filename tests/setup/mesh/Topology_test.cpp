@@ -6,7 +6,7 @@
 #include <set>
 
 #include "setup/faults.h"
-#include "setup/mesh/position.h"
+#include "setup/mesh/Mesh.h"
 #include "setup/meshes.h"
 
 using setup::index;

@@ -1,4 +1,4 @@
-#include "setup/mesh/numbering.h"
+#include "setup/mesh/tidying.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -28,6 +28,18 @@ TEST(Numbering, aRowOfCellsIsNumberedFromEndToEnd) {
   // 2 - 0 - 3 - 1
   const std::vector<int> order = setup::cuthillMcKee({{2, 3, 0}, {3, 1, 1}, {0, 2, 2}, {0, 1, 3}});
   EXPECT_THAT(order, ::testing::AnyOf(ElementsAre(2, 0, 3, 1), ElementsAre(1, 3, 0, 2)));
+}
+
+TEST(Numbering, ofTheNeighboursOfACellThatWithTheFewestComesFirst) {
+  // 0 - 2, and the triangle 1 - 2 - 3; from 1 on, 3 has fewer neighbours than 2
+  EXPECT_THAT(setup::cuthillMcKee({{2, 0, 0}, {3, 2, 1}, {0, 3, 1}, {2, 1, 3}}),
+              ElementsAre(0, 2, 1, 3));
+}
+
+TEST(Numbering, beginsAtTheCellOfTheLastFrontThatHasTheFewestNeighbours) {
+  // Fronts around 0: 1 and 2, then 3 with three neighbours and 4 with one.
+  EXPECT_THAT(setup::cuthillMcKee({{2, 1, 0}, {0, 3, 1}, {0, 4, 3}, {2, 1, 3}, {2, 4, 4}}),
+              ElementsAre(4, 2, 3, 0, 1));
 }
 
 TEST(Numbering, everyCellGetsOneNumber) {

@@ -1,4 +1,4 @@
-#include "setup/runfile/parameters.h"
+#include "setup/runfile/contents.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -30,7 +30,7 @@ TEST(Parameters, theBedOfAHydraulicRunNeverStartsToMove) {
 TEST(Parameters, frictionIsOnWhereTheStudyHasAClosure) {
   setup::Study study;
   EXPECT_THAT(setup::parameterValue(FrictionOn, study), VariantWith<int>(0));
-  study.friction = setup::Friction{3, 0.05, {}};
+  study.friction = setup::Friction{model::FrictionCode::SandRoughness, 0.05, {}};
   EXPECT_THAT(setup::parameterValue(FrictionOn, study), VariantWith<int>(1));
   EXPECT_THAT(setup::parameterValue(FrictionType, study), VariantWith<int>(3));
 }
@@ -46,9 +46,9 @@ TEST(Parameters, thoseOfTheBedComeFromTheStudy) {
   bed.material.porosity = 0.3;
   bed.material.density = 2600.0;
   bed.material.waterDensity = 998.0;
-  bed.bedload = {setup::BedloadForm::Grass, 0.01, 3.0, 0.4, 0.5, 0.6, {}};
+  bed.bedload = {model::BedloadCode::Grass, 0.01, 3.0, 0.4, 0.5, 0.6, {}};
   bed.fixedBed = setup::FixedBed{0.02, 7, {}};
-  bed.incipientMotion = setup::IncipientMotion{2, 0.7};
+  bed.incipientMotion = setup::IncipientMotion{model::SlopeCorrectionCode::Chen, 0.7};
   const auto expectReal = [&study](model::ParameterID id, double value) {
     EXPECT_THAT(setup::parameterValue(id, study), VariantWith<double>(value));
   };

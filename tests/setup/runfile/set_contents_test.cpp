@@ -8,7 +8,7 @@
 #include "catalogue/Relations.h"
 #include "model/Factory.h"
 #include "model/Model.h"
-#include "setup/mesh/position.h"
+#include "setup/mesh/Mesh.h"
 #include "setup/meshes.h"
 #include "setup/runfile/contents.h"
 

@@ -1,9 +1,11 @@
-#include "setup/study/bed_boundary_types.h"
+#include "setup/study/boundary_types.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>
+
+#include "setup/codes.h"
 
 using setup::BoundaryType;
 using setup::Input;
@@ -25,7 +27,8 @@ bool readsTheRecord(int modification) {
 
 TEST(BedBoundaryTable, givesANameToEveryCode) {
   std::set<int> codes;
-  for (const BoundaryType& type : setup::bedBoundaryTypes()) codes.insert(type.code);
+  for (const BoundaryType& type : setup::bedBoundaryTypes())
+    codes.insert(setup::numberOf(type.code));
   EXPECT_THAT(codes, ElementsAre(400, 402, 404, 406, 408, 410, 412, 414));
 }
 
@@ -34,7 +37,7 @@ TEST(BedBoundaryTable, namesStandOnce) {
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
     EXPECT_TRUE(names.insert(type.name).second) << type.name;
     EXPECT_EQ(type.place, setup::Place::Edge);
-    EXPECT_EQ(type.receivingCode, 0);
+    EXPECT_FALSE(type.receivingCode);
   }
 }
 
@@ -43,12 +46,12 @@ TEST(BedBoundaryTable, whatTheFluxReadsIsWrittenOnceAndBeforeItIsRead) {
     std::set<int> written;
     for (const Input& input : type.inputs) EXPECT_TRUE(written.insert(input.position).second);
     for (const setup::Modification& entry : type.modifications) {
-      if (readsTheRecord(entry[0])) {
-        EXPECT_EQ(written.count(entry[2]), 1U) << type.name;
+      if (readsTheRecord(codes::numberOf(entry.type))) {
+        EXPECT_EQ(written.count(entry.sources[0]), 1U) << type.name;
       }
-      EXPECT_TRUE(written.insert(entry[1]).second) << type.name;
+      EXPECT_TRUE(written.insert(entry.target).second) << type.name;
     }
-    for (const int position : usesOf(type.code)) {
+    for (const int position : usesOf(setup::numberOf(type.code))) {
       EXPECT_EQ(written.count(position), 1U) << type.name << ", position " << position;
     }
   }
@@ -57,14 +60,16 @@ TEST(BedBoundaryTable, whatTheFluxReadsIsWrittenOnceAndBeforeItIsRead) {
 TEST(BedBoundaryTable, onlyTheConveyanceNeedsFriction) {
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
     EXPECT_EQ(type.needsFriction, type.name.ends_with("_by_conveyance")) << type.name;
-    EXPECT_EQ(type.needsFriction, type.code == 408 || type.code == 414) << type.name;
+    EXPECT_EQ(type.needsFriction,
+              setup::numberOf(type.code) == 408 || setup::numberOf(type.code) == 414)
+        << type.name;
   }
 }
 
 TEST(BedBoundaryTable, theWeightOfTheCodeIsThatOfTheModification) {
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
-    if (type.code <= 402) continue;
-    const int modification = type.modifications.at(0)[0];
-    EXPECT_EQ((modification - 10) % 3, (type.code - 404) / 2 % 3) << type.name;
+    if (setup::numberOf(type.code) <= 402) continue;
+    const int modification = codes::numberOf(type.modifications.at(0).type);
+    EXPECT_EQ((modification - 10) % 3, (setup::numberOf(type.code) - 404) / 2 % 3) << type.name;
   }
 }

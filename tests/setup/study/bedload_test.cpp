@@ -8,7 +8,7 @@
 
 #include "setup/MovingBed.h"
 
-using setup::BedloadForm;
+using model::BedloadCode;
 using setup::BedloadFormula;
 
 namespace {
@@ -46,16 +46,10 @@ TEST(BedloadFormulas, namesStandOnce) {
   }
 }
 
-TEST(BedloadFormulas, formsHaveTheNumbersOfTheRunFile) {
-  EXPECT_EQ(static_cast<int>(BedloadForm::Mpm), 1);
-  EXPECT_EQ(static_cast<int>(BedloadForm::Grass), 3);
-  EXPECT_EQ(static_cast<int>(BedloadForm::PowerLaw), 4);
-}
-
 TEST_F(Bedload, formulasBringTheCoefficientsOfTheirLiterature) {
   const auto check = [this](const std::string& type, double A, double B, double critical) {
     const setup::Bedload found = readFormula(R"("type": ")" + type + "\"");
-    EXPECT_EQ(found.form, BedloadForm::Mpm) << type;
+    EXPECT_EQ(found.form, BedloadCode::MeyerPeterMueller) << type;
     EXPECT_EQ(found.coefficient, A) << type;
     EXPECT_EQ(found.exponent, B) << type;
     EXPECT_EQ(found.critical, critical) << type;
@@ -83,7 +77,7 @@ TEST_F(Bedload, coefficientsCanBeThoseOfTheUser) {
   EXPECT_EQ(mpm.critical, 0.0);
   const setup::Bedload grass =
       readFormula(R"("type": "grass_1981", "coefficient": 0.01, "critical_velocity": 0.3)");
-  EXPECT_EQ(grass.form, BedloadForm::Grass);
+  EXPECT_EQ(grass.form, BedloadCode::Grass);
   EXPECT_EQ(grass.coefficient, 0.01);
   EXPECT_EQ(grass.exponent, 3.0);
   EXPECT_EQ(grass.critical, 0.3);
@@ -91,7 +85,7 @@ TEST_F(Bedload, coefficientsCanBeThoseOfTheUser) {
 
 TEST_F(Bedload, engelundAndHansenBecomesAPowerOfTheVelocity) {
   const setup::Bedload found = readFormula(R"("type": "engelund_hansen_1967", "chezy": 15)");
-  EXPECT_EQ(found.form, BedloadForm::Grass);
+  EXPECT_EQ(found.form, BedloadCode::Grass);
   EXPECT_EQ(found.exponent, 5.0);
   EXPECT_EQ(found.critical, 0.0);
   // With C^2 = 225, s = 1.65, d = 0.002 m: phi = 0.05 C^2 t^2.5 at u = 1 m/s.
@@ -101,7 +95,7 @@ TEST_F(Bedload, engelundAndHansenBecomesAPowerOfTheVelocity) {
 }
 
 TEST_F(Bedload, thePowerLawTakesAFactorOnly) {
-  EXPECT_EQ(readFormula(R"("type": "power_law", "factor": 3)").form, BedloadForm::PowerLaw);
+  EXPECT_EQ(readFormula(R"("type": "power_law", "factor": 3)").form, BedloadCode::PowerLaw);
   EXPECT_EQ(refusalOf(R"("type": "power_law", "critical_shields": 0.05)"),
             "<power_law> does not take the key critical_shields, but these: type, factor");
 }

@@ -5,11 +5,10 @@
 
 #include <set>
 
-#include "setup/mesh/position.h"
+#include "setup/codes.h"
 
 using setup::BoundaryType;
 using setup::boundaryTypes;
-using setup::index;
 using setup::Input;
 using ::testing::ElementsAre;
 
@@ -49,7 +48,9 @@ std::set<int> usesOf(int code) {
 
 TEST(BoundaryTable, givesANameToEveryHydraulicCode) {
   std::set<int> codes;
-  for (const BoundaryType& type : boundaryTypes()) codes.insert({type.code, type.receivingCode});
+  for (const BoundaryType& type : boundaryTypes()) {
+    codes.insert({setup::numberOf(type.code), codes::numberOf(type.receivingCode)});
+  }
   codes.erase(0);
   EXPECT_THAT(codes, ElementsAre(100, 102, 104, 106, 108, 110, 112, 114, 216, 218, 220, 322, 323,
                                  324, 325, 326, 327, 328, 329, 330, 331));
@@ -71,10 +72,10 @@ TEST(BoundaryTable, everyPositionIsWrittenOnceAndBeforeItIsRead) {
       EXPECT_TRUE(written.insert(input.position).second) << type.name << " " << input.key;
     }
     for (const setup::Modification& modification : type.modifications) {
-      for (std::size_t k = 0; k < readsOf(modification[0]); ++k) {
-        EXPECT_EQ(written.count(modification[2 + k]), 1U) << type.name;
+      for (std::size_t k = 0; k < readsOf(codes::numberOf(modification.type)); ++k) {
+        EXPECT_EQ(written.count(modification.sources.at(k)), 1U) << type.name;
       }
-      EXPECT_TRUE(written.insert(modification[1]).second) << type.name;
+      EXPECT_TRUE(written.insert(modification.target).second) << type.name;
     }
     for (const int position : written) EXPECT_TRUE(position >= 0 && position < 7) << type.name;
   }
@@ -84,8 +85,8 @@ TEST(BoundaryTable, whatTheFluxReadsIsWritten) {
   for (const BoundaryType& type : boundaryTypes()) {
     std::set<int> written;
     for (const Input& input : type.inputs) written.insert(input.position);
-    for (const setup::Modification& entry : type.modifications) written.insert(entry[1]);
-    for (const int code : {type.code, type.receivingCode}) {
+    for (const setup::Modification& entry : type.modifications) written.insert(entry.target);
+    for (const int code : {setup::numberOf(type.code), codes::numberOf(type.receivingCode)}) {
       for (const int position : usesOf(code)) {
         EXPECT_EQ(written.count(position), 1U) << type.name << ", position " << position;
       }
@@ -95,15 +96,18 @@ TEST(BoundaryTable, whatTheFluxReadsIsWritten) {
 
 TEST(BoundaryTable, onlyLinksHaveASecondCode) {
   for (const BoundaryType& type : boundaryTypes()) {
-    EXPECT_EQ(type.receivingCode != 0, type.place == setup::Place::Link) << type.name;
-    EXPECT_EQ(type.code / 100 == 1, type.place == setup::Place::Edge) << type.name;
-    EXPECT_EQ(type.code / 100 == 2, type.place == setup::Place::Inside) << type.name;
+    EXPECT_EQ(type.receivingCode.has_value(), type.place == setup::Place::Link) << type.name;
+    EXPECT_EQ(setup::numberOf(type.code) / 100 == 1, type.place == setup::Place::Edge) << type.name;
+    EXPECT_EQ(setup::numberOf(type.code) / 100 == 2, type.place == setup::Place::Inside)
+        << type.name;
   }
 }
 
 TEST(BoundaryTable, onlyCodesThatUseANormalDepthNeedFriction) {
   for (const BoundaryType& type : boundaryTypes()) {
-    EXPECT_EQ(type.needsFriction, type.code == 100 || type.code == 104) << type.name;
+    EXPECT_EQ(type.needsFriction,
+              setup::numberOf(type.code) == 100 || setup::numberOf(type.code) == 104)
+        << type.name;
   }
 }
 
@@ -120,11 +124,12 @@ TEST(BoundaryTable, seriesCanBeLookedUpWhereThereAreSome) {
 }
 
 TEST(BoundaryTable, lookupsHaveTheKeysOfTheRunFile) {
+  using model::InterpolationKey;
   using setup::Lookup;
-  EXPECT_EQ(setup::keyOf(Lookup::Time), 0);
-  EXPECT_EQ(setup::keyOf(Lookup::Depth), 1);
-  EXPECT_EQ(setup::keyOf(Lookup::Level), 2);
-  EXPECT_EQ(setup::keyOf(Lookup::Discharge), 3);
-  EXPECT_EQ(setup::keyOf(Lookup::ReceivingLevel), 2);
+  EXPECT_EQ(setup::keyOf(Lookup::Time), InterpolationKey::Time);
+  EXPECT_EQ(setup::keyOf(Lookup::Depth), InterpolationKey::Depth);
+  EXPECT_EQ(setup::keyOf(Lookup::Level), InterpolationKey::WaterLevel);
+  EXPECT_EQ(setup::keyOf(Lookup::Discharge), InterpolationKey::Discharge);
+  EXPECT_EQ(setup::keyOf(Lookup::ReceivingLevel), InterpolationKey::WaterLevel);
   EXPECT_EQ(setup::nameOf(Lookup::ReceivingLevel), "receiving_level");
 }

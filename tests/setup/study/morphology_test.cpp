@@ -6,6 +6,7 @@
 #include <numbers>
 
 #include "setup/MovingBed.h"
+#include "setup/codes.h"
 
 using ::testing::Each;
 using ::testing::IsEmpty;
@@ -36,7 +37,7 @@ TEST_F(Morphology, slopeCorrectionsHaveTheNumbersOfTheRunFile) {
     const setup::IncipientMotion motion =
         read(R"("INCIPIENT_MOTION": {"angle_of_repose": 30, "type": ")" + std::string(name) + "\"}")
             .incipientMotion.value();
-    EXPECT_EQ(motion.type, type);
+    EXPECT_EQ(codes::numberOf(motion.correction), type);
     EXPECT_DOUBLE_EQ(motion.angleOfRepose, std::numbers::pi / 6.0);
   }
 }

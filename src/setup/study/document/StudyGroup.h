@@ -10,6 +10,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <nlohmann/json.hpp>
 #include <optional>
 #include <string>
@@ -22,12 +23,27 @@
 
 namespace setup {
 
+/// Prints the faults of a study with the name of its file in front.
+/// @throws BaseException always.
+template <class... Parts>
+[[noreturn]] void refuseStudy(const std::string& file, const Parts&... parts) {
+  common::console::fail("study file <", file, ">: ", parts...);
+}
+
+/// A list for a message: "a, b, c".
+template <class Items, class Name>
+std::string listOf(const Items& items, const Name& nameOf) {
+  std::string list;
+  for (const auto& item : items) list += (list.empty() ? "" : ", ") + nameOf(item);
+  return list;
+}
+
 class StudyGroup {
  public:
   /// The outermost group.
-  /// @param fileName the document's name, for messages
-  StudyGroup(const std::string& fileName, const nlohmann::json& document)
-      : StudyGroup(fileName, document, jsv::JsonPointer()) {}
+  /// @param newFile the document's name, for messages and to find other files from
+  StudyGroup(const std::string& newFile, const nlohmann::json& document)
+      : StudyGroup(newFile, document, jsv::JsonPointer()) {}
 
   /// A JSON pointer, "/SETUP/DOMAIN" for instance.
   std::string path() const { return jsv::toText(place); }
@@ -42,6 +58,13 @@ class StudyGroup {
   }
 
   const nlohmann::json& operator[](const char* key) const { return values->at(key); }
+
+  /// The file that the key names, as it can be opened from where the program runs: relative names
+  /// start from the folder of the study.
+  std::string fileName(const char* key) const {
+    return (std::filesystem::path(file).parent_path() / values->at(key).get<std::string>())
+        .string();
+  }
 
   /// The group of this name, which must be there.
   StudyGroup group(const char* key) const { return {file, values->at(key), place / key}; }
@@ -83,13 +106,12 @@ class StudyGroup {
   /// @throws BaseException always; so do the other two.
   template <class... Parts>
   [[noreturn]] void refuse(const Parts&... parts) const {
-    common::console::fail("study file <", file, ">: <", path(), "> ", parts...);
+    refuseStudy(file, "<", path(), "> ", parts...);
   }
 
   template <class... Parts>
   [[noreturn]] void refuseKey(const char* key, const Parts&... parts) const {
-    common::console::fail("study file <", file, ">: key <", jsv::toText(place / key), "> ",
-                          parts...);
+    refuseStudy(file, "key <", jsv::toText(place / key), "> ", parts...);
   }
 
   /// @param wanted what the value must be
@@ -98,8 +120,8 @@ class StudyGroup {
   }
 
  private:
-  StudyGroup(std::string fileName, const nlohmann::json& groupValues, jsv::JsonPointer groupPlace)
-      : file(std::move(fileName)), values(&groupValues), place(std::move(groupPlace)) {}
+  StudyGroup(std::string newFile, const nlohmann::json& newValues, jsv::JsonPointer newPlace)
+      : file(std::move(newFile)), values(&newValues), place(std::move(newPlace)) {}
 
   std::string file;
   const nlohmann::json* values;

@@ -196,19 +196,7 @@ inline constexpr const char* GEOMETRY_SCHEMA = R"json({
         "oneOf": [{"required": ["elevation"]}, {"required": ["raise"]}],
         "optional": ["region", "box", "gradient", "at"],
         "properties": {
-          "region": {
-            "description": "Where: the cells of this region.",
-            "type": "string",
-            "requiredIn": {
-              "$array_ref": "/SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/REGIONDEF",
-              "itemProperty": "name"
-            }
-          },
-          "box": {
-            "description": "Where: the cells with their centroid in this box, [xmin, ymin, xmax, ymax] in m.",
-            "type": "array",
-            "items": {"type": "number"}
-          },
+          <region and box>,
           "elevation": {
             "description": "The bed elevation in the zone in m.",
             "type": "number"

@@ -75,19 +75,7 @@ inline constexpr const char* HYDRAULICS_SCHEMA = R"json({
             "oneOf": [{"required": ["water_level"]}, {"required": ["water_depth"]}],
             "optional": ["region", "box", "velocity"],
             "properties": {
-              "region": {
-                "description": "Where: the cells of this region.",
-                "type": "string",
-                "requiredIn": {
-                  "$array_ref": "/SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/REGIONDEF",
-                  "itemProperty": "name"
-                }
-              },
-              "box": {
-                "description": "Where: the cells with their centroid in this box, [xmin, ymin, xmax, ymax] in m.",
-                "type": "array",
-                "items": {"type": "number"}
-              },
+              <region and box>,
               "water_level": {
                 "description": "Elevation of the water surface in m, or dry."
               },
@@ -132,19 +120,7 @@ inline constexpr const char* HYDRAULICS_SCHEMA = R"json({
             "required": ["value"],
             "optional": ["region", "box"],
             "properties": {
-              "region": {
-                "description": "Where: the cells of this region.",
-                "type": "string",
-                "requiredIn": {
-                  "$array_ref": "/SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/REGIONDEF",
-                  "itemProperty": "name"
-                }
-              },
-              "box": {
-                "description": "Where: the cells with their centroid in this box, [xmin, ymin, xmax, ymax] in m.",
-                "type": "array",
-                "items": {"type": "number"}
-              },
+              <region and box>,
               "value": {
                 "description": "The roughness in the zone, in the unit of the closure.",
                 "type": "number",

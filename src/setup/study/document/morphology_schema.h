@@ -63,19 +63,7 @@ inline constexpr const char* MORPHOLOGY_SCHEMA = R"json({
             "required": ["grain_size"],
             "optional": ["region", "box"],
             "properties": {
-              "region": {
-                "description": "Where: the cells of this region.",
-                "type": "string",
-                "requiredIn": {
-                  "$array_ref": "/SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/REGIONDEF",
-                  "itemProperty": "name"
-                }
-              },
-              "box": {
-                "description": "Where: the cells with their centroid in this box, [xmin, ymin, xmax, ymax] in m.",
-                "type": "array",
-                "items": {"type": "number"}
-              },
+              <region and box>,
               "grain_size": {
                 "description": "Median grain size in the zone in m.",
                 "type": "number",
@@ -114,19 +102,7 @@ inline constexpr const char* MORPHOLOGY_SCHEMA = R"json({
                 "oneOf": [{"required": ["elevation"]}, {"required": ["below_bed"]}],
                 "optional": ["region", "box"],
                 "properties": {
-                  "region": {
-                    "description": "Where: the cells of this region.",
-                    "type": "string",
-                    "requiredIn": {
-                      "$array_ref": "/SETUP/DOMAIN/RHEOPLANE_2D/GEOMETRY/REGIONDEF",
-                      "itemProperty": "name"
-                    }
-                  },
-                  "box": {
-                    "description": "Where: the cells with their centroid in this box, [xmin, ymin, xmax, ymax] in m.",
-                    "type": "array",
-                    "items": {"type": "number"}
-                  },
+                  <region and box>,
                   "elevation": {
                     "description": "Elevation of the fixed bed in m.",
                     "type": "number"

@@ -9,7 +9,6 @@
 #include "common/console.h"
 #include "jsv/StreamValidator.h"
 #include "jsv/annotations/Pointer.h"
-#include "setup/study/document/study_schema.h"
 #include "setup/study/document/text_files.h"
 
 namespace console = common::console;
@@ -24,7 +23,7 @@ class DoubleKeys {
  public:
   using Event = json::parse_event_t;
 
-  explicit DoubleKeys(const std::string& fileName) : file(fileName) {}
+  explicit DoubleKeys(const std::string& newFile) : file(newFile) {}
 
   void see(Event event, const json& item) {
     if (event == Event::key) {

@@ -1,4 +1,4 @@
-// Reads the JSON document of a study and checks it against the schema of study_schema.h.
+// Reads the JSON document of a study and checks it against its schema: what a user may write there.
 //
 //   const nlohmann::json document = readStudyDocument("study.json");
 //   document.at("SETUP").at("DOMAIN")...   // all required keys are there, and no unknown ones
@@ -14,5 +14,9 @@ namespace setup {
 /// @throws BaseException for a file that cannot be read or is not JSON, a key that stands twice in
 ///         one group, any report of the schema, and groups, lists and texts that are empty.
 nlohmann::json readStudyDocument(const std::string& file);
+
+/// The schema in the language that docs/schema.md describes. Its frame stands in study_schema.cpp,
+/// its large groups in geometry_schema.h, hydraulics_schema.h and morphology_schema.h.
+const std::string& studySchema();
 
 }  // namespace setup

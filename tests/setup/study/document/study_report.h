@@ -6,7 +6,7 @@
 #include <string>
 
 #include "jsv/StreamValidator.h"
-#include "setup/study/document/study_schema.h"
+#include "setup/study/document/study_document.h"
 
 namespace studies {
 

@@ -1,4 +1,4 @@
-#include "setup/study/document/study_schema.h"
+#include "setup/study/document/study_document.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include "catalogue/Aggregates.h"
 #include "setup/studies.h"
 #include "setup/study/Study.h"
-#include "setup/study/bed_boundary_types.h"
+#include "setup/study/boundary_types.h"
 #include "setup/study/document/study_report.h"
 #include "support/Process.h"
 

@@ -3,8 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "setup/MovingBed.h"
-#include "setup/mesh/position.h"
-#include "setup/runfile/sets/sets.h"
+#include "setup/codes.h"
+#include "setup/mesh/Mesh.h"
+#include "setup/runfile/contents.h"
 
 using setup::index;
 using ::testing::Each;
@@ -12,6 +13,7 @@ using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::IsEmpty;
 using ::testing::SizeIs;
+using enum model::SetID;
 
 namespace {
 
@@ -31,6 +33,10 @@ class BoundariesOfBed : public studies::MovingBed {
 
   const std::string BOUNDARY = BEDLOAD + "/BOUNDARY";
 };
+
+int sizeOf(model::SetID set, const setup::Domain& domain) {
+  return setup::setContents().at(set).size(domain);
+}
 
 struct Row {
   std::string keys;
@@ -56,7 +62,7 @@ TEST_P(BedBoundaryRows, becomeTheirCodeRecordAndModification) {
   EXPECT_THAT(found.records, ElementsAre(ElementsAreArray(row.record)));
   ASSERT_THAT(found.modifications, SizeIs(row.modification.empty() ? 0U : 1U));
   if (row.modification.empty()) return;
-  EXPECT_THAT(found.modifications[0].info, ElementsAreArray(row.modification));
+  EXPECT_THAT(codes::rowOf(found.modifications[0].info), ElementsAreArray(row.modification));
 }
 
 // clang-format off
@@ -108,10 +114,11 @@ TEST_F(BoundariesOfBed, seriesAreScaledLikeValues) {
   EXPECT_EQ(domain.series.at(1).factor, -1.0);
   const auto& lookups = domain.boundaries.interpolations;
   ASSERT_THAT(lookups, SizeIs(2));
-  EXPECT_EQ(lookups[0].key, 3);
-  EXPECT_EQ(lookups[1].key, 0);
+  EXPECT_EQ(lookups[0].key, model::InterpolationKey::Discharge);
+  EXPECT_EQ(lookups[1].key, model::InterpolationKey::Time);
   const std::vector<double> values = std::get<setup::Values<double>>(
-      setup::inSeries().data.at(model::DataID::InSeries_NumValue))(domain);
+      setup::setContents().at(model::SetID::InSeries).data.at(model::DataID::InSeries_NumValue))(
+      domain);
   EXPECT_THAT((std::vector<double>(values.begin(), values.begin() + 4)), ElementsAre(0, 2, 60, 10));
   EXPECT_THAT((std::vector<double>(values.begin() + 12000, values.begin() + 12004)),
               ElementsAre(0, -1, 60, -5));
@@ -119,19 +126,19 @@ TEST_F(BoundariesOfBed, seriesAreScaledLikeValues) {
 
 TEST_F(BoundariesOfBed, leaveWallsWhereThereAreNone) {
   const setup::Domain domain = build(R"({"string": "west", "type": "capacity_inflow"})");
-  EXPECT_EQ(setup::edgMorBC().size(domain), 2);
-  EXPECT_EQ(setup::edgMorWL().size(domain), 6);
-  EXPECT_EQ(setup::edgHydWL().size(domain), 8);
-  EXPECT_EQ(setup::edgesEXN().size(domain), 8);
+  EXPECT_EQ(sizeOf(EdgMorBC, domain), 2);
+  EXPECT_EQ(sizeOf(EdgMorWL, domain), 6);
+  EXPECT_EQ(sizeOf(EdgHydWL, domain), 8);
+  EXPECT_EQ(sizeOf(EdgesEXN, domain), 8);
 }
 
 TEST_F(BoundariesOfBed, weirsPumpsAndWallsThroughTheMeshStopTheBedLoad) {
   const auto check = [this](const std::string& keys, int walls) {
     const setup::Domain domain = build(R"({"string": "west", "type": "capacity_inflow"})",
                                        R"(, "BOUNDARY": [{"string": "middle", )" + keys + "}]");
-    EXPECT_EQ(setup::edgMorWL().size(domain), 6 + walls) << keys;
-    EXPECT_EQ(setup::edgesEXN().size(domain), 8 - walls) << keys;
-    EXPECT_EQ(setup::edgesSWE().size(domain), 6) << keys;
+    EXPECT_EQ(sizeOf(EdgMorWL, domain), 6 + walls) << keys;
+    EXPECT_EQ(sizeOf(EdgesEXN, domain), 8 - walls) << keys;
+    EXPECT_EQ(sizeOf(EdgesSWE, domain), 6) << keys;
   };
   check(R"("type": "inner_wall")", 2);
   check(R"("type": "inner_weir", "crest": 1)", 2);

@@ -1,4 +1,4 @@
-#include "setup/study/boundaries.h"
+#include "setup/domain/edge_boundaries.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -8,7 +8,8 @@
 #include "dataio/Factory.h"
 #include "setup/Setup.h"
 #include "setup/StudyFolder.h"
-#include "setup/mesh/position.h"
+#include "setup/codes.h"
+#include "setup/mesh/Mesh.h"
 
 using setup::index;
 using ::testing::Each;
@@ -60,7 +61,7 @@ TEST_F(Boundaries, anInflowSpreadsItsDischargeOverTheLengthOfItsString) {
   EXPECT_THAT(found.records, ElementsAre(ElementsAre(12, 0.01, 0, 0, 0, 0, 0)));
   EXPECT_THAT(found.interpolations, IsEmpty());
   ASSERT_THAT(found.modifications, SizeIs(1));
-  EXPECT_THAT(found.modifications[0].info, ElementsAre(1, 2, 0, 0, 0, 0, 0));
+  EXPECT_THAT(codes::rowOf(found.modifications[0].info), ElementsAre(1, 2, 0, 0, 0, 0, 0));
   EXPECT_THAT(found.modifications[0].strings, ElementsAre(0, 0));
 }
 
@@ -97,11 +98,11 @@ TEST_F(Boundaries, aSeriesIsLookedUpInEveryStep) {
   ASSERT_THAT(domain.series.all(), SizeIs(1));
   const auto& lookups = domain.boundaries.interpolations;
   ASSERT_THAT(lookups, SizeIs(2));
-  EXPECT_THAT((std::array{lookups[0].series, lookups[0].string, lookups[0].record, lookups[0].key,
-                          lookups[0].position}),
+  EXPECT_THAT((std::array{lookups[0].series, lookups[0].string, lookups[0].record,
+                          codes::numberOf(lookups[0].key), lookups[0].position}),
               ElementsAre(0, 0, 0, 0, 0));
-  EXPECT_THAT((std::array{lookups[1].series, lookups[1].string, lookups[1].record, lookups[1].key,
-                          lookups[1].position}),
+  EXPECT_THAT((std::array{lookups[1].series, lookups[1].string, lookups[1].record,
+                          codes::numberOf(lookups[1].key), lookups[1].position}),
               ElementsAre(0, 1, 1, 0, 0));
   EXPECT_THAT(domain.boundaries.records[1], ElementsAre(0, 0, 0, 0, 0, 0, 0));
 }
@@ -110,8 +111,10 @@ TEST_F(Boundaries, aRatingCurveIsLookedUpByTheLevelOrTheDepth) {
   support::writeFile(folder.file("curve.txt"), "0 0\n2 9\n");
   const std::string curve =
       R"({"string": "east", "type": "rating_curve", "discharge_file": "curve.txt")";
-  EXPECT_EQ(build(curve + "}").boundaries.interpolations.at(0).key, 2);
-  EXPECT_EQ(build(curve + R"(, "over": "depth"})").boundaries.interpolations.at(0).key, 1);
+  EXPECT_EQ(build(curve + "}").boundaries.interpolations.at(0).key,
+            model::InterpolationKey::WaterLevel);
+  EXPECT_EQ(build(curve + R"(, "over": "depth"})").boundaries.interpolations.at(0).key,
+            model::InterpolationKey::Depth);
 }
 
 TEST_F(Boundaries, aLinkLooksUpTheLevelWhereTheWaterComesIn) {
@@ -119,7 +122,7 @@ TEST_F(Boundaries, aLinkLooksUpTheLevelWhereTheWaterComesIn) {
   const setup::Domain domain = build(R"({"string": "east", "to": "west", "type": "linked_level",
                                          "level_file": "same.txt"})");
   const auto& lookup = domain.boundaries.interpolations.at(0);
-  EXPECT_EQ(lookup.key, 2);
+  EXPECT_EQ(lookup.key, model::InterpolationKey::WaterLevel);
   EXPECT_EQ(lookup.string, 0);
 }
 
@@ -132,8 +135,8 @@ TEST_F(Boundaries, linkedStringsShareOneRecord) {
   EXPECT_THAT(found.flow.recordOf, Each(0));
   EXPECT_THAT(found.records, ElementsAre(ElementsAre(1.5, 0.611, 0.08, 0, 0, 0, 0)));
   ASSERT_THAT(found.modifications, SizeIs(2));
-  EXPECT_THAT(found.modifications[0].info, ElementsAre(3, 3, 0, 1, 2, 0, 0));
-  EXPECT_THAT(found.modifications[1].info, ElementsAre(9, 4, 0, 0, 0, 0, 0));
+  EXPECT_THAT(codes::rowOf(found.modifications[0].info), ElementsAre(3, 3, 0, 1, 2, 0, 0));
+  EXPECT_THAT(codes::rowOf(found.modifications[1].info), ElementsAre(9, 4, 0, 0, 0, 0, 0));
   EXPECT_THAT(found.modifications[1].strings, ElementsAre(1, 0));
 }
 

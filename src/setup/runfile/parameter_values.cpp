@@ -1,4 +1,4 @@
-#include "setup/runfile/parameters.h"
+#include "setup/runfile/contents.h"
 
 #include <optional>
 
@@ -13,7 +13,7 @@ namespace {
 constexpr double BEYOND_ANY_END = 1e12;
 
 /// The closure of a run without friction, which nothing uses.
-constexpr int ANY_CLOSURE = 1;
+constexpr auto ANY_CLOSURE = model::FrictionCode::Manning;
 
 double waterDensity(const Study& study) {
   return study.morphology ? study.morphology->material.waterDensity : BedMaterial().waterDensity;
@@ -41,7 +41,7 @@ std::optional<ParameterValue> morphologyValue(model::ParameterID id, const Study
     case FixBedMaxIter:    return fixed.maximumPasses;
     case ThetaCritical:    return bedload.critical;
     case ReposeAngle:      return motion.angleOfRepose;
-    case IncipientMotType: return motion.type;
+    case IncipientMotType: return morphology.incipientMotion ? static_cast<int>(motion.correction) : 0;
       // clang-format on
     default:
       return std::nullopt;
@@ -60,7 +60,7 @@ ParameterValue parameterValue(model::ParameterID id, const Study& study) {
     case MinWaterDepth: return hydraulics.minimumWaterDepth;
     case Gravity:       return hydraulics.gravity;
     case FrictionOn:    return study.friction ? 1 : 0;
-    case FrictionType:  return study.friction ? study.friction->type : ANY_CLOSURE;
+    case FrictionType:  return static_cast<int>(study.friction ? study.friction->closure : ANY_CLOSURE);
     case FluidDensity:  return waterDensity(study);
     case MorphStart:    return study.morphology ? study.morphology->start : BEYOND_ANY_END;
     case SafeMode:      return hydraulics.safeMode ? 1 : 0;

@@ -1,4 +1,4 @@
-#include "setup/study/sources.h"
+#include "setup/domain/cell_sources.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -51,7 +51,7 @@ TEST_F(Sources, rainIsGivenInMillimetresPerHour) {
       build(R"({"region": "field", "type": "rain", "intensity": 36})").sources;
   EXPECT_THAT(found.records, ElementsAre(ElementsAre(36, 0)));
   ASSERT_THAT(found.modifications, SizeIs(1));
-  EXPECT_EQ(found.modifications[0].type, 7);
+  EXPECT_EQ(found.modifications[0].type, model::CellModificationCode::MillimetresPerHour);
   EXPECT_EQ(found.modifications[0].region, 1);
   EXPECT_EQ(found.modifications[0].record, 0);
   EXPECT_THAT(found.flow.cells, SizeIs(1));
@@ -65,7 +65,7 @@ TEST_F(Sources, aDischargeIsSpreadOverItsRegion) {
   const setup::CellSources& found = domain.sources;
   EXPECT_THAT(found.flow.recordOf, ElementsAre(0, 1));
   EXPECT_EQ(domain.mesh.cells[static_cast<std::size_t>(found.flow.cells[1])].material, 2);
-  EXPECT_EQ(found.modifications[1].type, 6);
+  EXPECT_EQ(found.modifications[1].type, model::CellModificationCode::OverRegionArea);
   EXPECT_EQ(found.modifications[1].region, 0);
   EXPECT_EQ(found.modifications[1].record, 1);
   ASSERT_THAT(found.interpolations, SizeIs(1));
@@ -144,9 +144,9 @@ TEST_F(SourcesOfBed, areMadeLikeThoseOfWaterAndFollowThem) {
   EXPECT_THAT(found.records,
               ElementsAre(ElementsAre(36, 0), ElementsAre(-2, 0), ElementsAre(7.2, 0)));
   ASSERT_THAT(found.modifications, SizeIs(3));
-  EXPECT_EQ(found.modifications[1].type, 6);
+  EXPECT_EQ(found.modifications[1].type, model::CellModificationCode::OverRegionArea);
   EXPECT_EQ(found.modifications[1].region, 0);
-  EXPECT_EQ(found.modifications[2].type, 7);
+  EXPECT_EQ(found.modifications[2].type, model::CellModificationCode::MillimetresPerHour);
   EXPECT_DOUBLE_EQ(found.strongestRate, 1e-5);
 }
 

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "setup/StudyFolder.h"
+#include "setup/codes.h"
 
 using ::testing::Each;
 using ::testing::ElementsAre;
@@ -52,7 +53,7 @@ TEST_F(Friction, closuresHaveTheNumbersOfTheRunFile) {
                                    {"sand_roughness_shallow", 4}}) {
     const setup::Study study =
         folder.read("", R"("FRICTION": {"type": ")" + std::string(name) + R"(", "value": 0.5})");
-    EXPECT_EQ(study.friction->type, type);
+    EXPECT_EQ(codes::numberOf(study.friction->closure), type);
   }
 }
 

@@ -1,9 +1,9 @@
-#include "setup/mesh/gradient.h"
+#include "setup/mesh/Geometry.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "setup/mesh/position.h"
+#include "setup/mesh/Mesh.h"
 #include "setup/meshes.h"
 
 using setup::index;
