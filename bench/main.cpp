@@ -3,7 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include "bench/benchmarks.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);

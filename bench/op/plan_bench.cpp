@@ -8,8 +8,8 @@
 
 #include "bench/benchmarks.h"
 #include "bench/simulation/KernelMesh.h"
-#include "op/op_plan.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
+#include "op/plan/op_plan.h"
 
 namespace bench {
 

@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <utility>
 
-#include "bench/simulation/syntheticData.h"
+#include "bench/simulation/synthetic_data.h"
 #include "catalogue/Data.h"
 #include "catalogue/Maps.h"
 #include "catalogue/Relations.h"
 #include "catalogue/Sets.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 #include "setup/runfile/contents.h"
 
 namespace bench {

@@ -11,7 +11,7 @@
 
 #include "bench/simulation/KernelMesh.h"
 #include "bench/simulation/LoopDats.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 #include "simulation/loops/all_loops.h"
 
 namespace bench {

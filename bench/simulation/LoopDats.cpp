@@ -6,8 +6,8 @@
 
 #include "catalogue/Data.h"
 #include "catalogue/Relations.h"
-#include "op/op_loop.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
+#include "op/loop/op_loop.h"
 
 namespace bench {
 

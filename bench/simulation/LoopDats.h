@@ -5,7 +5,7 @@
 
 #include "bench/simulation/KernelMesh.h"
 #include "catalogue/IDs.h"
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 
 namespace bench {
 

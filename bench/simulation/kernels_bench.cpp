@@ -9,8 +9,8 @@
 #include "bench/benchmarks.h"
 #include "bench/simulation/KernelMesh.h"
 #include "bench/simulation/LoopCall.h"
-#include "bench/simulation/syntheticData.h"
-#include "op/op_rt_support.h"
+#include "bench/simulation/synthetic_data.h"
+#include "op/core/op_rt_support.h"
 #include "simulation/loops/all_loops.h"
 
 namespace bench {

@@ -2,9 +2,9 @@
 
 #include "common/check.h"
 #include "common/console.h"
-#include "h5/Refused.h"
 #include "h5/attribute.h"
 #include "h5/group.h"
+#include "h5/journal/Refused.h"
 
 namespace console = common::console;
 

@@ -8,8 +8,8 @@
 #include <string>
 
 #include "api/IH5Base.h"
-#include "h5/dataset.h"
-#include "h5/file.h"
+#include "h5/DataSet.h"
+#include "h5/File.h"
 
 namespace dataio {
 

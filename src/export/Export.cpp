@@ -5,13 +5,13 @@
 
 #include "common/console.h"
 #include "common/sources.h"
-#include "export/Results.h"
 #include "export/formats/masked_file.h"
 #include "export/formats/mesh_file.h"
 #include "export/formats/ugrid.h"
 #include "export/formats/xdmf.h"
-#include "export/quantities.h"
 #include "export/report.h"
+#include "export/results/Results.h"
+#include "export/results/quantities.h"
 #include "export/tables/gauges.h"
 #include "export/tables/string_series.h"
 

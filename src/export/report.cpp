@@ -5,9 +5,9 @@
 #include "common/console.h"
 #include "dataio/H5Base.h"
 #include "dataio/ResultReader.h"
-#include "export/origin.h"
-#include "export/quantities.h"
-#include "export/tables/Csv.h"
+#include "export/results/Csv.h"
+#include "export/results/origin.h"
+#include "export/results/quantities.h"
 
 namespace console = common::console;
 

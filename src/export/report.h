@@ -3,7 +3,7 @@
 
 #include <nlohmann/json.hpp>
 
-#include "export/Results.h"
+#include "export/results/Results.h"
 
 namespace exporter {
 

@@ -15,7 +15,7 @@
 #include <string>
 #include <vector>
 
-#include "h5/JournaledFile.h"
+#include "h5/journal/JournaledFile.h"
 
 namespace h5 {
 

@@ -1,6 +1,6 @@
 #include "h5/attribute.h"
 
-#include "h5/error.h"
+#include "h5/Handle.h"
 #include "h5/type.h"
 
 namespace h5 {

@@ -1,6 +1,6 @@
 #include "h5/group.h"
 
-#include "h5/error.h"
+#include "h5/Handle.h"
 
 namespace h5 {
 

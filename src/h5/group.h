@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "h5/handle.h"
+#include "h5/Handle.h"
 
 namespace h5 {
 

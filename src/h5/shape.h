@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "h5/error.h"
+#include "h5/Handle.h"
 
 namespace h5 {
 

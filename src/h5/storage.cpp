@@ -4,12 +4,11 @@
 #include <vector>
 
 #include "h5/Chunks.h"
-#include "h5/JournaledFile.h"
+#include "h5/Handle.h"
 #include "h5/StringHeap.h"
-#include "h5/error.h"
-#include "h5/handle.h"
-#include "h5/numberType.h"
+#include "h5/journal/JournaledFile.h"
 #include "h5/shape.h"
+#include "h5/type.h"
 
 namespace h5 {
 

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "h5/error.h"
+#include "h5/Handle.h"
 #include "h5/type.h"
 
 namespace h5 {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "h5/handle.h"
+#include "h5/Handle.h"
 
 namespace h5 {
 

@@ -2,7 +2,7 @@
 
 #include "common/console.h"
 #include "common/version.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 
 using TCLAP::ValueArg;
 

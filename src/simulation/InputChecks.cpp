@@ -10,7 +10,7 @@
 #include "catalogue/Limits.h"
 #include "common/console.h"
 #include "simulation/MapChecks.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/names.h"
 
 namespace simulation {

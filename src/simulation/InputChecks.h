@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "catalogue/IDs.h"
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 
 namespace simulation {
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "catalogue/IDs.h"
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 
 namespace simulation {
 

@@ -6,7 +6,7 @@
 
 #include "catalogue/Codes.h"
 #include "catalogue/Relations.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 
 namespace simulation {
 

@@ -20,15 +20,15 @@
 #include "model/Factory.h"
 #include "model/components.h"
 #include "model/vectors.h"
-#include "op/op_hdf5.h"
-#include "op/op_rt_support.h"
-#include "op/op_seq.h"
+#include "op/core/op_rt_support.h"
+#include "op/core/op_seq.h"
+#include "op/io/op_hdf5.h"
 #include "simulation/Factory.h"
 #include "simulation/InputChecks.h"
 #include "simulation/SeriesGuard.h"
 #include "simulation/SignalWatch.h"
 #include "simulation/StallWatch.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 
 namespace simulation {
 

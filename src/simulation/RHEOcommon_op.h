@@ -19,7 +19,7 @@
 #include "api/IH5Writer.h"
 #include "api/IModel.h"
 #include "api/ISimulation.h"
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 
 namespace simulation {
 

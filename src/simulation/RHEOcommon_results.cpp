@@ -11,7 +11,7 @@
 #include "dataio/H5FileNameDefinitions.h"
 #include "dataio/ResultReader.h"
 #include "model/vectors.h"
-#include "op/op_hdf5.h"
+#include "op/io/op_hdf5.h"
 #include "simulation/RHEOcommon_op.h"
 #include "simulation/SetupOutput.h"
 

@@ -5,9 +5,9 @@
 #include <utility>
 
 #include "common/console.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 #include "simulation/LoopArguments.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/loops/all_loops.h"
 
 namespace simulation {

@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "common/console.h"
-#include "h5/dataset.h"
-#include "h5/file.h"
+#include "h5/DataSet.h"
+#include "h5/File.h"
 
 namespace simulation {
 

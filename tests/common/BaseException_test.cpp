@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(BaseException, saysTheSameWhateverTheCause) {
+TEST(BaseException, SaysTheSameWhateverTheCause) {
   const BaseException exception;
   const std::exception& seen = exception;
   EXPECT_STREQ(seen.what(), "... unfortunately RHEOMARK is killed!");

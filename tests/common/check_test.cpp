@@ -17,27 +17,27 @@ std::string reportOf(Action&& action) {
   return ::testing::internal::GetCapturedStderr();
 }
 
-TEST(Check, withoutMessageShowsItsCondition) {
+TEST(Check, WithoutMessageShowsItsCondition) {
   const std::vector<int> data(2);
   EXPECT_EQ(reportOf([&] { CHECK_THAT_AT(data.size() == 1, "", 7); }),
             " -> data.size() == 1, in file: tests/common/check_test on line 7, version v3.0.1\n");
 }
 
-TEST(Check, withMessageShowsItInPlaceOfTheCondition) {
+TEST(Check, WithMessageShowsItInPlaceOfTheCondition) {
   const int id = 12;
   EXPECT_EQ(reportOf([&] { CHECK_THAT_AT(id < 0, "kernel <" << id << "> not " << 0.5, 411); }),
             " -> kernel <12> not 0.5, in file: tests/common/check_test on line 411, version "
             "v3.0.1\n");
 }
 
-TEST(Check, withoutALineNumberShowsItsOwn) {
+TEST(Check, WithoutALineNumberShowsItsOwn) {
   const int line = __LINE__ + 1;
   EXPECT_EQ(reportOf([] { CHECK_THAT(false, "no"); }),
             " -> no, in file: tests/common/check_test on line " + std::to_string(line) +
                 ", version v3.0.1\n");
 }
 
-TEST(Check, thatHoldsDoesNothing) {
+TEST(Check, ThatHoldsDoesNothing) {
   int formatted = 0;
   const auto text = [&] {
     ++formatted;
@@ -49,14 +49,14 @@ TEST(Check, thatHoldsDoesNothing) {
   EXPECT_EQ(formatted, 0);
 }
 
-TEST(FailCheck, takesASourceWithoutExtensionAsItIs) {
+TEST(FailCheck, TakesASourceWithoutExtensionAsItIs) {
   EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/main_simulation", 37); }),
             " -> a == b, in file: src/main_simulation on line 37, version v3.0.1\n");
   EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/model/Model.cpp", 1); }),
             " -> a == b, in file: src/model/Model on line 1, version v3.0.1\n");
 }
 
-TEST(FailCheck, cutsNothingButTheExtension) {
+TEST(FailCheck, CutsNothingButTheExtension) {
   EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/v3.0/Model.test.cpp", 1); }),
             " -> a == b, in file: src/v3.0/Model.test on line 1, version v3.0.1\n");
   EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/v3.0/Model", 1); }),

@@ -9,7 +9,7 @@ namespace {
 
 namespace console = common::console;
 
-TEST(Console, informationGoesToStandardOutputBehindThePrefix) {
+TEST(Console, InformationGoesToStandardOutputBehindThePrefix) {
   ::testing::internal::CaptureStderr();
   ::testing::internal::CaptureStdout();
   console::info("time: ", 0.125, " of ", 7);
@@ -17,7 +17,7 @@ TEST(Console, informationGoesToStandardOutputBehindThePrefix) {
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
 }
 
-TEST(Console, whatPrecedesAnEndGoesToStandardErrorBehindThePrefix) {
+TEST(Console, WhatPrecedesAnEndGoesToStandardErrorBehindThePrefix) {
   ::testing::internal::CaptureStderr();
   ::testing::internal::CaptureStdout();
   console::error("file <", "a", "> not found");
@@ -25,17 +25,17 @@ TEST(Console, whatPrecedesAnEndGoesToStandardErrorBehindThePrefix) {
   EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
 }
 
-TEST(Console, givingUpWritesALineAndThrows) {
+TEST(Console, GivingUpWritesALineAndThrows) {
   ::testing::internal::CaptureStderr();
   EXPECT_THROW(console::fail("no ", 1), BaseException);
   EXPECT_EQ(::testing::internal::GetCapturedStderr(), " -> no 1\n");
 }
 
-TEST(Console, numbersHaveTheFormatOfAStream) {
+TEST(Console, NumbersHaveTheFormatOfAStream) {
   EXPECT_EQ(console::text(1e-12, ' ', 1.0 / 3.0, ' ', 1e12), "1e-12 0.333333 1e+12");
 }
 
-TEST(Console, theBannerHasFiveLines) {
+TEST(Console, TheBannerHasFiveLines) {
   ::testing::internal::CaptureStdout();
   console::printHeader("sequential");
   const std::string banner = ::testing::internal::GetCapturedStdout();
@@ -44,7 +44,7 @@ TEST(Console, theBannerHasFiveLines) {
   EXPECT_EQ(std::count(banner.begin(), banner.end(), '\n'), 5);
 }
 
-TEST(Console, theFooterHasALineOfSixtyDashes) {
+TEST(Console, TheFooterHasALineOfSixtyDashes) {
   ::testing::internal::CaptureStdout();
   console::printFooter();
   EXPECT_EQ(::testing::internal::GetCapturedStdout(),

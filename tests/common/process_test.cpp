@@ -20,21 +20,21 @@ using ::testing::ExitedWithCode;
 
 constexpr const char* KILLED = " -> ... unfortunately RHEOMARK is killed!\n";
 
-TEST(ProcessDeathTest, endsWithStatusOneAfterWhatIsToldAlready) {
+TEST(ProcessDeathTest, EndsWithStatusOneAfterWhatIsToldAlready) {
   EXPECT_EXIT(endFailed(BaseException()), ExitedWithCode(1), std::string("^") + KILLED + "$");
 }
 
-TEST(ProcessDeathTest, tellsOfAnUnexpectedFailure) {
+TEST(ProcessDeathTest, TellsOfAnUnexpectedFailure) {
   EXPECT_EXIT(endFailed(std::out_of_range("map::at")), ExitedWithCode(1),
               std::string("^ -> unhandled exception \\(actually, this should never happen\\)\n") +
                   " -> map::at\n" + KILLED + "$");
 }
 
-TEST(ProcessDeathTest, namesALackOfMemory) {
+TEST(ProcessDeathTest, NamesALackOfMemory) {
   EXPECT_EXIT(endFailed(std::bad_alloc()), ExitedWithCode(1), "^ -> there is not enough memory\n");
 }
 
-TEST(ProcessDeathTest, runsNothingElseAtTheEnd) {
+TEST(ProcessDeathTest, RunsNothingElseAtTheEnd) {
   EXPECT_EXIT(
       {
         std::atexit([] { std::cerr << "cleaned up" << std::endl; });
@@ -43,7 +43,7 @@ TEST(ProcessDeathTest, runsNothingElseAtTheEnd) {
       ExitedWithCode(1), std::string("^") + KILLED + "$");
 }
 
-TEST(ProcessDeathTest, aLimitOnTheSizeOfFilesLetsWritesFail) {
+TEST(ProcessDeathTest, ALimitOnTheSizeOfFilesLetsWritesFail) {
   const support::TempDir dir;
   EXPECT_EXIT(
       {
@@ -58,7 +58,7 @@ TEST(ProcessDeathTest, aLimitOnTheSizeOfFilesLetsWritesFail) {
       ExitedWithCode(3), "");
 }
 
-TEST(ProcessDeathTest, standardOutputThatIsLostIsAFailure) {
+TEST(ProcessDeathTest, StandardOutputThatIsLostIsAFailure) {
   EXPECT_EXIT(
       {
         common::requireStandardOutput();

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "h5/error.h"
+#include "h5/Handle.h"
 #include "support/TempDir.h"
 
 namespace {

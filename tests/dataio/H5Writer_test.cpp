@@ -7,7 +7,7 @@
 
 #include "dataio/H5Reader.h"
 #include "dataio/failures.h"
-#include "h5/error.h"
+#include "h5/Handle.h"
 #include "support/TempDir.h"
 
 namespace {

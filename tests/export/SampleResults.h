@@ -17,7 +17,7 @@
 #include "dataio/H5Reader.h"
 #include "dataio/H5Writer.h"
 #include "dataio/ResultReader.h"
-#include "export/Results.h"
+#include "export/results/Results.h"
 #include "support/H5Compare.h"
 #include "support/Process.h"
 #include "support/TempDir.h"

@@ -6,7 +6,7 @@
 #include <set>
 
 #include "catalogue/Outputs.h"
-#include "export/quantities.h"
+#include "export/results/quantities.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 
@@ -24,7 +24,7 @@ std::set<std::string> optionsIn(const std::string& text) {
           std::sregex_token_iterator()};
 }
 
-TEST(DocsOfExport, nameTheOptionsOfTheProgram) {
+TEST(DocsOfExport, NameTheOptionsOfTheProgram) {
   const support::TempDir dir;
   std::set<std::string> options = optionsIn(support::runIn(dir.path(), EXPORT_EXE, {"--help"}).out);
   options.erase("--ignore_rest");
@@ -32,7 +32,7 @@ TEST(DocsOfExport, nameTheOptionsOfTheProgram) {
   EXPECT_EQ(optionsIn(page()), options);
 }
 
-TEST(DocsOfExport, nameEachOutputWithItsUnit) {
+TEST(DocsOfExport, NameEachOutputWithItsUnit) {
   for (const auto& [id, property] : model::OutputProps) {
     const std::size_t row = page().find("`" + property.name + "`");
     ASSERT_NE(row, std::string::npos) << property.name;

@@ -36,7 +36,7 @@ class ExportExecutable : public samples::SampleResults {
 
 }  // namespace
 
-TEST_F(ExportExecutable, writesNothingIfOneFileIsTheResultsFile) {
+TEST_F(ExportExecutable, WritesNothingIfOneFileIsTheResultsFile) {
   use("full_model");
   std::filesystem::create_hard_link(file, dir.file("hard.h5"));
   const std::string before = support::readFile(file);
@@ -48,7 +48,7 @@ TEST_F(ExportExecutable, writesNothingIfOneFileIsTheResultsFile) {
   EXPECT_EQ(support::readFile(file), before);
 }
 
-TEST_F(ExportExecutable, writesNoMessagesIntoItsFiles) {
+TEST_F(ExportExecutable, WritesNoMessagesIntoItsFiles) {
   use("full_model");
   ASSERT_EQ(run({"--csv", "strings.csv", "-m", "dry.h5"}).status, 0);
   const std::string command =
@@ -59,7 +59,7 @@ TEST_F(ExportExecutable, writesNoMessagesIntoItsFiles) {
               ::testing::IsEmpty());
 }
 
-TEST_F(ExportExecutable, writesAllThatIsAskedForBetweenBannerAndFooter) {
+TEST_F(ExportExecutable, WritesAllThatIsAskedForBetweenBannerAndFooter) {
   use("full_model");
   const support::Outcome outcome =
       run({"-o", "run.xdmf", "--mesh", "run.2dm", "--csv", "strings.csv", "--gauge", "1,1,mill",
@@ -84,7 +84,7 @@ TEST_F(ExportExecutable, writesAllThatIsAskedForBetweenBannerAndFooter) {
   EXPECT_FALSE(support::datasetPaths(dir.file("dry.h5")).empty());
 }
 
-TEST_F(ExportExecutable, leavesTheResultsAsTheyWere) {
+TEST_F(ExportExecutable, LeavesTheResultsAsTheyWere) {
   use("full_model");
   std::filesystem::permissions(file, std::filesystem::perms::owner_read);
   const std::string before = support::readFile(file);
@@ -92,7 +92,7 @@ TEST_F(ExportExecutable, leavesTheResultsAsTheyWere) {
   EXPECT_EQ(support::readFile(file), before);
 }
 
-TEST_F(ExportExecutable, printsOneJsonObjectAndNothingElse) {
+TEST_F(ExportExecutable, PrintsOneJsonObjectAndNothingElse) {
   use("full_model");
   const support::Outcome outcome = run({"--json", "-o", "run.xdmf", "--list"});
   EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -102,31 +102,31 @@ TEST_F(ExportExecutable, printsOneJsonObjectAndNothingElse) {
   EXPECT_EQ(report.at("restart_times"), nlohmann::json({1.0, 2.0, 3.0, 4.0}));
 }
 
-TEST_F(ExportExecutable, putsGaugesWhereItIsTold) {
+TEST_F(ExportExecutable, PutsGaugesWhereItIsTold) {
   use("full_model");
   EXPECT_EQ(run({"-g", "1,1", "--gauge-csv", "points.csv"}).status, 0);
   EXPECT_TRUE(std::filesystem::exists(dir.file("points.csv")));
   EXPECT_FALSE(std::filesystem::exists(dir.file("gauges.csv")));
 }
 
-TEST_F(ExportExecutable, needsSomethingToDo) {
+TEST_F(ExportExecutable, NeedsSomethingToDo) {
   use("one_cell");
   expectFailure(run({}), " -> nothing to do: ask for a document with --output, ");
 }
 
-TEST_F(ExportExecutable, needsAResultsFile) {
+TEST_F(ExportExecutable, NeedsAResultsFile) {
   expectFailure(support::runIn(dir.path(), EXPORT_EXE, {"--list"}),
                 " -> which results file? Name it with --results\n");
 }
 
-TEST_F(ExportExecutable, printsTheTableOfQuantitiesAndNothingElse) {
+TEST_F(ExportExecutable, PrintsTheTableOfQuantitiesAndNothingElse) {
   const support::Outcome outcome = support::runIn(dir.path(), EXPORT_EXE, {"--quantities"});
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   const auto table = nlohmann::json::parse(outcome.out);
   EXPECT_EQ(table.at("outputs").at(1).at("quantities").at(0).at("formula"), "$0-$1");
 }
 
-TEST_F(ExportExecutable, refusesBadFiles) {
+TEST_F(ExportExecutable, RefusesBadFiles) {
   expectFailure(run({"-l"}), " -> results file <run_results.h5>: there is no such file\n");
 
   support::writeFile(file, "no results");
@@ -140,14 +140,14 @@ TEST_F(ExportExecutable, refusesBadFiles) {
   expectFailure(run({"-l"}), " -> results file <run_results.h5> holds no command file: ");
 }
 
-TEST_F(ExportExecutable, refusesAFileWithoutResults) {
+TEST_F(ExportExecutable, RefusesAFileWithoutResults) {
   use("dam_dry");
   remove("RESULTS");
   expectFailure(run({"-o", "run.xdmf"}), "holds no valid record: ");
   EXPECT_FALSE(std::filesystem::exists(dir.file("run.xdmf")));
 }
 
-TEST_F(ExportExecutable, refusesRecordsThatDoNotFitTheMesh) {
+TEST_F(ExportExecutable, RefusesRecordsThatDoNotFitTheMesh) {
   use("full_model");
   const std::string record = "RESULTS/CellsAll/HydState/0000002";
   remove(record);
@@ -168,28 +168,28 @@ TEST_F(ExportExecutable, refusesRecordsThatDoNotFitTheMesh) {
   }
 }
 
-TEST_F(ExportExecutable, takesASingleRecord) {
+TEST_F(ExportExecutable, TakesASingleRecord) {
   use("full_model");
   invalidate("CellsAll/HydState", 1);
   EXPECT_EQ(run({"-o", "run.xdmf", "-c", "s.csv", "-g", "1,1", "-m", "dry.h5"}).status, 0);
   EXPECT_EQ(samples::readTable(dir.file("s.csv")).size(), 2U);
 }
 
-TEST_F(ExportExecutable, takesTrackedDataAlone) {
+TEST_F(ExportExecutable, TakesTrackedDataAlone) {
   use("dam_dry");
   remove("RESULTS/CellsAll/HydState");
   EXPECT_EQ(run({"-o", "run.xdmf", "-m", "dry.h5", "-l"}).status, 0);
   expectFailure(run({"-c", "s.csv"}), "holds no discharges of nodestrings: ");
 }
 
-TEST_F(ExportExecutable, refusesAGaugeOutsideTheMeshAndKeepsItsOldTable) {
+TEST_F(ExportExecutable, RefusesAGaugeOutsideTheMeshAndKeepsItsOldTable) {
   use("one_cell");
   support::writeFile(dir.file("gauges.csv"), "before");
   expectFailure(run({"-g", "1e6,0,sea"}), " -> gauge <sea> at 1e+06, 0 lies outside the mesh, ");
   EXPECT_EQ(support::readFile(dir.file("gauges.csv")), "before");
 }
 
-TEST_F(ExportExecutable, refusesToOverwriteTheResults) {
+TEST_F(ExportExecutable, RefusesToOverwriteTheResults) {
   use("one_cell");
   const std::string before = support::readFile(file);
   expectFailure(run({"-m", "run_results.h5"}), "is the results file itself: give another name\n");
@@ -197,7 +197,7 @@ TEST_F(ExportExecutable, refusesToOverwriteTheResults) {
   EXPECT_EQ(support::readFile(file), before);
 }
 
-TEST_F(ExportExecutable, endsWithStatusOneIfADiskIsFull) {
+TEST_F(ExportExecutable, EndsWithStatusOneIfADiskIsFull) {
   use("full_model");
   const support::Outcome outcome = support::runIn(
       dir.path(), "/bin/sh",
@@ -211,7 +211,7 @@ TEST_F(ExportExecutable, endsWithStatusOneIfADiskIsFull) {
   }
 }
 
-TEST_F(ExportExecutable, endsWithStatusOneIfItsReportIsLost) {
+TEST_F(ExportExecutable, EndsWithStatusOneIfItsReportIsLost) {
   use("one_cell");
   for (const std::string report : {"--list", "--json"}) {
     const support::Outcome outcome = support::runIn(
@@ -224,7 +224,7 @@ TEST_F(ExportExecutable, endsWithStatusOneIfItsReportIsLost) {
   }
 }
 
-TEST_F(ExportExecutable, aRasterNeedsAllThatDescribesIt) {
+TEST_F(ExportExecutable, ARasterNeedsAllThatDescribesIt) {
   use("one_cell");
   expectFailure(run({"--geotiff", "a.tif", "--quantity", "water_depth"}),
                 " -> --geotiff needs the side of a pixel in m: give --resolution\n");
@@ -239,7 +239,7 @@ TEST_F(ExportExecutable, aRasterNeedsAllThatDescribesIt) {
 }
 
 // What each format says where its library is missing stands in the tests of the format.
-TEST_F(ExportExecutable, writesFormatsOfOtherLibrariesOrNamesTheirPackages) {
+TEST_F(ExportExecutable, WritesFormatsOfOtherLibrariesOrNamesTheirPackages) {
   use("full_model");
   const support::Outcome ugrid = run({"-u", "run.nc"});
   const support::Outcome raster = run(
@@ -255,7 +255,7 @@ TEST_F(ExportExecutable, writesFormatsOfOtherLibrariesOrNamesTheirPackages) {
   }
 }
 
-TEST_F(ExportExecutable, helpNamesTheArguments) {
+TEST_F(ExportExecutable, HelpNamesTheArguments) {
   const support::Outcome outcome = run({"--help"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_THAT(outcome.out, HasSubstr("This is the 'export' binary of the RHEOMARK framework."));

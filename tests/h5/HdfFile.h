@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "h5/driver.h"
+#include "h5/journal/driver.h"
 #include "support/TempDir.h"
 
 namespace hdfFile {

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "dataio/failures.h"
-#include "h5/dataset.h"
-#include "h5/error.h"
-#include "h5/file.h"
+#include "h5/DataSet.h"
+#include "h5/File.h"
+#include "h5/Handle.h"
 #include "h5/type.h"
 #include "support/TempDir.h"
 

@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "dataio/failures.h"
-#include "h5/error.h"
-#include "h5/file.h"
+#include "h5/File.h"
+#include "h5/Handle.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "h5/dataset.h"
-#include "h5/file.h"
+#include "h5/DataSet.h"
+#include "h5/File.h"
 #include "support/TempDir.h"
 
 namespace {

@@ -14,8 +14,8 @@
 #include <string>
 #include <vector>
 
-#include "op/op_lib_core.h"
-#include "op/op_seq.h"
+#include "op/core/op_lib_core.h"
+#include "op/core/op_seq.h"
 
 namespace op_test {
 

@@ -37,7 +37,7 @@ class Setup : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Setup, tellsWhatItHasMade) {
+TEST_F(Setup, TellsWhatItHasMade) {
   support::writeFile(dir.file("study.json"), STUDY);
   EXPECT_THAT(make(), MatchesRegex(
                           " -> found aggregate <hydraulics_aggr>\n"
@@ -53,7 +53,7 @@ TEST_F(Setup, tellsWhatItHasMade) {
                           run + "> written in [0-9.e-]+ s\n"));
 }
 
-TEST_F(Setup, theModelCanBeComposedFromTheRunFile) {
+TEST_F(Setup, TheModelCanBeComposedFromTheRunFile) {
   support::writeFile(dir.file("study.json"), STUDY);
   make();
   const std::unique_ptr<api::IModel> model(model::Factory::createModel(run));
@@ -61,7 +61,7 @@ TEST_F(Setup, theModelCanBeComposedFromTheRunFile) {
               ElementsAre(model::AggregateID::hydraulics_aggr, model::AggregateID::hyd_flood_aggr));
 }
 
-TEST_F(Setup, aRefusedStudyLeavesNoRunFile) {
+TEST_F(Setup, ARefusedStudyLeavesNoRunFile) {
   support::writeFile(dir.file("study.json"), "{}");
   EXPECT_EQ(faults::messageOf([this] { setup::makeRunFile(dir.file("study.json"), run); }),
             "Terminating setup due to JSON validation errors in study file <" +
@@ -69,7 +69,7 @@ TEST_F(Setup, aRefusedStudyLeavesNoRunFile) {
   EXPECT_FALSE(std::filesystem::exists(run));
 }
 
-TEST_F(Setup, aRefusedMeshLeavesNoRunFile) {
+TEST_F(Setup, ARefusedMeshLeavesNoRunFile) {
   support::writeFile(dir.file("study.json"),
                      R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {
                          "GEOMETRY": {"MESH": {"file": "m.2dm"}},
@@ -80,12 +80,12 @@ TEST_F(Setup, aRefusedMeshLeavesNoRunFile) {
   EXPECT_FALSE(std::filesystem::exists(run));
 }
 
-TEST_F(Setup, refusesARunFileNameBeforeItReadsAnything) {
+TEST_F(Setup, RefusesARunFileNameBeforeItReadsAnything) {
   EXPECT_EQ(faults::messageOf([this] { setup::makeRunFile(dir.file("none"), "run.txt"); }),
             "run file <run.txt>: the name must end in \".h5\" and hold no other dot");
 }
 
-TEST_F(Setup, theDamBreakExampleHasAReservoirAboveADryPlain) {
+TEST_F(Setup, TheDamBreakExampleHasAReservoirAboveADryPlain) {
   ::testing::internal::CaptureStdout();
   setup::makeRunFile(std::string(EXAMPLES_FOLDER) + "/dam_break/study.json", run);
   const std::string report = ::testing::internal::GetCapturedStdout();

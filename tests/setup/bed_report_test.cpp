@@ -27,18 +27,18 @@ class BedReport : public studies::MovingBed {
 
 }  // namespace
 
-TEST_F(BedReport, isEmptyIfTheBedStays) {
+TEST_F(BedReport, IsEmptyIfTheBedStays) {
   EXPECT_EQ(reportOn(folder.read(GEOMETRY, FLOW)), "");
 }
 
-TEST_F(BedReport, tellsTheFormula) {
+TEST_F(BedReport, TellsTheFormula) {
   EXPECT_EQ(reportOn(GRAINS, MPM), " -> bed load: 8 sqrt(s g d^3) (t - 0.047)^1.5, times 1\n");
   EXPECT_EQ(reportOn(GRAINS, GRASS), " -> bed load: 0.001 (u - 0)^3, times 1\n");
   EXPECT_EQ(reportOn(GRAINS, R"("FORMULA": {"type": "power_law", "factor": 2})"),
             " -> bed load: 0.05 sqrt(s) q^2 / (g^2 d C^3 h^5), times 2\n");
 }
 
-TEST_F(BedReport, tellsWhatBecomesOfTheFactorsOfTheDirection) {
+TEST_F(BedReport, TellsWhatBecomesOfTheFactorsOfTheDirection) {
   const std::string report = reportOn(
       GRAINS, GRASS + R"(, "DIRECTION": {"IKEDA": {"factor": 0.5}, "CURVATURE": {"factor": 20}})");
   EXPECT_THAT(report, HasSubstr(" -> lateral slope: the factor 0.5 stands in the run file as "
@@ -48,7 +48,7 @@ TEST_F(BedReport, tellsWhatBecomesOfTheFactorsOfTheDirection) {
                                 "width; it must grow where the mesh is refined\n"));
 }
 
-TEST_F(BedReport, tellsOfTheFixedBed) {
+TEST_F(BedReport, TellsOfTheFixedBed) {
   const auto fixed = [this](const std::string& zones) {
     return reportOn(GRAINS + R"(, "FIXED_BED": {"ZONES": [)" + zones + "]}", GRASS);
   };
@@ -58,7 +58,7 @@ TEST_F(BedReport, tellsOfTheFixedBed) {
                         "elevation of the study\n"));
 }
 
-TEST_F(BedReport, tellsOfStringsWhereOnlyWaterPasses) {
+TEST_F(BedReport, TellsOfStringsWhereOnlyWaterPasses) {
   const std::string flow = R"(, "BOUNDARY": [
       {"string": "west", "type": "inflow", "discharge": 1, "slope": 1},
       {"string": "east", "type": "free_outflow"}, {"string": "middle", "type": "inner_wall"}])";
@@ -72,7 +72,7 @@ TEST_F(BedReport, tellsOfStringsWhereOnlyWaterPasses) {
                                 "all others\n"));
 }
 
-TEST_F(BedReport, tellsOfBothStringsOfALink) {
+TEST_F(BedReport, TellsOfBothStringsOfALink) {
   const std::string report = reportOn(GRAINS, GRASS, R"(, "BOUNDARY": [
       {"string": "west", "to": "east", "type": "linked_discharge", "discharge": 1}])");
   EXPECT_THAT(report, HasSubstr("string <west>: water passes, but no bed load"));

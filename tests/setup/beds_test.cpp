@@ -113,7 +113,7 @@ class MovableFlume : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(MovableFlume, theBedLoadIsThatOfItsFormula) {
+TEST_F(MovableFlume, TheBedLoadIsThatOfItsFormula) {
   const auto phi = [](double A, double B, double critical, double shields) {
     return A * std::sqrt(1.65 * 9.81 * std::pow(0.002, 3)) * std::pow(shields - critical, B);
   };
@@ -142,18 +142,18 @@ TEST_F(MovableFlume, theBedLoadIsThatOfItsFormula) {
   });
 }
 
-TEST_F(MovableFlume, theFactorCountsInTheFluxes) {
+TEST_F(MovableFlume, TheFactorCountsInTheFluxes) {
   run(bed(GRAINS, R"("FORMULA": {"type": "meyer_peter_mueller_1948", "factor": 3})"));
   EXPECT_NEAR(bedload(MIDDLE), 3.0 * capacity(MIDDLE), 0.05 * bedload(MIDDLE));
 }
 
-TEST_F(MovableFlume, aClosedBedKeepsItsVolume) {
+TEST_F(MovableFlume, AClosedBedKeepsItsVolume) {
   run(bed(GRAINS, MPM));
   EXPECT_NEAR(gain(), 0.0, 1e-14);
   EXPECT_LT(deepest(), -1e-5);
 }
 
-TEST_F(MovableFlume, givenAmountsPassWhateverTheFactorOfTheFormula) {
+TEST_F(MovableFlume, GivenAmountsPassWhateverTheFactorOfTheFormula) {
   const std::string formula = R"("FORMULA": {"type": "meyer_peter_mueller_1948", "factor": 0.5})";
   for (const std::string weight : {"", "_by_depth", "_by_conveyance"}) {
     runBoundary(R"({"string": "west", "type": "inflow)" + weight + R"(", "discharge": 0.003})",
@@ -167,7 +167,7 @@ TEST_F(MovableFlume, givenAmountsPassWhateverTheFactorOfTheFormula) {
   }
 }
 
-TEST_F(MovableFlume, capacitiesPassWithTheirShareAndTheFactor) {
+TEST_F(MovableFlume, CapacitiesPassWithTheirShareAndTheFactor) {
   const std::string formula = R"("FORMULA": {"type": "meyer_peter_mueller_1948", "factor": 2})";
   for (const std::string weight : {"", "_by_depth", "_by_conveyance"}) {
     runBoundary(R"({"string": "west", "type": "capacity_inflow)" + weight + R"(", "share": 0.8})",
@@ -180,7 +180,7 @@ TEST_F(MovableFlume, capacitiesPassWithTheirShareAndTheFactor) {
   }
 }
 
-TEST_F(MovableFlume, aSeriesOfSedimentIsFollowed) {
+TEST_F(MovableFlume, ASeriesOfSedimentIsFollowed) {
   support::writeFile(dir.file("qs.txt"), "0, 0\n8, 0.008\n");
   runBoundary(R"({"string": "west", "type": "inflow", "discharge_file": "qs.txt",
                   "over": "discharge"})");
@@ -189,7 +189,7 @@ TEST_F(MovableFlume, aSeriesOfSedimentIsFollowed) {
   EXPECT_NEAR(gain(), 0.002 * BULK, 2e-4);
 }
 
-TEST_F(MovableFlume, aHeldBedIsAtItsElevation) {
+TEST_F(MovableFlume, AHeldBedIsAtItsElevation) {
   runBoundary(R"({"string": "east", "type": "lowest_bed", "elevation": 0.05})");
   EXPECT_NEAR(state(EAST, 4), 0.05, 1e-3);
   EXPECT_GT(gain(), 0.05);
@@ -198,19 +198,19 @@ TEST_F(MovableFlume, aHeldBedIsAtItsElevation) {
   EXPECT_LT(gain(), -0.05);
 }
 
-TEST_F(MovableFlume, theBedMovesFromItsStartOn) {
+TEST_F(MovableFlume, TheBedMovesFromItsStartOn) {
   run(bed(GRAINS, MPM, R"("PARAMETER": {"start": 10})"));
   EXPECT_THAT(rise(), Each(0.0));
   EXPECT_EQ(bedload(MIDDLE), 0.0);
 }
 
-TEST_F(MovableFlume, coarserGrainsMoveLess) {
+TEST_F(MovableFlume, CoarserGrainsMoveLess) {
   run(bed(GRAINS + R"(, "ZONES": [{"box": [9, 0, 20, 4], "grain_size": 0.02}])", MPM));
   EXPECT_GT(capacity(WEST), 1e-4);
   EXPECT_EQ(capacity(EAST), 0.0);
 }
 
-TEST_F(MovableFlume, aFixedBedIsNotEroded) {
+TEST_F(MovableFlume, AFixedBedIsNotEroded) {
   const std::string outlet = GRASS + R"(, "BOUNDARY": [
       {"string": "east", "type": "outflow", "discharge": 0.05}])";
   const auto fixed = [&](const std::string& keys) {
@@ -224,7 +224,7 @@ TEST_F(MovableFlume, aFixedBedIsNotEroded) {
   EXPECT_NEAR(deepest(), 0.0, 1e-6);
 }
 
-TEST_F(MovableFlume, sourcesRaiseAndLowerTheBedAtTheirRate) {
+TEST_F(MovableFlume, SourcesRaiseAndLowerTheBedAtTheirRate) {
   const std::string still = R"("FORMULA": {"type": "grass_1981", "coefficient": 1e-9})";
   const std::string bottom =
       R"(, "FIXED_BED": {"ZONES": [{"region": "flume", "below_bed": 0.001}]})";
@@ -240,7 +240,7 @@ TEST_F(MovableFlume, sourcesRaiseAndLowerTheBedAtTheirRate) {
               Each(DoubleNear(-0.001, 1e-7)));
 }
 
-TEST_F(MovableFlume, aSinkThatTakesItsAmountInAnyCaseEndsTheRunAtTheFixedBed) {
+TEST_F(MovableFlume, ASinkThatTakesItsAmountInAnyCaseEndsTheRunAtTheFixedBed) {
   setUp(bed(GRAINS + R"(, "FIXED_BED": {"ZONES": [{"region": "flume", "below_bed": 0}]})", GRASS,
             R"("SOURCE": [{"region": "flume", "type": "rise", "rate": -3600, "sink": "exact"}])"));
   const support::Outcome outcome = simulate();
@@ -248,7 +248,7 @@ TEST_F(MovableFlume, aSinkThatTakesItsAmountInAnyCaseEndsTheRunAtTheFixedBed) {
   EXPECT_THAT(outcome.err, HasSubstr("SEDIMENT MASS not conserved"));
 }
 
-TEST_F(MovableFlume, theLateralSlopeTurnsTheBedLoadDownslope) {
+TEST_F(MovableFlume, TheLateralSlopeTurnsTheBedLoadDownslope) {
   const std::string tilted = R"(, "BED": [{"region": "flume", "elevation": 0,
                                            "gradient": [0, 0.02], "at": [0, 2]}])";
   const auto shiftToTheSouth = [&](const std::string& direction) {
@@ -270,7 +270,7 @@ TEST_F(MovableFlume, theLateralSlopeTurnsTheBedLoadDownslope) {
   EXPECT_NEAR(with - without, expected, 0.2 * expected);
 }
 
-TEST_F(MovableFlume, allCorrectionsRunTogether) {
+TEST_F(MovableFlume, AllCorrectionsRunTogether) {
   for (const std::string type : {"van_rijn_1989", "chen_2010"}) {
     run(bed(GRAINS + R"(, "FIXED_BED": {"ZONES": [{"region": "flume", "below_bed": 0.1}]})",
             MPM + R"(, "DIRECTION": {"IKEDA": {"factor": 0.5}, "CURVATURE": {"factor": 20}},

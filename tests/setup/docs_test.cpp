@@ -77,7 +77,7 @@ std::string technicalColumnsOf(const setup::BoundaryType& type) {
 class TablesOfBoundaries
     : public ::testing::TestWithParam<const std::vector<setup::BoundaryType>*> {};
 
-TEST_P(TablesOfBoundaries, areThoseOfTheProgram) {
+TEST_P(TablesOfBoundaries, AreThoseOfTheProgram) {
   for (const setup::BoundaryType& type : *GetParam()) {
     const std::string codes =
         std::to_string(setup::numberOf(type.code)) +
@@ -102,7 +102,7 @@ std::string textOf(const setup::Coefficient& coefficient) {
 
 }  // namespace
 
-TEST(DocsOfSetup, theFormulasAreThoseOfTheProgram) {
+TEST(DocsOfSetup, TheFormulasAreThoseOfTheProgram) {
   for (const setup::BedloadFormula& formula : setup::bedloadFormulas()) {
     std::string row = "\n| `" + formula.name + "` | ";
     if (formula.form == model::BedloadCode::PowerLaw) {
@@ -116,7 +116,7 @@ TEST(DocsOfSetup, theFormulasAreThoseOfTheProgram) {
   }
 }
 
-TEST(DocsOfSetup, theMovingBedIsUnderstood) {
+TEST(DocsOfSetup, TheMovingBedIsUnderstood) {
   const support::TempDir dir;
   support::writeFile(dir.file("study.json"),
                      R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {
@@ -130,7 +130,7 @@ TEST(DocsOfSetup, theMovingBedIsUnderstood) {
   EXPECT_EQ(study.morphology->boundaries.size(), 2U);
 }
 
-TEST(DocsOfSetup, theClosuresAreThoseOfTheProgram) {
+TEST(DocsOfSetup, TheClosuresAreThoseOfTheProgram) {
   for (const setup::FrictionClosure& closure : setup::frictionClosures()) {
     EXPECT_NE(text().find("\n| `\"" + closure.name + "\"` | " +
                           std::to_string(codes::numberOf(closure.code)) + " | "),
@@ -139,7 +139,7 @@ TEST(DocsOfSetup, theClosuresAreThoseOfTheProgram) {
   }
 }
 
-TEST(DocsOfSetup, theSeriesIsUnderstood) {
+TEST(DocsOfSetup, TheSeriesIsUnderstood) {
   const support::TempDir dir;
   support::writeFile(dir.file("s.txt"), snippet("# time [s], discharge"));
   const setup::Series series = setup::readSeries(dir.file("s.txt"));
@@ -147,7 +147,7 @@ TEST(DocsOfSetup, theSeriesIsUnderstood) {
   EXPECT_EQ(series.points[2][1], 55.0);
 }
 
-TEST(DocsOfSetup, stringsAndBoundariesAreUnderstood) {
+TEST(DocsOfSetup, StringsAndBoundariesAreUnderstood) {
   const support::TempDir dir;
   support::writeFile(dir.file("study.json"),
                      R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {
@@ -160,12 +160,12 @@ TEST(DocsOfSetup, stringsAndBoundariesAreUnderstood) {
   EXPECT_EQ(study.boundaries.size(), 3U);
 }
 
-TEST(DocsOfSetup, theStudyIsThatOfTheExample) {
+TEST(DocsOfSetup, TheStudyIsThatOfTheExample) {
   EXPECT_EQ(json::parse(snippet("{\n  \"SETUP\"")),
             json::parse(support::readFile(std::string(EXAMPLES_FOLDER) + "/dam_break/study.json")));
 }
 
-TEST(DocsOfSetup, theZonesOfTheBedAreUnderstood) {
+TEST(DocsOfSetup, TheZonesOfTheBedAreUnderstood) {
   const support::TempDir dir;
   support::writeFile(dir.file("study.json"),
                      R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {"GEOMETRY": {
@@ -175,7 +175,7 @@ TEST(DocsOfSetup, theZonesOfTheBedAreUnderstood) {
   EXPECT_EQ(setup::readStudy(dir.file("study.json")).bed.size(), 2U);
 }
 
-TEST(DocsOfSetup, theReportIsThatOfTheProgram) {
+TEST(DocsOfSetup, TheReportIsThatOfTheProgram) {
   const support::TempDir dir;
   support::writeFile(dir.file("study.json"),
                      R"({"SETUP": {"DOMAIN": {"RHEOPLANE_2D": {
@@ -194,7 +194,7 @@ TEST(DocsOfSetup, theReportIsThatOfTheProgram) {
   EXPECT_EQ(lines, 2U);
 }
 
-TEST(DocsOfSetup, theMeshIsUnderstood) {
+TEST(DocsOfSetup, TheMeshIsUnderstood) {
   const support::TempDir dir;
   support::writeFile(dir.file("m.2dm"), snippet("MESH2D"));
   const setup::Mesh mesh = setup::readMesh2dm(dir.file("m.2dm"));

@@ -120,7 +120,7 @@ class Examples : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Examples, theFloodOfTheRiverReachGetsLowerOnItsWay) {
+TEST_F(Examples, TheFloodOfTheRiverReachGetsLowerOnItsWay) {
   run("river_reach");
   EXPECT_THAT(discharge(25, 0), DoubleNear(60.0, 0.5));
   const int gauge = peak(1, 81);
@@ -137,7 +137,7 @@ TEST_F(Examples, theFloodOfTheRiverReachGetsLowerOnItsWay) {
   EXPECT_THAT(volume(80) - volume(0), DoubleNear(balance, 0.005 * 122700.0));
 }
 
-TEST_F(Examples, thePolderFillsByGateAndWeirAndKeepsItsWater) {
+TEST_F(Examples, ThePolderFillsByGateAndWeirAndKeepsItsWater) {
   constexpr std::size_t WEIR = 2;
   constexpr std::size_t GATE = 4;
   run("polder");
@@ -149,14 +149,14 @@ TEST_F(Examples, thePolderFillsByGateAndWeirAndKeepsItsWater) {
   EXPECT_THAT(volume(40) - volume(0), DoubleNear(26373.0, 20.0));
 }
 
-TEST_F(Examples, theHillslopeComesNearToTheKinematicWave) {
+TEST_F(Examples, TheHillslopeComesNearToTheKinematicWave) {
   run("hillslope_rain");
   EXPECT_THAT(report, Not(HasSubstr("no cell is wet")));
   EXPECT_THAT(discharge(45, 0), DoubleNear(0.001667, 0.00009));
   EXPECT_THAT(volume(45), DoubleNear(1.77, 0.06));
 }
 
-TEST_F(Examples, theHillslopeIsToldOfATimeStepThatIsTooLong) {
+TEST_F(Examples, TheHillslopeIsToldOfATimeStepThatIsTooLong) {
   std::filesystem::copy(std::string(EXAMPLES_FOLDER) + "/hillslope_rain", dir.path(),
                         std::filesystem::copy_options::recursive);
   std::string study = support::readFile(dir.file("study.json"));
@@ -169,7 +169,7 @@ TEST_F(Examples, theHillslopeIsToldOfATimeStepThatIsTooLong) {
                                 "adds 0.000833333 m of water; a maximum_time_step of about 6 s "));
 }
 
-TEST_F(Examples, theTrenchFillsFromUpstreamAtTheSpeedOfItsBalance) {
+TEST_F(Examples, TheTrenchFillsFromUpstreamAtTheSpeedOfItsBalance) {
   constexpr double HALFWAY = -0.0423;
   run("trench");
   EXPECT_EQ(bed(1), bed(0));
@@ -184,7 +184,7 @@ TEST_F(Examples, theTrenchFillsFromUpstreamAtTheSpeedOfItsBalance) {
   EXPECT_THAT(bedVolume(21) - bedVolume(1), DoubleNear(balance, 3e-5));
 }
 
-TEST_F(Examples, theDamBreakDigsAtTheGateAndDropsSandUnderItsFront) {
+TEST_F(Examples, TheDamBreakDigsAtTheGateAndDropsSandUnderItsFront) {
   run("dam_break_mobile");
   EXPECT_THAT(bedVolume(5), DoubleNear(0.0, 1e-15));
   EXPECT_THAT(meanBed(0.1, 0.3, 4), DoubleNear(-0.0036, 0.0005));

@@ -31,7 +31,7 @@ class SetupExecutable : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(SetupExecutable, writesTheRunFileBetweenBannerAndFooter) {
+TEST_F(SetupExecutable, WritesTheRunFileBetweenBannerAndFooter) {
   support::writeFile(dir.file("study.json"), STUDY);
   const support::Outcome outcome = run({"-f", "study.json", "-o", "made.h5"});
   EXPECT_EQ(outcome.status, 0);
@@ -42,7 +42,7 @@ TEST_F(SetupExecutable, writesTheRunFileBetweenBannerAndFooter) {
   EXPECT_TRUE(std::filesystem::exists(dir.file("made.h5")));
 }
 
-TEST_F(SetupExecutable, writesNoMessagesIntoTheRunFile) {
+TEST_F(SetupExecutable, WritesNoMessagesIntoTheRunFile) {
   support::writeFile(dir.file("study.json"), STUDY);
   const support::Outcome outcome = support::runIn(
       dir.path(), "/bin/sh", {"-c", "exec <&- >&- 2>&-; exec " SETUP_EXE " -f study.json"});
@@ -51,13 +51,13 @@ TEST_F(SetupExecutable, writesNoMessagesIntoTheRunFile) {
               ::testing::AllOf(StartsWith("\x89HDF"), ::testing::Not(HasSubstr("RHEOMARK"))));
 }
 
-TEST_F(SetupExecutable, namesTheRunFileItselfIfTheUserDoesNot) {
+TEST_F(SetupExecutable, NamesTheRunFileItselfIfTheUserDoesNot) {
   support::writeFile(dir.file("study.json"), STUDY);
   EXPECT_EQ(run({"-f", "study.json"}).status, 0);
   EXPECT_TRUE(std::filesystem::exists(dir.file("run.h5")));
 }
 
-TEST_F(SetupExecutable, endsWithStatusOneAndNoFooterAfterAFailure) {
+TEST_F(SetupExecutable, EndsWithStatusOneAndNoFooterAfterAFailure) {
   const support::Outcome outcome = run({"-f", "none.json", "-o", "run.h5"});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_EQ(outcome.err,
@@ -66,7 +66,7 @@ TEST_F(SetupExecutable, endsWithStatusOneAndNoFooterAfterAFailure) {
   EXPECT_THAT(outcome.out, ::testing::Not(HasSubstr("successfully")));
 }
 
-TEST_F(SetupExecutable, reportsAMisspeltKeyOnStandardOutputAndEndsWithStatusOne) {
+TEST_F(SetupExecutable, ReportsAMisspeltKeyOnStandardOutputAndEndsWithStatusOne) {
   std::string study = STUDY;
   study.replace(study.find("INITIAL"), 7, "INITAL");
   support::writeFile(dir.file("study.json"), study);
@@ -83,7 +83,7 @@ TEST_F(SetupExecutable, reportsAMisspeltKeyOnStandardOutputAndEndsWithStatusOne)
   EXPECT_FALSE(std::filesystem::exists(dir.file("run.h5")));
 }
 
-TEST_F(SetupExecutable, reportsEachErrorOnStandardOutputAndEndsWithStatusOne) {
+TEST_F(SetupExecutable, ReportsEachErrorOnStandardOutputAndEndsWithStatusOne) {
   std::string study = STUDY;
   study.replace(study.find("\"width\": 2"), 10, "\"width\": 0");
   support::writeFile(dir.file("study.json"), study);
@@ -96,7 +96,7 @@ TEST_F(SetupExecutable, reportsEachErrorOnStandardOutputAndEndsWithStatusOne) {
             " -> ... unfortunately RHEOMARK is killed!\n");
 }
 
-TEST_F(SetupExecutable, endsWithStatusOneIfItsReportIsLost) {
+TEST_F(SetupExecutable, EndsWithStatusOneIfItsReportIsLost) {
   support::writeFile(dir.file("study.json"), STUDY);
   const support::Outcome outcome = support::runIn(
       dir.path(), "/bin/sh", {"-c", std::string(SETUP_EXE) + " -f study.json > /dev/full"});
@@ -107,7 +107,7 @@ TEST_F(SetupExecutable, endsWithStatusOneIfItsReportIsLost) {
   EXPECT_TRUE(std::filesystem::exists(dir.file("run.h5")));
 }
 
-TEST_F(SetupExecutable, endsWithStatusOneWhereFilesAreLimited) {
+TEST_F(SetupExecutable, EndsWithStatusOneWhereFilesAreLimited) {
   support::writeFile(dir.file("study.json"), STUDY);
   support::writeFile(dir.file("run.h5"), "earlier");
   const support::Outcome outcome =
@@ -119,13 +119,13 @@ TEST_F(SetupExecutable, endsWithStatusOneWhereFilesAreLimited) {
   EXPECT_EQ(support::readFile(dir.file("run.h5")), "earlier");
 }
 
-TEST_F(SetupExecutable, refusesACommandLineWithoutAStudy) {
+TEST_F(SetupExecutable, RefusesACommandLineWithoutAStudy) {
   const support::Outcome outcome = run({});
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.err, HasSubstr("PARSE ERROR"));
 }
 
-TEST_F(SetupExecutable, helpNamesTheArguments) {
+TEST_F(SetupExecutable, HelpNamesTheArguments) {
   const support::Outcome outcome = run({"--help"});
   EXPECT_EQ(outcome.status, 0);
   EXPECT_THAT(outcome.out, HasSubstr("This is the 'setup' binary of the RHEOMARK framework."));

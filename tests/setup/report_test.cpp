@@ -37,11 +37,11 @@ std::string reportOn(const setup::Domain& domain, const setup::Study& study = {}
 
 }  // namespace
 
-TEST(Report, waterVolumeIsThatOfTheWetCells) {
+TEST(Report, WaterVolumeIsThatOfTheWetCells) {
   EXPECT_EQ(setup::waterVolume(square()), 2.0);
 }
 
-TEST(Report, tellsOfMeshWaterAndModel) {
+TEST(Report, TellsOfMeshWaterAndModel) {
   EXPECT_EQ(reportOn(square()),
             " -> cells: 2, edges: 5 (on the boundary: 4), nodes: 4\n"
             " -> numbering: neighbours are 1 cells apart at most (as given: 9)\n"
@@ -50,7 +50,7 @@ TEST(Report, tellsOfMeshWaterAndModel) {
             " -> aggregates: hydraulics_aggr\n");
 }
 
-TEST(Report, tellsWhatHadToBeChanged) {
+TEST(Report, TellsWhatHadToBeChanged) {
   setup::Domain domain = square();
   domain.tidying = {3, 2};
   EXPECT_TRUE(
@@ -58,7 +58,7 @@ TEST(Report, tellsWhatHadToBeChanged) {
                                    " -> left out 2 nodes that no element uses\n"));
 }
 
-TEST(Report, tellsOfStringsAndBoundaries) {
+TEST(Report, TellsOfStringsAndBoundaries) {
   setup::Domain domain = square();
   domain.strings = {{"inlet", {0, 1}, {-1, -1}, {0, 0}, 4.0}};
   domain.boundaries.flow.edges = {0, 1};
@@ -82,7 +82,7 @@ setup::Domain dryAndRaining() {
 
 }  // namespace
 
-TEST(Report, proposesATimeStepWhereRainFallsOnADryDomain) {
+TEST(Report, ProposesATimeStepWhereRainFallsOnADryDomain) {
   setup::Study study;
   study.hydraulics.maximumTimeStep = 200.0;
   study.hydraulics.cfl = 0.5;
@@ -94,13 +94,13 @@ TEST(Report, proposesATimeStepWhereRainFallsOnADryDomain) {
                         "its rate) would be right\n"));
 }
 
-TEST(Report, proposesNoTimeStepWhereThatOfTheStudyIsRight) {
+TEST(Report, ProposesNoTimeStepWhereThatOfTheStudyIsRight) {
   setup::Study study;
   study.hydraulics.maximumTimeStep = 100.0;
   EXPECT_THAT(reportOn(dryAndRaining(), study), Not(HasSubstr("no cell is wet")));
 }
 
-TEST(Report, proposesNoTimeStepWhereACellIsWet) {
+TEST(Report, ProposesNoTimeStepWhereACellIsWet) {
   setup::Study study;
   study.hydraulics.maximumTimeStep = 1e6;
   setup::Domain domain = dryAndRaining();
@@ -110,7 +110,7 @@ TEST(Report, proposesNoTimeStepWhereACellIsWet) {
   EXPECT_THAT(reportOn(domain, study), HasSubstr("no cell is wet"));
 }
 
-TEST(Report, proposesNoTimeStepWhereSourcesOnlyTakeWaterAway) {
+TEST(Report, ProposesNoTimeStepWhereSourcesOnlyTakeWaterAway) {
   setup::Study study;
   study.hydraulics.maximumTimeStep = 1e6;
   setup::Domain domain = dryAndRaining();

@@ -69,7 +69,7 @@ constexpr std::size_t MIDDLE = 2;
 
 }  // namespace
 
-TEST_F(Flume, anInflowBringsItsDischarge) {
+TEST_F(Flume, AnInflowBringsItsDischarge) {
   for (const char* boundary :
        {R"({"string": "west", "type": "inflow", "discharge": 2, "slope": 1e-3})",
         R"({"string": "west", "type": "inflow_froude", "discharge": 2})"}) {
@@ -79,14 +79,14 @@ TEST_F(Flume, anInflowBringsItsDischarge) {
   }
 }
 
-TEST_F(Flume, aSeriesIsFollowed) {
+TEST_F(Flume, ASeriesIsFollowed) {
   support::writeFile(dir.file("q.txt"), "# t, q\r\n0, 0\r\n4, 8\r\n");
   runBoundary(R"({"string": "west", "type": "inflow", "discharge_file": "q.txt", "slope": 1e-3})");
   EXPECT_THAT(discharge(WEST), DoubleNear(4.0, 0.3));
   EXPECT_THAT(gain(), DoubleNear(4.0, 0.3));
 }
 
-TEST_F(Flume, anOutflowTakesItsDischarge) {
+TEST_F(Flume, AnOutflowTakesItsDischarge) {
   support::writeFile(dir.file("curve.txt"), "-10 1.5\n10 1.5\n");
   for (const char* boundary :
        {R"({"string": "east", "type": "outflow", "discharge": 1.5})",
@@ -101,7 +101,7 @@ TEST_F(Flume, anOutflowTakesItsDischarge) {
   }
 }
 
-TEST_F(Flume, aWeirTakesWhatPoleniSays) {
+TEST_F(Flume, AWeirTakesWhatPoleniSays) {
   runBoundary(R"({"string": "east", "type": "weir", "crest": 0.8, "rise": 0})");
   const double level = numbers("RESULTS/NodeStrg/StateVar/0000001").at(10 * EAST);
   const double head = level - 0.8;
@@ -110,13 +110,13 @@ TEST_F(Flume, aWeirTakesWhatPoleniSays) {
       DoubleNear(2.0 / 3.0 * 0.611 * std::sqrt(2.0 * 9.81) * 4.0 * std::pow(head, 1.5), 1e-3));
 }
 
-TEST_F(Flume, aSwitchThatIsBelowItsLevelTakesTheLesserDischarge) {
+TEST_F(Flume, ASwitchThatIsBelowItsLevelTakesTheLesserDischarge) {
   runBoundary(R"({"string": "east", "type": "switched_outflow", "discharge_below": 0.5,
                   "discharge_above": 3, "upper_level": 1.5})");
   EXPECT_THAT(discharge(EAST), DoubleNear(0.5, 0.05));
 }
 
-TEST_F(Flume, aLevelDrawsWaterInOrOut) {
+TEST_F(Flume, ALevelDrawsWaterInOrOut) {
   runBoundary(R"({"string": "east", "type": "level", "level": 1.2})");
   EXPECT_LT(discharge(EAST), -0.5);
   EXPECT_GT(gain(), 1.0);
@@ -124,7 +124,7 @@ TEST_F(Flume, aLevelDrawsWaterInOrOut) {
   EXPECT_THAT(gain(), DoubleNear(0.0, 1e-12));
 }
 
-TEST_F(Flume, openOutflowsLetWaterOut) {
+TEST_F(Flume, OpenOutflowsLetWaterOut) {
   for (const char* type : {R"("free_outflow")", R"("normal_depth", "slope": 0.001)"}) {
     run(R"("BOUNDARY": [{"string": "east", "type": )" + std::string(type) + "}]",
         R"("water_depth": 1, "velocity": [1, 0])");
@@ -133,7 +133,7 @@ TEST_F(Flume, openOutflowsLetWaterOut) {
   }
 }
 
-TEST_F(Flume, innerBoundariesPassTheirDischargeFromTheirLeftToTheirRight) {
+TEST_F(Flume, InnerBoundariesPassTheirDischargeFromTheirLeftToTheirRight) {
   support::writeFile(dir.file("curve.txt"), "-10 1.5\n10 1.5\n");
   for (const char* boundary :
        {R"({"string": "middle", "type": "inner_discharge", "discharge": 1.5})",
@@ -148,7 +148,7 @@ TEST_F(Flume, innerBoundariesPassTheirDischargeFromTheirLeftToTheirRight) {
 const std::string STEP = R"("water_level": 0.5, "ZONES": [{"box": [0, 0, 10, 4],
                                                            "water_level": 1}])";
 
-TEST_F(Flume, gatesAreOpenOrShut) {
+TEST_F(Flume, GatesAreOpenOrShut) {
   support::writeFile(dir.file("shut.txt"), "0 -1\n");
   support::writeFile(dir.file("open.txt"), "0 1\n");
   const auto gate = [this](const std::string& keys) {
@@ -167,7 +167,7 @@ TEST_F(Flume, gatesAreOpenOrShut) {
             1.0);
 }
 
-TEST_F(Flume, anInnerWeirStopsWaterBelowItsCrest) {
+TEST_F(Flume, AnInnerWeirStopsWaterBelowItsCrest) {
   run(R"("BOUNDARY": [{"string": "middle", "type": "inner_weir", "crest": 1.01}])", STEP);
   EXPECT_EQ(discharge(MIDDLE), 0.0);
   run(R"("BOUNDARY": [{"string": "middle", "type": "inner_weir", "crest": 0.8}])", STEP);
@@ -175,7 +175,7 @@ TEST_F(Flume, anInnerWeirStopsWaterBelowItsCrest) {
   EXPECT_THAT(gain(), DoubleNear(0.0, 1e-12));
 }
 
-TEST_F(Flume, linksBringInWhatTheyTakeOut) {
+TEST_F(Flume, LinksBringInWhatTheyTakeOut) {
   support::writeFile(dir.file("curve.txt"), "-10 1.5\n10 1.5\n");
   for (const char* keys :
        {R"("linked_weir", "crest": 0.7)", R"("linked_rating_curve", "discharge_file": "curve.txt")",
@@ -187,14 +187,14 @@ TEST_F(Flume, linksBringInWhatTheyTakeOut) {
   }
 }
 
-TEST_F(Flume, aLinkedLevelPassesOnWhatLeaves) {
+TEST_F(Flume, ALinkedLevelPassesOnWhatLeaves) {
   run(R"("BOUNDARY": [{"string": "east", "to": "west", "type": "linked_level", "level": 0.5}])",
       R"("water_depth": 1, "velocity": [0.5, 0])");
   EXPECT_GT(discharge(EAST), 2.0);
   EXPECT_THAT(discharge(WEST), DoubleNear(discharge(EAST), 0.3));
 }
 
-TEST_F(Flume, rainAndSinksChangeTheVolumeAtTheirRate) {
+TEST_F(Flume, RainAndSinksChangeTheVolumeAtTheirRate) {
   run(R"("SOURCE": [{"region": "flume", "type": "rain", "intensity": 36000}])");
   EXPECT_THAT(gain(), DoubleNear(80.0 * 0.01 * 2.0, 0.02));
   run(R"("SOURCE": [{"region": "flume", "type": "discharge", "discharge": -2}])");

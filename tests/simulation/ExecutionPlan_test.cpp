@@ -25,47 +25,47 @@ double clipped(ExecutionPlan& plan, double time, bool fires) {
   return step;
 }
 
-TEST(ExecutionPlan, withoutDurationFiresOnce) {
+TEST(ExecutionPlan, WithoutDurationFiresOnce) {
   EXPECT_EQ(firings({0.0, 0.0, 0.0}, {0.0, 0.0, 0.5, 1.0}), (std::vector<double>{0.0}));
   EXPECT_EQ(firings({3.0, 7.0, 3.0}, {2.0, 3.0, 3.0, 10.0}), (std::vector<double>{3.0}));
 }
 
-TEST(ExecutionPlan, withoutIncrementFiresOnEveryCallInsideItsWindow) {
+TEST(ExecutionPlan, WithoutIncrementFiresOnEveryCallInsideItsWindow) {
   EXPECT_EQ(firings({1.0, 0.0, 5.0}, {0.5, 1.0, 1.0, 1.25, 5.0, 5.5}),
             (std::vector<double>{1.0, 1.0, 1.25, 5.0}));
 }
 
-TEST(ExecutionPlan, withIncrementFiresOnItsGrid) {
+TEST(ExecutionPlan, WithIncrementFiresOnItsGrid) {
   EXPECT_EQ(firings({0.0, 2.0, 4.0}, {0.0, 1.0, 2.0, 4.5}), (std::vector<double>{0.0, 2.0}));
 }
 
-TEST(ExecutionPlan, includesBothEndsOfItsWindow) {
+TEST(ExecutionPlan, IncludesBothEndsOfItsWindow) {
   EXPECT_EQ(firings({1.0, 2.0, 5.0}, {0.0, 1.0, 3.0, 5.0, 7.0}),
             (std::vector<double>{1.0, 3.0, 5.0}));
 }
 
-TEST(ExecutionPlan, aLateFiringDoesNotShiftTheGrid) {
+TEST(ExecutionPlan, ALateFiringDoesNotShiftTheGrid) {
   EXPECT_EQ(firings({0.0, 2.0, 100.0}, {0.5, 1.9, 2.0, 3.5, 4.0}),
             (std::vector<double>{0.5, 2.0, 4.0}));
 }
 
-TEST(ExecutionPlan, catchesUpWithOneFiringPerCall) {
+TEST(ExecutionPlan, CatchesUpWithOneFiringPerCall) {
   EXPECT_EQ(firings({0.0, 1.0, 100.0}, {3.25, 3.25, 3.25, 3.25, 3.25, 4.0}),
             (std::vector<double>{3.25, 3.25, 3.25, 3.25, 4.0}));
 }
 
-TEST(ExecutionPlan, withANegativeIncrementFiresOnEveryCall) {
+TEST(ExecutionPlan, WithANegativeIncrementFiresOnEveryCall) {
   EXPECT_EQ(firings({0.0, -1.0, 5.0}, {0.0, 1.0, 2.0}), (std::vector<double>{0.0, 1.0, 2.0}));
 }
 
-TEST(ExecutionPlan, clipsTheStepToTheNextFiring) {
+TEST(ExecutionPlan, ClipsTheStepToTheNextFiring) {
   ExecutionPlan plan(0.0, 2.0, 10.0);
   EXPECT_EQ(clipped(plan, 0.0, true), 2.0);
   EXPECT_EQ(clipped(plan, 0.5, false), 1.5);
   EXPECT_EQ(clipped(plan, 2.0, true), 2.0);
 }
 
-TEST(ExecutionPlan, leavesAShorterStepAlone) {
+TEST(ExecutionPlan, LeavesAShorterStepAlone) {
   ExecutionPlan plan(0.0, 2.0, 10.0);
   double step = 0.25;
   EXPECT_TRUE(plan.execute(0.0, step));
@@ -74,33 +74,33 @@ TEST(ExecutionPlan, leavesAShorterStepAlone) {
   EXPECT_EQ(step, 0.25);
 }
 
-TEST(ExecutionPlan, clipsBeforeAndBehindItsWindowToo) {
+TEST(ExecutionPlan, ClipsBeforeAndBehindItsWindowToo) {
   ExecutionPlan plan(1.0, 2.0, 4.0);
   EXPECT_EQ(clipped(plan, 0.25, false), 0.75);
   EXPECT_EQ(clipped(plan, 1.0, true), 2.0);
   EXPECT_EQ(clipped(plan, 4.5, false), -1.5);
 }
 
-TEST(ExecutionPlan, aFinishedFiringClipsToWhatIsNegative) {
+TEST(ExecutionPlan, AFinishedFiringClipsToWhatIsNegative) {
   ExecutionPlan plan(1.0, 7.0, 1.0);
   EXPECT_EQ(clipped(plan, 1.0, true), 7.0);
   EXPECT_EQ(clipped(plan, 1.0, false), 0.0);
   EXPECT_EQ(clipped(plan, 3.0, false), -2.0);
 }
 
-TEST(ExecutionPlan, thatFiresOnEveryCallClipsToItsIncrementOfZero) {
+TEST(ExecutionPlan, ThatFiresOnEveryCallClipsToItsIncrementOfZero) {
   ExecutionPlan plan(0.0, 0.0, 5.0);
   EXPECT_EQ(clipped(plan, 1.0, true), 0.0);
 }
 
-TEST(ExecutionPlan, aStepThatIsNotANumberIsReplaced) {
+TEST(ExecutionPlan, AStepThatIsNotANumberIsReplaced) {
   ExecutionPlan plan(0.0, 2.0, 10.0);
   double step = std::numeric_limits<double>::quiet_NaN();
   plan.execute(0.0, step);
   EXPECT_EQ(step, 2.0);
 }
 
-TEST(ExecutionPlan, checkingCountsAsAFiring) {
+TEST(ExecutionPlan, CheckingCountsAsAFiring) {
   ExecutionPlan plan(0.0, 2.0, 10.0);
   EXPECT_TRUE(plan.checkExecution(0.0));
   EXPECT_FALSE(plan.execute(0.0));
@@ -108,7 +108,7 @@ TEST(ExecutionPlan, checkingCountsAsAFiring) {
   EXPECT_FALSE(plan.checkExecution(2.0));
 }
 
-TEST(ExecutionPlan, tellsItsIncrement) {
+TEST(ExecutionPlan, TellsItsIncrement) {
   EXPECT_EQ(ExecutionPlan(0.0, 2.0, 10.0).getIncrement(), 2.0);
   EXPECT_EQ(ExecutionPlan(3.0, 7.0, 3.0).getIncrement(), 7.0);
 }

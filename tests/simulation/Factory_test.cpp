@@ -6,7 +6,7 @@
 
 namespace {
 
-TEST(SimulationFactory, makesPlansThatTheCallerOwns) {
+TEST(SimulationFactory, MakesPlansThatTheCallerOwns) {
   const std::unique_ptr<api::IExecutionPlan> plan(
       simulation::Factory::createExecutionPlan(1.0, 2.0, 4.0));
   EXPECT_EQ(plan->getIncrement(), 2.0);

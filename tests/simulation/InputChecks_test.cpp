@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "simulation/RunData.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 
 namespace {
 
@@ -26,12 +26,12 @@ class InputChecks : public support::RunData {
   }
 };
 
-TEST_F(InputChecks, acceptARunWithoutTheDataTheyLookAt) {
+TEST_F(InputChecks, AcceptARunWithoutTheDataTheyLookAt) {
   dats[DataID::NodeStrg_ListSize] = nullptr;
   for (int kernel = 0; kernel <= 25; ++kernel) expectAccepted(static_cast<KernelID>(kernel));
 }
 
-TEST_F(InputChecks, acceptWhatAnotherKernelReads) {
+TEST_F(InputChecks, AcceptWhatAnotherKernelReads) {
   give(DataID::NodeStrg_ListSize, 1, std::vector<int>{41});
   give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{9, 9, 9});
   give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{0, 7});
@@ -40,7 +40,7 @@ TEST_F(InputChecks, acceptWhatAnotherKernelReads) {
 }
 
 // A nodestring of less than no edges is as good as an empty one.
-TEST_F(InputChecks, nodestringsHaveAtMostFortyEdges) {
+TEST_F(InputChecks, NodestringsHaveAtMostFortyEdges) {
   give(DataID::NodeStrg_ListSize, 1, std::vector<int>{0, 40, -1, INT_MIN});
   expectAccepted(KernelID::NodeStringStateCalc);
   give(DataID::NodeStrg_ListSize, 1, std::vector<int>{3, 41});
@@ -49,7 +49,7 @@ TEST_F(InputChecks, nodestringsHaveAtMostFortyEdges) {
             "nodestring must be at most 40\n");
 }
 
-TEST_F(InputChecks, edgeSignsPickComponentsThatAreThere) {
+TEST_F(InputChecks, EdgeSignsPickComponentsThatAreThere) {
   give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{1, -1, 1, -1, 0, 2});
   expectAccepted(KernelID::Update);
   give(DataID::CellsAll_EdgeSign, 3, std::vector<int>{1, -1, 1, -1, 3, 1});
@@ -62,7 +62,7 @@ TEST_F(InputChecks, edgeSignsPickComponentsThatAreThere) {
             "convention) must be from -1 to 2\n");
 }
 
-TEST_F(InputChecks, positionsOfInterpolationsLieInTheirRecord) {
+TEST_F(InputChecks, PositionsOfInterpolationsLieInTheirRecord) {
   give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{-9, 0, 99, 6});
   give(DataID::ClInterp_KeyPostn, 2, std::vector<int>{-9, 0, 99, 1});
   expectAccepted(KernelID::EdgeDataInterpolation);
@@ -90,7 +90,7 @@ std::vector<int> edgeColumns(int type) {
   // clang-format on
 }
 
-TEST_F(InputChecks, modificationsOfEdgesAreCheckedWhereTheirTypeLooks) {
+TEST_F(InputChecks, ModificationsOfEdgesAreCheckedWhereTheirTypeLooks) {
   for (int type = -1; type <= 40; ++type) {
     const std::vector<int> columns = edgeColumns(type);
     for (int column = 1; column < 7; ++column) {
@@ -111,7 +111,7 @@ TEST_F(InputChecks, modificationsOfEdgesAreCheckedWhereTheirTypeLooks) {
   }
 }
 
-TEST_F(InputChecks, modificationsOfCellsAreCheckedWhereTheirTypeLooks) {
+TEST_F(InputChecks, ModificationsOfCellsAreCheckedWhereTheirTypeLooks) {
   for (const int type : {6, 7}) {
     give(DataID::ClModDat_ModfInfo, 7, std::vector<int>{type, 1, 0, 99, 99, 99, 99});
     expectAccepted(KernelID::CellDataModification);
@@ -129,7 +129,7 @@ TEST_F(InputChecks, modificationsOfCellsAreCheckedWhereTheirTypeLooks) {
 }
 
 // The runtime refuses entries by the end of the process: a throw would be seen.
-TEST_F(InputChecks, fixedBedsThatAreNotCorrectedNeedNoMap) {
+TEST_F(InputChecks, FixedBedsThatAreNotCorrectedNeedNoMap) {
   double& accuracy = G_REAL[static_cast<int>(model::ParameterID::FixBedAccuracy)];
   int& iterations = G_INT[static_cast<int>(model::ParameterID::FixBedMaxIter)];
   const std::vector<int>& table = giveMap(MapID::CellsFix_CellsAll, 1, {-1});
@@ -145,7 +145,7 @@ TEST_F(InputChecks, fixedBedsThatAreNotCorrectedNeedNoMap) {
   EXPECT_EQ(table[0], -1);
 }
 
-TEST(CheckParameterSize, refusesMoreValuesThanThereAreSlots) {
+TEST(CheckParameterSize, RefusesMoreValuesThanThereAreSlots) {
   EXPECT_NO_THROW(simulation::checkParameterSize("Parameters/BedloadInts", 19, 9));
   ::testing::internal::CaptureStderr();
   EXPECT_THROW(simulation::checkParameterSize("Parameters/BedloadInts", 19, 10), BaseException);
@@ -153,7 +153,7 @@ TEST(CheckParameterSize, refusesMoreValuesThanThereAreSlots) {
             " -> parameter <Parameters/BedloadInts> has 10 values, but there is room for 9\n");
 }
 
-TEST(CheckRecordData, refusesARunWithoutIt) {
+TEST(CheckRecordData, RefusesARunWithoutIt) {
   op_dat_core state{};
   simulation::Dats dats{{DataID::HydState, &state}, {DataID::BottomEl, nullptr}};
   EXPECT_NO_THROW(simulation::checkRecordData({DataID::HydState}, dats));

@@ -27,7 +27,7 @@ std::string reportOf(Action&& action) {
   return ::testing::internal::GetCapturedStderr();
 }
 
-TEST(LoopArguments, anAbsentDatumIsNamedTogetherWithItsKernel) {
+TEST(LoopArguments, AnAbsentDatumIsNamedTogetherWithItsKernel) {
   EXPECT_EQ(reportOf([] {
               simulation::requireDat(nullptr, DataID::CellsAll_GeomArea, KernelID::Update);
             }),
@@ -35,7 +35,7 @@ TEST(LoopArguments, anAbsentDatumIsNamedTogetherWithItsKernel) {
             "the run file must hold it\n");
 }
 
-TEST(LoopArguments, anAbsentMapIsNamedTogetherWithItsKernel) {
+TEST(LoopArguments, AnAbsentMapIsNamedTogetherWithItsKernel) {
   EXPECT_EQ(reportOf([] {
               simulation::requireMap(nullptr, MapID::EdgesSWE_CellsAll,
                                      KernelID::HydInternalFluxes);
@@ -44,14 +44,14 @@ TEST(LoopArguments, anAbsentMapIsNamedTogetherWithItsKernel) {
             "not have: the run file must hold it\n");
 }
 
-TEST(LoopArguments, absentElementNumbersAreNamedByTheirSet) {
+TEST(LoopArguments, AbsentElementNumbersAreNamedByTheirSet) {
   EXPECT_EQ(
       reportOf([] { simulation::requireDat(nullptr, SetID::CellsAll, KernelID::Update); }),
       " -> kernel <Update> needs the element numbers of <CellsAll>, which this run does not have: "
       "the run file must hold it\n");
 }
 
-TEST(LoopArguments, whatIsThereIsAccepted) {
+TEST(LoopArguments, WhatIsThereIsAccepted) {
   op_dat_core dat{};
   op_map_core map{};
   EXPECT_NO_THROW(simulation::requireDat(&dat, DataID::HydState, KernelID::Update));

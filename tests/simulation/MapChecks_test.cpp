@@ -41,7 +41,7 @@ class MapChecks : public support::RunData {
   }
 };
 
-TEST_F(MapChecks, allEntriesOfAPlainMapAreChecked) {
+TEST_F(MapChecks, AllEntriesOfAPlainMapAreChecked) {
   giveMap(MapID::EdgesSWE_CellsAll, 2, {0, 9, 9, 10});
   EXPECT_EXIT(checkAloud(KernelID::HydInternalFluxes), ExitedWithCode(2),
               "^map map: row 1, column 1 holds 10, which is not in the range 0 to 9 of set "
@@ -49,14 +49,14 @@ TEST_F(MapChecks, allEntriesOfAPlainMapAreChecked) {
   simulation::checkMaps(KernelID::MorInternalFluxes, dats, maps);
 }
 
-TEST_F(MapChecks, theEdgesOfCellsCountForKernelsThatFollowThem) {
+TEST_F(MapChecks, TheEdgesOfCellsCountForKernelsThatFollowThem) {
   giveMap(MapID::CellsAll_EdgesAll, 3, {0, -1, 2});
   simulation::checkMaps(KernelID::CalcBedGradient, dats, maps);
   EXPECT_EXIT(checkAloud(KernelID::CalCCurvature), ExitedWithCode(2), "holds -1");
   EXPECT_EXIT(checkAloud(KernelID::Update), ExitedWithCode(2), "holds -1");
 }
 
-TEST_F(MapChecks, columnsBehindTheEdgesOfANodestringBecomeZero) {
+TEST_F(MapChecks, ColumnsBehindTheEdgesOfANodestringBecomeZero) {
   give(DataID::NodeStrg_ListSize, 1, std::vector<int>{1, 3, 0, -7});
   for (const MapID id : {MapID::NodeStrg_EdgesAll, MapID::NodeStrg_CellsAll}) {
     const std::vector<int>& table = giveMap(id, 3, {9, -7, 10, 0, 5, 9, 99, 99, 99, -1, -1, -1});
@@ -68,13 +68,13 @@ TEST_F(MapChecks, columnsBehindTheEdgesOfANodestringBecomeZero) {
               "row 1, column 2 holds 10");
 }
 
-TEST_F(MapChecks, interpolationsAskANodestringByTheirKey) {
+TEST_F(MapChecks, InterpolationsAskANodestringByTheirKey) {
   EXPECT_EQ(followed(KernelID::EdgeDataInterpolation, MapID::EdInterp_NodeStrg, 1, 0,
                      DataID::EdInterp_KeyPostn),
             (std::vector<int>{1, 2, 3}));
 }
 
-TEST_F(MapChecks, modificationsOfEdgesTakeFromNodestringsByTheirType) {
+TEST_F(MapChecks, ModificationsOfEdgesTakeFromNodestringsByTheirType) {
   const auto column = [&](int which) {
     return followed(KernelID::EdgeDataModification, MapID::EdModDat_NodeStrg, 2, which,
                     DataID::EdModDat_ModfInfo);
@@ -83,7 +83,7 @@ TEST_F(MapChecks, modificationsOfEdgesTakeFromNodestringsByTheirType) {
   EXPECT_EQ(column(1), (std::vector<int>{2, 9, 16}));
 }
 
-TEST_F(MapChecks, modificationsNeedARecordIfTheyChangeIt) {
+TEST_F(MapChecks, ModificationsNeedARecordIfTheyChangeIt) {
   EXPECT_EQ(followed(KernelID::EdgeDataModification, MapID::EdModDat_EdgeData, 1, 0,
                      DataID::EdModDat_ModfInfo),
             (std::vector<int>{1, 2, 3, 4, 5, 8, 9, 10, 11, 12, 13, 14, 15, 16}));
@@ -95,7 +95,7 @@ TEST_F(MapChecks, modificationsNeedARecordIfTheyChangeIt) {
             (std::vector<int>{6}));
 }
 
-TEST_F(MapChecks, boundariesNeedASecondCellOnInnerEdges) {
+TEST_F(MapChecks, BoundariesNeedASecondCellOnInnerEdges) {
   const auto column = [&](int which) {
     return followed(KernelID::HydBoundaryFluxes, MapID::EdgHydBC_CellsAll, 2, which,
                     DataID::HydBType);
@@ -104,7 +104,7 @@ TEST_F(MapChecks, boundariesNeedASecondCellOnInnerEdges) {
   EXPECT_EQ(column(1), (std::vector<int>{216, 218, 220}));
 }
 
-TEST_F(MapChecks, boundariesNeedARecordIfTheyTakeAValue) {
+TEST_F(MapChecks, BoundariesNeedARecordIfTheyTakeAValue) {
   EXPECT_EQ(followed(KernelID::HydBoundaryFluxes, MapID::EdgHydBC_EdgeData, 1, 0, DataID::HydBType),
             (std::vector<int>{100, 102, 104, 106, 108, 110, 114, 216, 218, 322, 323, 324, 325, 326,
                               327, 328, 329, 330, 331}));
@@ -112,7 +112,7 @@ TEST_F(MapChecks, boundariesNeedARecordIfTheyTakeAValue) {
             (std::vector<int>{400, 402, 404, 406, 408, 410, 412, 414}));
 }
 
-TEST_F(MapChecks, boundariesOfTheBedLookAtTheInnerCellAlone) {
+TEST_F(MapChecks, BoundariesOfTheBedLookAtTheInnerCellAlone) {
   EXPECT_EQ(followed(KernelID::MorBoundaryFluxes, MapID::EdgMorBC_CellsAll, 2, 0, DataID::MorBType)
                 .size(),
             1001U);
@@ -121,14 +121,14 @@ TEST_F(MapChecks, boundariesOfTheBedLookAtTheInnerCellAlone) {
           .empty());
 }
 
-TEST_F(MapChecks, anEntryThatIsFollowedMustLeadSomewhere) {
+TEST_F(MapChecks, AnEntryThatIsFollowedMustLeadSomewhere) {
   give(DataID::EdInterp_KeyPostn, 2, std::vector<int>{0, 0, 3, 0});
   giveMap(MapID::EdInterp_NodeStrg, 1, {-1, -1});
   EXPECT_EXIT(checkAloud(KernelID::EdgeDataInterpolation), ExitedWithCode(2),
               "row 1, column 0 holds -1");
 }
 
-TEST_F(MapChecks, mapsAndCodesThatAreMissingAreLeftToTheCall) {
+TEST_F(MapChecks, MapsAndCodesThatAreMissingAreLeftToTheCall) {
   maps[MapID::EdInterp_InSeries] = nullptr;
   giveMap(MapID::EdInterp_NodeStrg, 1, {-1});
   simulation::checkMaps(KernelID::EdgeDataInterpolation, dats, maps);

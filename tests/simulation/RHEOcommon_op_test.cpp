@@ -15,10 +15,10 @@
 #include "common/BaseException.h"
 #include "dataio/Factory.h"
 #include "model/components.h"
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 #include "simulation/Driver.h"
 #include "simulation/ModelMock.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 #include "support/H5Compare.h"
 
 namespace {
@@ -88,13 +88,13 @@ const std::vector<KernelID> TWO_PASSES{KernelID::InitCellHydFeatures,
                                        KernelID::HydWallBFluxes,
                                        KernelID::Update};
 
-TEST_F(KernelPlans, runInTheOrderOfTheirIDs) {
+TEST_F(KernelPlans, RunInTheOrderOfTheirIDs) {
   prepare();
   run();
   EXPECT_EQ(called(), TWO_PASSES);
 }
 
-TEST_F(KernelPlans, theOrderOfTheRunFilePlaysNoPart) {
+TEST_F(KernelPlans, TheOrderOfTheRunFilePlaysNoPart) {
   schedule(1, 21);
   schedule(4, 3);
   prepare();
@@ -102,14 +102,14 @@ TEST_F(KernelPlans, theOrderOfTheRunFilePlaysNoPart) {
   EXPECT_EQ(called(), TWO_PASSES);
 }
 
-TEST_F(KernelPlans, allOfAPassAreAskedAtTheTimeOfItsStart) {
+TEST_F(KernelPlans, AllOfAPassAreAskedAtTheTimeOfItsStart) {
   const Driver& domain = prepare();
   run();
   ASSERT_EQ(domain.calls.size(), 7U);
   for (std::size_t i = 0; i < 7; ++i) EXPECT_EQ(domain.calls[i].time, i < 4 ? 0.0 : 0.5) << i;
 }
 
-TEST_F(KernelPlans, aKernelWithoutARowNeverRuns) {
+TEST_F(KernelPlans, AKernelWithoutARowNeverRuns) {
   schedule(2, 77);
   prepare().on(KernelID::HydFlood, [] {});
   run();
@@ -118,18 +118,18 @@ TEST_F(KernelPlans, aKernelWithoutARowNeverRuns) {
   EXPECT_EQ(timesOf(KernelID::Update).size(), 2U);
 }
 
-TEST_F(KernelPlans, aKernelOverAnEmptySetIsDeactivatedAndNeverRuns) {
+TEST_F(KernelPlans, AKernelOverAnEmptySetIsDeactivatedAndNeverRuns) {
   prepare().on(KernelID::HydInternalFluxes, [] {});
   EXPECT_THAT(run(1), HasSubstr(" -> de-activating the kernel <HydInternalFluxes>\n"));
   EXPECT_EQ(called(), TWO_PASSES);
 }
 
-TEST_F(KernelPlans, deactivationIsSilentAtLevelZero) {
+TEST_F(KernelPlans, DeactivationIsSilentAtLevelZero) {
   prepare().on(KernelID::HydInternalFluxes, [] {});
   EXPECT_THAT(run(0), Not(HasSubstr("de-activating")));
 }
 
-TEST_F(KernelPlans, aKernelThatTheModelDoesNotKnowRunsIfItHasARow) {
+TEST_F(KernelPlans, AKernelThatTheModelDoesNotKnowRunsIfItHasARow) {
   schedule(3, static_cast<int>(KernelID::HydFlood));
   setTiming(3, 0.0, 0.0, 10.0);
   prepare().on(KernelID::HydFlood, [] {});
@@ -137,7 +137,7 @@ TEST_F(KernelPlans, aKernelThatTheModelDoesNotKnowRunsIfItHasARow) {
   EXPECT_EQ(timesOf(KernelID::HydFlood).size(), 2U);
 }
 
-TEST_F(KernelPlans, aRepeatedKernelHasThePlanOfItsLastRow) {
+TEST_F(KernelPlans, ARepeatedKernelHasThePlanOfItsLastRow) {
   schedule(3, 0);
   setTiming(3, 0.5, 0.0, 10.0);
   prepare();
@@ -145,7 +145,7 @@ TEST_F(KernelPlans, aRepeatedKernelHasThePlanOfItsLastRow) {
   EXPECT_EQ(timesOf(KernelID::InitCellHydFeatures), (std::vector<double>{0.5}));
 }
 
-TEST_F(KernelPlans, windowsAndIncrementsAreThoseOfTheRunFile) {
+TEST_F(KernelPlans, WindowsAndIncrementsAreThoseOfTheRunFile) {
   setTimes(R"("start": 0, "end": 4, "out": 4)");
   setTiming(0, 1.0, 0.0, 2.0);  // on every call inside
   setTiming(2, 0.5, 1.5, 3.9);
@@ -155,7 +155,7 @@ TEST_F(KernelPlans, windowsAndIncrementsAreThoseOfTheRunFile) {
   EXPECT_EQ(timesOf(KernelID::HydWallBFluxes), (std::vector<double>{0.5, 2.0, 3.5}));
 }
 
-TEST_F(KernelPlans, windowsAreRelativeToTheStartOfAReRun) {
+TEST_F(KernelPlans, WindowsAreRelativeToTheStartOfAReRun) {
   prepare();
   run();
   dropDriver();
@@ -183,7 +183,7 @@ class TimeLoop : public support::Driven {
   }
 };
 
-TEST_F(TimeLoop, stepsAreClippedToTheOutputGridAndNotToTheEnd) {
+TEST_F(TimeLoop, StepsAreClippedToTheOutputGridAndNotToTheEnd) {
   setTimes(R"("start": 0, "end": 1, "out": 0.375)");
   driver().allowSteps(0.25);
   run();
@@ -193,7 +193,7 @@ TEST_F(TimeLoop, stepsAreClippedToTheOutputGridAndNotToTheEnd) {
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0, 0.375, 0.75}));
 }
 
-TEST_F(TimeLoop, anEndOffTheGridIsPassedByUpToOneStep) {
+TEST_F(TimeLoop, AnEndOffTheGridIsPassedByUpToOneStep) {
   setTimes(R"("start": 0, "end": 1, "out": 0.75)");
   driver().allowSteps(0.4375);
   run();
@@ -201,7 +201,7 @@ TEST_F(TimeLoop, anEndOffTheGridIsPassedByUpToOneStep) {
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0, 0.75}));
 }
 
-TEST_F(TimeLoop, anEndOnTheGridHasARecord) {
+TEST_F(TimeLoop, AnEndOnTheGridHasARecord) {
   setTimes(R"("start": 0, "end": 1, "out": 0.5)");
   driver().allowSteps(0.375);
   run();
@@ -209,7 +209,7 @@ TEST_F(TimeLoop, anEndOnTheGridHasARecord) {
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0, 0.5, 1.0}));
 }
 
-TEST_F(TimeLoop, withoutDurationWritesOneRecordAndRunsNoKernel) {
+TEST_F(TimeLoop, WithoutDurationWritesOneRecordAndRunsNoKernel) {
   setTimes(R"("start": 0, "end": 0, "out": 0.5)");
   driver().allowSteps(0.25);
   EXPECT_THAT(run(), HasSubstr(" -> simulation finished! (cpu-time = "));
@@ -217,14 +217,14 @@ TEST_F(TimeLoop, withoutDurationWritesOneRecordAndRunsNoKernel) {
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0}));
 }
 
-TEST_F(TimeLoop, withoutOutputIntervalHasRecordsAtStartAndEnd) {
+TEST_F(TimeLoop, WithoutOutputIntervalHasRecordsAtStartAndEnd) {
   setTimes(R"("start": 0, "end": 1, "out": 0)");
   driver().allowSteps(0.25);
   run();
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0, 1.0}));
 }
 
-TEST_F(TimeLoop, withoutOutputIntervalAReRunHasARecordAtItsStartOnly) {
+TEST_F(TimeLoop, WithoutOutputIntervalAReRunHasARecordAtItsStartOnly) {
   setTimes(R"("start": 0, "end": 1, "out": 0)");
   driver().allowSteps(0.25);
   run();
@@ -236,14 +236,14 @@ TEST_F(TimeLoop, withoutOutputIntervalAReRunHasARecordAtItsStartOnly) {
   EXPECT_EQ(recordTimes(), (std::vector<double>{0.0, 1.0}));
 }
 
-TEST_F(TimeLoop, withoutTimeStepKernelStepsFromRecordToRecord) {
+TEST_F(TimeLoop, WithoutTimeStepKernelStepsFromRecordToRecord) {
   setTimes(R"("start": 0, "end": 1, "out": 0.5)");
   run();
   EXPECT_EQ(driver().time(), 1.0);
   EXPECT_EQ(driver().records(), 3);
 }
 
-TEST_F(TimeLoop, doesNotRefuseAStepOfZeroOrLess) {
+TEST_F(TimeLoop, DoesNotRefuseAStepOfZeroOrLess) {
   setTimes(R"("start": 0, "end": 1, "out": 1)");
   Driver& domain = driver();
   domain.on(KernelID::TimeStepCalculation, [&domain] {
@@ -259,7 +259,7 @@ TEST_F(TimeLoop, doesNotRefuseAStepOfZeroOrLess) {
   EXPECT_EQ(domain.time(), 1.0);
 }
 
-TEST_F(TimeLoop, endsWhereTheTimeIsNotANumber) {
+TEST_F(TimeLoop, EndsWhereTheTimeIsNotANumber) {
   setTimes(R"("start": 0, "end": 1, "out": 1)");
   Driver& domain = driver();
   domain.on(KernelID::TimeStepCalculation,
@@ -268,7 +268,7 @@ TEST_F(TimeLoop, endsWhereTheTimeIsNotANumber) {
   EXPECT_TRUE(std::isnan(domain.time()));
 }
 
-TEST_F(TimeLoop, ofStepsThatLeadNowhereWarnsAndGoesOn) {
+TEST_F(TimeLoop, OfStepsThatLeadNowhereWarnsAndGoesOn) {
   setTimes(R"("start": 0, "end": 1, "out": 1)");
   Driver& domain = driver();
   domain.on(KernelID::TimeStepCalculation, [&domain] {
@@ -283,7 +283,7 @@ TEST_F(TimeLoop, ofStepsThatLeadNowhereWarnsAndGoesOn) {
             1U);
 }
 
-TEST_F(TimeLoop, aFailingKernelLeavesTheRecordsThatAreWritten) {
+TEST_F(TimeLoop, AFailingKernelLeavesTheRecordsThatAreWritten) {
   setTimes(R"("start": 0, "end": 1, "out": 0.25)");
   driver().allowSteps(0.25);
   Driver& domain = driver();
@@ -301,7 +301,7 @@ class LoopConsole : public support::Driven {};
 const std::string SMALL_STEP =
     " -> time step smaller than allowed minimal 0.375. check for stability...";
 
-TEST_F(LoopConsole, warnsOfSmallStepsAboveLevelZero) {
+TEST_F(LoopConsole, WarnsOfSmallStepsAboveLevelZero) {
   setTimes(R"("start": 0, "end": 1, "out": 1)", R"("init": 0.02, "minimum": 0.375)");
   driver().allowSteps(0.25);
   EXPECT_EQ(linesWith(SMALL_STEP, run(0)).size(), 0U);
@@ -311,13 +311,13 @@ TEST_F(LoopConsole, warnsOfSmallStepsAboveLevelZero) {
   EXPECT_EQ(linesWith(SMALL_STEP, run(1)).size(), 4U);
 }
 
-TEST_F(LoopConsole, aStepAtTheMinimumIsNotSmall) {
+TEST_F(LoopConsole, AStepAtTheMinimumIsNotSmall) {
   setTimes(R"("start": 0, "end": 0.75, "out": 0.75)", R"("init": 0.02, "minimum": 0.375)");
   driver().allowSteps(0.375);
   EXPECT_EQ(linesWith(SMALL_STEP, run(1)).size(), 0U);
 }
 
-TEST_F(LoopConsole, announcesRecordsAboveLevelOne) {
+TEST_F(LoopConsole, AnnouncesRecordsAboveLevelOne) {
   setTimes(R"("start": 0, "end": 1, "out": 0.5)");
   const std::vector<std::string> announced{
       " -> writing output at t = 0 ...", " -> writing output at t = 0.5 ...",
@@ -327,7 +327,7 @@ TEST_F(LoopConsole, announcesRecordsAboveLevelOne) {
   EXPECT_EQ(linesWith(" -> writing", run(2)), announced);
 }
 
-TEST_F(LoopConsole, showsTheTimeOfEachStepAboveLevelTwo) {
+TEST_F(LoopConsole, ShowsTheTimeOfEachStepAboveLevelTwo) {
   setTimes(R"("start": 0, "end": 1, "out": 0.5)");
   driver().allowSteps(0.375);
   EXPECT_EQ(linesWith(" -> time:", run(2)).size(), 0U);
@@ -347,7 +347,7 @@ std::vector<std::string> progressLines(const std::string& text) {
   return lines;
 }
 
-TEST_F(LoopConsole, progressHasALinePerHundredthOfTheRunAndOneAtItsStart) {
+TEST_F(LoopConsole, ProgressHasALinePerHundredthOfTheRunAndOneAtItsStart) {
   setTimes(R"("start": 0, "end": 1000, "out": 1000)");
   driver().allowSteps(1.0);
   const std::vector<std::string> lines = progressLines(run(0, true));
@@ -358,7 +358,7 @@ TEST_F(LoopConsole, progressHasALinePerHundredthOfTheRunAndOneAtItsStart) {
   }
 }
 
-TEST_F(LoopConsole, progressCountsWhatIsDoneWhereStepsAreLong) {
+TEST_F(LoopConsole, ProgressCountsWhatIsDoneWhereStepsAreLong) {
   setTimes(R"("start": 0, "end": 8, "out": 8)", R"("init": 0.5, "minimum": 0.1)");
   driver().allowSteps(3.0);
   EXPECT_EQ(progressLines(run(0, true)),
@@ -368,12 +368,12 @@ TEST_F(LoopConsole, progressCountsWhatIsDoneWhereStepsAreLong) {
                                       " -> Progress: 100/100, dt = 2 [s], RTS = #"}));
 }
 
-TEST_F(LoopConsole, progressIsSilentWithoutItsOption) {
+TEST_F(LoopConsole, ProgressIsSilentWithoutItsOption) {
   setTimes(R"("start": 0, "end": 1, "out": 1)");
   EXPECT_EQ(progressLines(run(5, false)).size(), 0U);
 }
 
-TEST_F(LoopConsole, progressOfARunWithoutDurationDividesByZero) {
+TEST_F(LoopConsole, ProgressOfARunWithoutDurationDividesByZero) {
   setTimes(R"("start": 0, "end": 0, "out": 0)");
   EXPECT_EQ(progressLines(run(0, true)),
             (std::vector<std::string>{" -> Progress: -2147483648/100, dt = 0.02 [s], RTS = #"}));
@@ -398,7 +398,7 @@ const std::string SMALL_MINIMUM =
     " -> Minimum integration timestep must be larger than <1e-12>, in file: "
     "src/simulation/RHEOcommon_op on line 168, version v3.0.1\n";
 
-TEST_F(Refusal, ofAMinimumStepNotAboveTwiceTheLimit) {
+TEST_F(Refusal, OfAMinimumStepNotAboveTwiceTheLimit) {
   setTimes(R"("start": 0, "end": 1, "out": 1)", R"("init": 0.02, "minimum": 2e-12)");
   EXPECT_EQ(refusal(), SMALL_MINIMUM);
   dropDriver();
@@ -406,7 +406,7 @@ TEST_F(Refusal, ofAMinimumStepNotAboveTwiceTheLimit) {
   EXPECT_NO_THROW(run());
 }
 
-TEST_F(Refusal, ofARunWithoutEnd) {
+TEST_F(Refusal, OfARunWithoutEnd) {
   setTimes(R"("start": 0, "out": 1)");
   EXPECT_EQ(refusal(),
             " -> path <SIMULATION/TIME/end> not found.\n"
@@ -418,7 +418,7 @@ class RefusalOfParameters : public Refusal {
   RefusalOfParameters() : Refusal("fixbed_many") {}
 };
 
-TEST_F(RefusalOfParameters, withSeveralRows) {
+TEST_F(RefusalOfParameters, WithSeveralRows) {
   support::removeLink(runFile, "Parameters/BedloadInts");
   std::unique_ptr<api::IH5Writer>(dataio::Factory::createH5Writer(runFile, "rw"))
       ->writeIntVecVec("Parameters/BedloadInts", {{0, 1}, {1, 0}});
@@ -427,7 +427,7 @@ TEST_F(RefusalOfParameters, withSeveralRows) {
             "425, version v3.0.1\n");
 }
 
-TEST_F(RefusalOfParameters, withMoreValuesThanThereAreSlots) {
+TEST_F(RefusalOfParameters, WithMoreValuesThanThereAreSlots) {
   support::removeLink(runFile, "Parameters/BedloadInts");
   std::unique_ptr<api::IH5Writer>(dataio::Factory::createH5Writer(runFile, "rw"))
       ->writeIntVecVec("Parameters/BedloadInts", {{0, 1, 2, 3, 4, 5, 6, 7, 8, 9}});
@@ -445,7 +445,7 @@ std::unique_ptr<api::IModel> modelWithParameters(std::size_t count, api::IParame
   return mock;
 }
 
-TEST_F(Refusal, ofMoreParametersThanThereAreSlots) {
+TEST_F(Refusal, OfMoreParametersThanThereAreSlots) {
   model::Parameter derived(model::ParameterID::InvGravity, "InvGravity", "", true, false,
                            DataType::Double, 1);
   driver().replaceModel(modelWithParameters(28, &derived));
@@ -466,7 +466,7 @@ class Initialisation : public support::Driven {
   static double realSlot(model::ParameterID id) { return G_REAL[static_cast<int>(id)]; }
 };
 
-TEST_F(Initialisation, aParameterFillsTheSlotOfItsTypeAtItsID) {
+TEST_F(Initialisation, AParameterFillsTheSlotOfItsTypeAtItsID) {
   setTimes(R"("start": 0, "end": 0, "out": 0)");
   support::overwrite(runFile, "Parameters/BedloadInts", 0, 7);
   support::overwrite(runFile, "Parameters/BedloadInts", 1, 9);
@@ -480,7 +480,7 @@ TEST_F(Initialisation, aParameterFillsTheSlotOfItsTypeAtItsID) {
   EXPECT_EQ(G_INT[21], 0);
 }
 
-TEST_F(Initialisation, onlyTwoOrMoreThreadsAreAnswered) {
+TEST_F(Initialisation, OnlyTwoOrMoreThreadsAreAnswered) {
   Driver& domain = driver();
   for (const int threads : {-1, 0, 1, 2, 8}) {
     ::testing::internal::CaptureStdout();

@@ -14,7 +14,7 @@ class TrackedData : public support::Driven {
   TrackedData() : Driven("full_model") {}
 };
 
-TEST_F(TrackedData, areInTheFileAsSoonAsTheRunTellsOfItsEnd) {
+TEST_F(TrackedData, AreInTheFileAsSoonAsTheRunTellsOfItsEnd) {
   setTimes(R"("start": 0, "end": 0, "out": 1)");
   EXPECT_THAT(run(), HasSubstr(" -> simulation finished!"));
   EXPECT_THAT(support::datasetPaths(resultFile), Contains("RESULTS/CellsAll/FloodVar/0000000"));

@@ -8,7 +8,7 @@
 #include <iterator>
 #include <string>
 
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 #include "support/Process.h"
 #include "support/TempDir.h"
 
@@ -19,7 +19,7 @@ double slot(model::ParameterID id) {
 }
 
 // One test, since a process has one domain object.
-TEST(RHEOdomain, isOneObjectThatDerivesParametersInEveryRun) {
+TEST(RHEOdomain, IsOneObjectThatDerivesParametersInEveryRun) {
   std::fill(std::begin(G_REAL), std::end(G_REAL), 0.0);
   const support::TempDir dir;
   support::copySample("dam_dry", dir.path());

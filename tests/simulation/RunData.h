@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "common/BaseException.h"
-#include "op/op_seq.h"
+#include "op/core/op_seq.h"
 #include "simulation/InputChecks.h"
 
 namespace support {

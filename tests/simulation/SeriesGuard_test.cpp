@@ -51,7 +51,7 @@ class SeriesGuards : public support::RunData {
   }
 };
 
-TEST_F(SeriesGuards, haveNothingToWatchInASoundSeries) {
+TEST_F(SeriesGuards, HaveNothingToWatchInASoundSeries) {
   giveSeries({0.0, 1.0, 2.0, 3.0}, 4);
   EXPECT_TRUE(guard().empty());
   EXPECT_TRUE(guard(KernelID::CellDataInterpolation).empty());
@@ -63,14 +63,14 @@ TEST_F(SeriesGuards, haveNothingToWatchInASoundSeries) {
   EXPECT_TRUE(guard().empty());
 }
 
-TEST_F(SeriesGuards, watchInterpolationsOnly) {
+TEST_F(SeriesGuards, WatchInterpolationsOnly) {
   giveSeries({}, 0);
   EXPECT_FALSE(guard().empty());
   EXPECT_FALSE(guard(KernelID::CellDataInterpolation).empty());
   EXPECT_TRUE(guard(KernelID::EdgeDataModification).empty());
 }
 
-TEST_F(SeriesGuards, haveNothingToWatchWhereDataAreMissing) {
+TEST_F(SeriesGuards, HaveNothingToWatchWhereDataAreMissing) {
   giveSeries({}, 0);
   for (const DataID id :
        {DataID::InSeries_NumValue, DataID::InSeries_ListSize, DataID::EdInterp_KeyPostn}) {
@@ -82,7 +82,7 @@ TEST_F(SeriesGuards, haveNothingToWatchWhereDataAreMissing) {
   EXPECT_TRUE(guard().empty());
 }
 
-TEST_F(SeriesGuards, letASeriesOfAnyLengthTellItsFirstValue) {
+TEST_F(SeriesGuards, LetASeriesOfAnyLengthTellItsFirstValue) {
   for (const int size : {1, 0, -4, 12002}) {
     giveSeries({5.0, 1.0}, size);
     EXPECT_NO_THROW(guard().check(5.0));
@@ -93,14 +93,14 @@ TEST_F(SeriesGuards, letASeriesOfAnyLengthTellItsFirstValue) {
   }
 }
 
-TEST_F(SeriesGuards, refuseASeriesWithoutAPoint) {
+TEST_F(SeriesGuards, RefuseASeriesWithoutAPoint) {
   giveSeries({}, 2);
   EXPECT_NO_THROW(guard().check(0.0));
   EXPECT_EQ(refusal(1.0),
             " -> series 0 in <InSeries/NumValue> has no point: it must have at least one\n");
 }
 
-TEST_F(SeriesGuards, letAFullSeriesBeAskedUpToItsLastPoint) {
+TEST_F(SeriesGuards, LetAFullSeriesBeAskedUpToItsLastPoint) {
   giveSeries(fullSeries(), 12000);
   EXPECT_NO_THROW(guard().check(5998.75));
   const std::string asked = " -> series 0 in <InSeries/NumValue> is asked at ";
@@ -112,7 +112,7 @@ TEST_F(SeriesGuards, letAFullSeriesBeAskedUpToItsLastPoint) {
   EXPECT_EQ(refusal(std::numeric_limits<double>::quiet_NaN()), asked + "nan" + expected);
 }
 
-TEST_F(SeriesGuards, askARatingCurveAsItsKeySays) {
+TEST_F(SeriesGuards, AskARatingCurveAsItsKeySays) {
   std::vector<double>& states = give(DataID::StateVar, 10, std::vector<double>(20, 0.0));
   states[10] = 7000.0;  // the water surface of string 1
   states[13] = 6000.0;  // and its bed
@@ -129,7 +129,7 @@ TEST_F(SeriesGuards, askARatingCurveAsItsKeySays) {
   EXPECT_NO_THROW(guard().check(1e9));
 }
 
-TEST_F(SeriesGuards, ofSourcesKnowTimeOnly) {
+TEST_F(SeriesGuards, OfSourcesKnowTimeOnly) {
   giveSeries(fullSeries(), 12000, 0);
   EXPECT_THROW(guard(KernelID::CellDataInterpolation).check(5999.0), BaseException);
   giveSeries(fullSeries(), 12000, 2);

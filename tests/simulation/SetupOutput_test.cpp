@@ -54,7 +54,7 @@ class SetupOutput : public ::testing::Test {
   std::string path = "CellsAll/Copied";
 };
 
-TEST_F(SetupOutput, tablesAreCopiedToTheSamePath) {
+TEST_F(SetupOutput, TablesAreCopiedToTheSamePath) {
   run()->writeDoubleVecVec(path, {{1.5, 2.5}, {3.5, 4.5}});
   copy(datum(DataType::Double, 2, 2).get(), 0);
   EXPECT_EQ(result()->readDoubleVecVec(path), (Doubles{{1.5, 2.5}, {3.5, 4.5}}));
@@ -64,7 +64,7 @@ TEST_F(SetupOutput, tablesAreCopiedToTheSamePath) {
   EXPECT_EQ(result()->readIntVecVec(path), (Ints{{1, 2, 3}}));
 }
 
-TEST_F(SetupOutput, aSingleValueIsAScalar) {
+TEST_F(SetupOutput, ASingleValueIsAScalar) {
   run()->writeDoubleScalar(path, 1.5);
   copy(datum(DataType::Double, 1, 1).get(), 0);
   EXPECT_EQ(result()->readDoubleScalar(path), 1.5);
@@ -74,13 +74,13 @@ TEST_F(SetupOutput, aSingleValueIsAScalar) {
   EXPECT_EQ(result()->readIntScalar(path), 7);
 }
 
-TEST_F(SetupOutput, namesAreCopied) {
+TEST_F(SetupOutput, NamesAreCopied) {
   run()->writeStringVec(path, 2, {"west", "a longer name"});
   copy(datum(DataType::String, 2, 1).get(), 0);
   EXPECT_EQ(result()->readStrVec(path), (std::vector<std::string>{"west", "a longer name"}));
 }
 
-TEST_F(SetupOutput, textsOfAnotherShapeThanAVectorAreRefused) {
+TEST_F(SetupOutput, TextsOfAnotherShapeThanAVectorAreRefused) {
   run()->writeStringVec(path, 2, {"west", "east"});
   ::testing::internal::CaptureStderr();
   EXPECT_THROW(copy(datum(DataType::String, 1, 2).get(), 0), BaseException);
@@ -88,7 +88,7 @@ TEST_F(SetupOutput, textsOfAnotherShapeThanAVectorAreRefused) {
             " -> writing data of type string is only possible for vector of strings\n");
 }
 
-TEST_F(SetupOutput, moreRowsThanElementsAreRefused) {
+TEST_F(SetupOutput, MoreRowsThanElementsAreRefused) {
   run()->writeIntVecVec(path, {{1, 2}, {3, 4}, {5, 6}});
   ::testing::internal::CaptureStderr();
   EXPECT_THROW(copy(datum(DataType::Int, 2, 2).get(), 0), BaseException);
@@ -96,7 +96,7 @@ TEST_F(SetupOutput, moreRowsThanElementsAreRefused) {
             " -> data <CellsAll/Copied> has 3 rows, but its set has 2 elements\n");
 }
 
-TEST_F(SetupOutput, aDatumOnAnEmptySetIsPassedOver) {
+TEST_F(SetupOutput, ADatumOnAnEmptySetIsPassedOver) {
   run();
   EXPECT_EQ(copy(datum(DataType::Double, 0, 2).get(), 2), "");
   EXPECT_EQ(copy(datum(DataType::Double, 0, 2).get(), 3),
@@ -104,14 +104,14 @@ TEST_F(SetupOutput, aDatumOnAnEmptySetIsPassedOver) {
   EXPECT_FALSE(result()->existDataset(path));
 }
 
-TEST_F(SetupOutput, aDatumThatIsMissingFailsAsItsReaderDoes) {
+TEST_F(SetupOutput, ADatumThatIsMissingFailsAsItsReaderDoes) {
   run();
   ::testing::internal::CaptureStderr();
   EXPECT_THROW(copy(datum(DataType::Double, 2, 2).get(), 0), std::exception);
   ::testing::internal::GetCapturedStderr();
 }
 
-TEST_F(SetupOutput, copyingIsAnnouncedAboveLevelOne) {
+TEST_F(SetupOutput, CopyingIsAnnouncedAboveLevelOne) {
   run()->writeDoubleScalar(path, 1.5);
   EXPECT_EQ(copy(datum(DataType::Double, 1, 1).get(), 1), "");
   EXPECT_EQ(copy(datum(DataType::Double, 1, 1).get(), 2),
@@ -128,7 +128,7 @@ class SetupOutputOfParameters : public SetupOutput {
   std::string parameterPath = "Parameters/Copied";
 };
 
-TEST_F(SetupOutputOfParameters, oneValueIsAScalarAndMoreAreATable) {
+TEST_F(SetupOutputOfParameters, OneValueIsAScalarAndMoreAreATable) {
   run()->writeDoubleScalar(parameterPath, 9.81);
   copy(parameter(DataType::Double, 1).get(), 0);
   EXPECT_EQ(result()->readDoubleScalar(parameterPath), 9.81);
@@ -138,7 +138,7 @@ TEST_F(SetupOutputOfParameters, oneValueIsAScalarAndMoreAreATable) {
   EXPECT_EQ(result()->readIntVecVec(parameterPath), (Ints{{0, 1}}));
 }
 
-TEST_F(SetupOutputOfParameters, withoutValuesIsPassedOver) {
+TEST_F(SetupOutputOfParameters, WithoutValuesIsPassedOver) {
   run();
   EXPECT_EQ(copy(parameter(DataType::Double, 0).get(), 2), "");
   EXPECT_EQ(copy(parameter(DataType::Double, 0).get(), 3),

@@ -8,13 +8,13 @@ namespace {
 
 using simulation::SignalWatch;
 
-TEST(SignalWatch, isQuietWithoutSignals) {
+TEST(SignalWatch, IsQuietWithoutSignals) {
   const SignalWatch watch;
   EXPECT_EQ(SignalWatch::stopSignal(), 0);
   EXPECT_FALSE(SignalWatch::takeRecordRequest());
 }
 
-TEST(SignalWatch, tellsTheSignalThatAsksToEnd) {
+TEST(SignalWatch, TellsTheSignalThatAsksToEnd) {
   for (const int signal : {SIGINT, SIGTERM}) {
     const SignalWatch watch;
     std::raise(signal);
@@ -23,7 +23,7 @@ TEST(SignalWatch, tellsTheSignalThatAsksToEnd) {
   }
 }
 
-TEST(SignalWatch, handsOutAWishForARecordOnce) {
+TEST(SignalWatch, HandsOutAWishForARecordOnce) {
   const SignalWatch watch;
   std::raise(SIGUSR1);
   std::raise(SIGUSR1);
@@ -32,7 +32,7 @@ TEST(SignalWatch, handsOutAWishForARecordOnce) {
   EXPECT_EQ(SignalWatch::stopSignal(), 0);
 }
 
-TEST(SignalWatch, forgetsWhatCameBeforeIt) {
+TEST(SignalWatch, ForgetsWhatCameBeforeIt) {
   {
     const SignalWatch watch;
     std::raise(SIGTERM);
@@ -44,7 +44,7 @@ TEST(SignalWatch, forgetsWhatCameBeforeIt) {
 }
 
 // A write to the results file that a signal comes upon goes on by itself.
-TEST(SignalWatch, letsCallsOfTheSystemGoOn) {
+TEST(SignalWatch, LetsCallsOfTheSystemGoOn) {
   const SignalWatch watch;
   for (const int signal : {SIGINT, SIGTERM, SIGUSR1}) {
     struct sigaction current {};
@@ -53,7 +53,7 @@ TEST(SignalWatch, letsCallsOfTheSystemGoOn) {
   }
 }
 
-TEST(SignalWatch, aSecondSignalEndsTheProcess) {
+TEST(SignalWatch, ASecondSignalEndsTheProcess) {
   EXPECT_EXIT(
       {
         const SignalWatch watch;
@@ -63,7 +63,7 @@ TEST(SignalWatch, aSecondSignalEndsTheProcess) {
       ::testing::KilledBySignal(SIGTERM), "");
 }
 
-TEST(SignalWatch, leavesTheSignalsAsTheyWere) {
+TEST(SignalWatch, LeavesTheSignalsAsTheyWere) {
   std::signal(SIGUSR1, SIG_IGN);
   { const SignalWatch watch; }
   EXPECT_EQ(std::signal(SIGUSR1, SIG_DFL), SIG_IGN);

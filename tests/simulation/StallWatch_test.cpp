@@ -22,19 +22,19 @@ const std::string STANDING =
     " -> the run does not get on: its last 100 steps took it 0 s further, to 5 s of 10 s. Check "
     "the output interval and the time step\n";
 
-TEST(StallWatch, warnsOnceOfATimeThatStandsStill) {
+TEST(StallWatch, WarnsOnceOfATimeThatStandsStill) {
   EXPECT_EQ(warning(5.0, 10.0, 0.0, 99), "");
   EXPECT_EQ(warning(5.0, 10.0, 0.0, 100), STANDING);
   EXPECT_EQ(warning(5.0, 10.0, 0.0, 1000), STANDING);
 }
 
-TEST(StallWatch, warnsOfStepsThatLeadNowhere) {
+TEST(StallWatch, WarnsOfStepsThatLeadNowhere) {
   EXPECT_NE(warning(0.0, 1.0, 1e-300, 100), "");
   EXPECT_NE(warning(0.0, 1.0, std::numeric_limits<double>::denorm_min(), 100), "");
   EXPECT_NE(warning(0.0, 1.0, -1e-3, 100), "");
 }
 
-TEST(StallWatch, isQuietWhereSmallStepsComeToAnEnd) {
+TEST(StallWatch, IsQuietWhereSmallStepsComeToAnEnd) {
   EXPECT_EQ(warning(0.0, 1.0, 2e-15, 1000), "");
   EXPECT_EQ(warning(0.0, 1.0, std::numeric_limits<double>::quiet_NaN(), 100), "");
 }

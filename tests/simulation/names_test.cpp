@@ -11,7 +11,7 @@
 
 namespace {
 
-TEST(Names, ofDataAreTheirPathsInRunFiles) {
+TEST(Names, OfDataAreTheirPathsInRunFiles) {
   EXPECT_EQ(simulation::pathOf(model::DataID::NodeStrg_ListSize), "NodeStrg/ListSize");
   for (const auto& [id, property] : model::DataProps) {
     const std::unique_ptr<api::ISet> set(model::Factory::createSet(model::Data2Set.at(id)));
@@ -20,7 +20,7 @@ TEST(Names, ofDataAreTheirPathsInRunFiles) {
   }
 }
 
-TEST(Names, ofMapsAreTheirPathsInRunFiles) {
+TEST(Names, OfMapsAreTheirPathsInRunFiles) {
   EXPECT_EQ(simulation::pathOf(model::MapID::EdgesSWE_CellsAll), "EdgesSWE/CellsAll");
   for (const auto& [id, property] : model::MapProps) {
     const auto& [from, to] = model::Map2Sets.at(id);

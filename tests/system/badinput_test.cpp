@@ -13,8 +13,8 @@
 #include <string>
 #include <vector>
 
-#include "h5/dataset.h"
-#include "h5/file.h"
+#include "h5/DataSet.h"
+#include "h5/File.h"
 #include "system/Simulation.h"
 
 namespace {
@@ -48,7 +48,7 @@ const char* const UNHANDLED = " -> unhandled exception (actually, this should ne
 
 class BadInput : public support::Simulation, public ::testing::WithParamInterface<Case> {};
 
-TEST_P(BadInput, isRefusedWithAMessage) {
+TEST_P(BadInput, IsRefusedWithAMessage) {
   useSample(GetParam().sample);
   GetParam().damage(runFile);
   const std::string before = support::readFile(runFile);
@@ -241,7 +241,7 @@ INSTANTIATE_TEST_SUITE_P(Values, BadInput, ::testing::Values(
 // What a container or the library says is passed on behind a line that owns up to it.
 class BadSets : public support::Simulation {};
 
-TEST_F(BadSets, beyondAnyFileAreNotNumbered) {
+TEST_F(BadSets, BeyondAnyFileAreNotNumbered) {
   useSample("one_cell");
   overwrite(runFile, "NodesAll/set", 0, 2147483647.0);
   const support::Outcome run = simulate({"--debug"});
@@ -252,7 +252,7 @@ TEST_F(BadSets, beyondAnyFileAreNotNumbered) {
 
 class BadSchedules : public support::Simulation {};
 
-TEST_F(BadSchedules, thatAreTooSmallAreAnsweredInThreeLines) {
+TEST_F(BadSchedules, ThatAreTooSmallAreAnsweredInThreeLines) {
   useSample("one_cell");
   for (const std::vector<int>& shape : {std::vector<int>{4, 3}, std::vector<int>{5, 2}}) {
     replace(runFile, "kernels/execution", shape, 0.0);
@@ -270,7 +270,7 @@ class BadNames : public support::Simulation {
   BadNames() { useSample("one_cell"); }
 };
 
-TEST_F(BadNames, aRunFileThatDoesNotExist) {
+TEST_F(BadNames, ARunFileThatDoesNotExist) {
   const support::Outcome run = program({"-f", "command.json", "-r", "nothing.h5"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(ownLines(run.err), ::testing::StartsWith(std::string(UNHANDLED) +
@@ -279,7 +279,7 @@ TEST_F(BadNames, aRunFileThatDoesNotExist) {
   EXPECT_FALSE(std::filesystem::exists(dir.file("nothing.h5")));
 }
 
-TEST_F(BadNames, resultsInAFolderThatDoesNotExist) {
+TEST_F(BadNames, ResultsInAFolderThatDoesNotExist) {
   const support::Outcome run =
       program({"-f", "command.json", "-r", "run.h5", "-o", "nowhere/results.h5"});
   EXPECT_EQ(run.status, 1);
@@ -288,14 +288,14 @@ TEST_F(BadNames, resultsInAFolderThatDoesNotExist) {
                                     " -> Unable to create file nowhere/results_results.h5 "));
 }
 
-TEST_F(BadNames, resultsThatAreAFolder) {
+TEST_F(BadNames, ResultsThatAreAFolder) {
   std::filesystem::create_directory(resultFile);
   const support::Outcome run = simulate();
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr(" -> Unable to create file results_results.h5 "));
 }
 
-TEST_F(BadNames, resultsThatWouldReplaceTheRunFile) {
+TEST_F(BadNames, ResultsThatWouldReplaceTheRunFile) {
   std::filesystem::rename(runFile, dir.file("run_results.h5"));
   const std::string before = support::readFile(dir.file("run_results.h5"));
   const support::Outcome run =
@@ -306,7 +306,7 @@ TEST_F(BadNames, resultsThatWouldReplaceTheRunFile) {
 }
 
 // A run file that cannot even be loaded does not cost the results of an earlier run.
-TEST_F(BadNames, resultsOfAnEarlierRunOutliveABrokenMesh) {
+TEST_F(BadNames, ResultsOfAnEarlierRunOutliveABrokenMesh) {
   ASSERT_EQ(simulate().status, 0);
   const std::string results = support::readFile(resultFile);
   overwrite(runFile, "CellsAll/EdgesAll", 0, 99);
@@ -320,7 +320,7 @@ TEST_F(BadNames, resultsOfAnEarlierRunOutliveABrokenMesh) {
 
 class UnusedColumns : public support::Simulation {};
 
-TEST_F(UnusedColumns, ofNodestringMapsMayHoldAnything) {
+TEST_F(UnusedColumns, OfNodestringMapsMayHoldAnything) {
   useSample("bc_100_104");
   for (const char* const map : {"NodeStrg/EdgesAll", "NodeStrg/CellsAll"}) {
     for (std::size_t column = 5; column < 40; ++column) {
@@ -334,7 +334,7 @@ TEST_F(UnusedColumns, ofNodestringMapsMayHoldAnything) {
               ::testing::IsEmpty());
 }
 
-TEST_F(UnusedColumns, anUnknownBoundaryTypeIsAWall) {
+TEST_F(UnusedColumns, AnUnknownBoundaryTypeIsAWall) {
   useSample("bc_114_levels");
   setCommand(R"("start": 0, "end": 0.1, "out": 0.1)");
   const std::size_t edges = support::readNumbers(runFile, "EdgHydBC/HydBType").size() / 2;

@@ -24,7 +24,7 @@ class CommandLine : public support::Simulation {
   bool exists(const std::string& name) const { return std::filesystem::exists(dir.file(name)); }
 };
 
-TEST_F(CommandLine, helpShowsTheUsageAndNoFooter) {
+TEST_F(CommandLine, HelpShowsTheUsageAndNoFooter) {
   const Outcome run = program({"--help"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
@@ -76,7 +76,7 @@ Where:
 )text");
 }
 
-TEST_F(CommandLine, versionIsShownWithoutFooter) {
+TEST_F(CommandLine, VersionIsShownWithoutFooter) {
   const Outcome run = program({"--version"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
@@ -93,7 +93,7 @@ For complete USAGE and HELP type:
 
 )text";
 
-TEST_F(CommandLine, bothFilesAreRequired) {
+TEST_F(CommandLine, BothFilesAreRequired) {
   const Outcome withoutRun = program({"-f", "command.json"});
   EXPECT_EQ(withoutRun.status, 1);
   EXPECT_EQ(withoutRun.out, HEADER);
@@ -107,7 +107,7 @@ TEST_F(CommandLine, bothFilesAreRequired) {
                                     std::string(BRIEF_USAGE));
 }
 
-TEST_F(CommandLine, aNumberIsNeededWhereOneIsAskedFor) {
+TEST_F(CommandLine, ANumberIsNeededWhereOneIsAskedFor) {
   const Outcome run = simulate({"--log", "much"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, HEADER);
@@ -117,7 +117,7 @@ TEST_F(CommandLine, aNumberIsNeededWhereOneIsAskedFor) {
                 std::string(BRIEF_USAGE));
 }
 
-TEST_F(CommandLine, unknownOptionsAreRefused) {
+TEST_F(CommandLine, UnknownOptionsAreRefused) {
   const Outcome run = simulate({"--fast"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, HEADER);
@@ -127,7 +127,7 @@ TEST_F(CommandLine, unknownOptionsAreRefused) {
                 std::string(BRIEF_USAGE));
 }
 
-TEST_F(CommandLine, longNamesAreThoseOfTheShortOnes) {
+TEST_F(CommandLine, LongNamesAreThoseOfTheShortOnes) {
   const Outcome run =
       program({"--file", "command.json", "--runfile", "run.h5", "--output", "long.h5", "--log", "1",
                "--nthreads", "1", "--progress", "--debug"});
@@ -140,7 +140,7 @@ TEST_F(CommandLine, longNamesAreThoseOfTheShortOnes) {
 
 // -- the command file -----------------------------------------------------------------------------
 
-TEST_F(CommandLine, aMissingCommandFileIsReportedBeforeTheRunFileIsLookedAt) {
+TEST_F(CommandLine, AMissingCommandFileIsReportedBeforeTheRunFileIsLookedAt) {
   const Outcome run = program({"-f", "nothing.json", "-r", "nothing.h5"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.out, HEADER);
@@ -153,7 +153,7 @@ const char* const NOT_VALID =
     " -> Terminating RHEOMARK due to JSON validation errors.\n"
     " -> ... unfortunately RHEOMARK is killed!\n";
 
-TEST_F(CommandLine, aCommandFileWithErrorsStopsTheRun) {
+TEST_F(CommandLine, ACommandFileWithErrorsStopsTheRun) {
   support::writeFile(commandFile, R"({"SIMULATION": {"TIME": {"start": 0, "end": 1, "out": 1}}})");
   const Outcome run = simulate();
   EXPECT_EQ(run.status, 1);
@@ -163,7 +163,7 @@ TEST_F(CommandLine, aCommandFileWithErrorsStopsTheRun) {
   EXPECT_FALSE(exists("results_results.h5"));
 }
 
-TEST_F(CommandLine, aCommandFileWithoutEndStopsTheRun) {
+TEST_F(CommandLine, ACommandFileWithoutEndStopsTheRun) {
   setCommand(R"("start": 0, "out": 1)");
   const Outcome run = simulate();
   EXPECT_EQ(run.status, 1);
@@ -172,7 +172,7 @@ TEST_F(CommandLine, aCommandFileWithoutEndStopsTheRun) {
   EXPECT_EQ(run.err, NOT_VALID);
 }
 
-TEST_F(CommandLine, outputsThatAUserMayNotAskForStopTheRun) {
+TEST_F(CommandLine, OutputsThatAUserMayNotAskForStopTheRun) {
   for (const std::string output : {"flow_velocity_abs", "flood_tracking"}) {
     setCommand(R"("start": 0, "end": 1, "out": 1)", "\"" + output + "\"");
     const Outcome run = simulate();
@@ -182,7 +182,7 @@ TEST_F(CommandLine, outputsThatAUserMayNotAskForStopTheRun) {
   }
 }
 
-TEST_F(CommandLine, outputsThatTheModelDoesNotHaveStopTheRun) {
+TEST_F(CommandLine, OutputsThatTheModelDoesNotHaveStopTheRun) {
   setCommand(R"("start": 0, "end": 1, "out": 1)", R"("flow_curvature")");
   const Outcome run = simulate();
   EXPECT_EQ(run.status, 1);
@@ -194,7 +194,7 @@ TEST_F(CommandLine, outputsThatTheModelDoesNotHaveStopTheRun) {
             " -> ... unfortunately RHEOMARK is killed!\n");
 }
 
-TEST_F(CommandLine, textThatIsNoDocumentStopsTheRun) {
+TEST_F(CommandLine, TextThatIsNoDocumentStopsTheRun) {
   for (const std::string text : {"", "{\"SIMULATION\"", "no document"}) {
     support::writeFile(commandFile, text);
     const Outcome run = simulate();
@@ -204,7 +204,7 @@ TEST_F(CommandLine, textThatIsNoDocumentStopsTheRun) {
   }
 }
 
-TEST_F(CommandLine, warningsDoNotStopTheRun) {
+TEST_F(CommandLine, WarningsDoNotStopTheRun) {
   support::writeFile(commandFile, R"({"SETUP": {}, "SIMULATION": {"OUTPUT": [],
                                       "TIME": {"start": 0, "end": 0, "out": 0, "more": 1}}})");
   const Outcome run = simulate();
@@ -220,7 +220,7 @@ TEST_F(CommandLine, warningsDoNotStopTheRun) {
 
 // -- threads, archive, names ----------------------------------------------------------------------
 
-TEST_F(CommandLine, moreThreadsThanOneAreAnsweredAndTheRunIsTheSame) {
+TEST_F(CommandLine, MoreThreadsThanOneAreAnsweredAndTheRunIsTheSame) {
   setCommand(R"("start": 0, "end": 0.5, "out": 0.5)");
   ASSERT_EQ(simulate().status, 0);
   const std::string alone = dir.file("alone.h5");
@@ -237,7 +237,7 @@ TEST_F(CommandLine, moreThreadsThanOneAreAnsweredAndTheRunIsTheSame) {
   }
 }
 
-TEST_F(CommandLine, archiveRestoresTheSetupDocumentAndRunsNothing) {
+TEST_F(CommandLine, ArchiveRestoresTheSetupDocumentAndRunsNothing) {
   const Outcome run = simulate({"--archive", "out.txt", "--nthreads", "8", "--progress"});
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
@@ -250,14 +250,14 @@ TEST_F(CommandLine, archiveRestoresTheSetupDocumentAndRunsNothing) {
   EXPECT_FALSE(exists("results_results.h5"));
 }
 
-TEST_F(CommandLine, archiveRestoresFromAResultsFileAsWell) {
+TEST_F(CommandLine, ArchiveRestoresFromAResultsFileAsWell) {
   ASSERT_EQ(simulate().status, 0);
   const Outcome run = program({"-f", "command.json", "-r", "results_results.h5", "-a", "out.txt"});
   EXPECT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(support::readFile(dir.file("out.txt")), support::readText(runFile, ".config/model"));
 }
 
-TEST_F(CommandLine, archiveTellsOfAPlaceThatCannotBeWritten) {
+TEST_F(CommandLine, ArchiveTellsOfAPlaceThatCannotBeWritten) {
   for (const std::string place : {"nofolder/out.txt", ".", "/dev/full"}) {
     const Outcome run = simulate({"--archive", place});
     EXPECT_EQ(run.status, 1);
@@ -267,7 +267,7 @@ TEST_F(CommandLine, archiveTellsOfAPlaceThatCannotBeWritten) {
   }
 }
 
-TEST_F(CommandLine, archiveDoesNotReplaceTheFilesThatAreRead) {
+TEST_F(CommandLine, ArchiveDoesNotReplaceTheFilesThatAreRead) {
   std::filesystem::create_hard_link(runFile, dir.file("hard.h5"));
   std::filesystem::create_symlink("command.json", dir.file("soft.txt"));
   const std::string runBefore = support::readFile(runFile);
@@ -286,7 +286,7 @@ TEST_F(CommandLine, archiveDoesNotReplaceTheFilesThatAreRead) {
   EXPECT_EQ(support::readFile(commandFile), commandBefore);
 }
 
-TEST_F(CommandLine, resultsDoNotReplaceTheFilesThatAreRead) {
+TEST_F(CommandLine, ResultsDoNotReplaceTheFilesThatAreRead) {
   std::filesystem::rename(runFile, dir.file("all_results.h5"));
   std::filesystem::create_hard_link(dir.file("all_results.h5"), dir.file("hard_results.h5"));
   std::filesystem::rename(commandFile, dir.file("command_results.h5"));
@@ -309,7 +309,7 @@ TEST_F(CommandLine, resultsDoNotReplaceTheFilesThatAreRead) {
 }
 
 // Files that are opened must not take the places of the streams.
-TEST_F(CommandLine, closedStandardStreamsLeaveTheResultsAlone) {
+TEST_F(CommandLine, ClosedStandardStreamsLeaveTheResultsAlone) {
   setCommand(R"("start": 0, "end": 0.5, "out": 0.25)");
   ASSERT_EQ(simulate().status, 0);
   const std::string before = dir.file("before.h5");
@@ -321,13 +321,13 @@ TEST_F(CommandLine, closedStandardStreamsLeaveTheResultsAlone) {
   }
 }
 
-TEST_F(CommandLine, archiveNeedsTheCommandFileToBeValid) {
+TEST_F(CommandLine, ArchiveNeedsTheCommandFileToBeValid) {
   setCommand(R"("start": 0, "out": 1)");
   EXPECT_EQ(simulate({"--archive", "out.txt"}).status, 1);
   EXPECT_FALSE(exists("out.txt"));
 }
 
-TEST_F(CommandLine, outputMayHaveTheNameOfTheRunFile) {
+TEST_F(CommandLine, OutputMayHaveTheNameOfTheRunFile) {
   const std::string before = support::readFile(runFile);
   const Outcome run = program({"-f", "command.json", "-r", "run.h5", "-o", "run.h5"});
   EXPECT_EQ(run.status, 0) << run.err;
@@ -335,17 +335,17 @@ TEST_F(CommandLine, outputMayHaveTheNameOfTheRunFile) {
   EXPECT_EQ(support::readFile(runFile), before);
 }
 
-TEST_F(CommandLine, resultsHaveADefaultName) {
+TEST_F(CommandLine, ResultsHaveADefaultName) {
   EXPECT_EQ(program({"-f", "command.json", "-r", "run.h5"}).status, 0);
   EXPECT_TRUE(exists("results_results.h5"));
 }
 
-TEST_F(CommandLine, theNameOfTheResultsIsCutAtItsFirstExtension) {
+TEST_F(CommandLine, TheNameOfTheResultsIsCutAtItsFirstExtension) {
   EXPECT_EQ(program({"-f", "command.json", "-r", "run.h5", "-o", "a.h5.h5"}).status, 0);
   EXPECT_TRUE(exists("a_results.h5"));
 }
 
-TEST_F(CommandLine, aNameOfResultsWithoutExtensionIsRefused) {
+TEST_F(CommandLine, ANameOfResultsWithoutExtensionIsRefused) {
   const Outcome run = program({"-f", "command.json", "-r", "run.h5", "-o", "results"});
   EXPECT_EQ(run.status, 1);
   EXPECT_EQ(run.err,
@@ -353,12 +353,12 @@ TEST_F(CommandLine, aNameOfResultsWithoutExtensionIsRefused) {
             " -> ... unfortunately RHEOMARK is killed!\n");
 }
 
-TEST_F(CommandLine, aRunFileMayBeNamedFromTheWorkingFolder) {
+TEST_F(CommandLine, ARunFileMayBeNamedFromTheWorkingFolder) {
   const Outcome run = program({"-f", "command.json", "-r", "./run.h5"});
   EXPECT_EQ(run.status, 0) << run.err;
 }
 
-TEST_F(CommandLine, aRunFileInAFolderWithADotIsNoModelDefinition) {
+TEST_F(CommandLine, ARunFileInAFolderWithADotIsNoModelDefinition) {
   std::filesystem::create_directory(dir.file("a.b"));
   std::filesystem::copy(runFile, dir.file("a.b/run.h5"));
   const Outcome run = program({"-f", "command.json", "-r", "a.b/run.h5"});
@@ -369,7 +369,7 @@ TEST_F(CommandLine, aRunFileInAFolderWithADotIsNoModelDefinition) {
             " -> ... unfortunately RHEOMARK is killed!\n");
 }
 
-TEST_F(CommandLine, noFooterFollowsAFailure) {
+TEST_F(CommandLine, NoFooterFollowsAFailure) {
   support::removeLink(runFile, "Parameters/Gravity");
   const Outcome run = simulate();
   EXPECT_EQ(run.status, 1);

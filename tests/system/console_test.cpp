@@ -33,7 +33,7 @@ const char* const TIMING =
     "      8; #;   HydWallBFluxes \n"
     "      8; #;   Update \n";
 
-TEST_F(Console, atLevelZeroShowsRecordsAndTimingOnly) {
+TEST_F(Console, AtLevelZeroShowsRecordsAndTimingOnly) {
   useSample("one_cell");
   const Outcome run = simulate();
   EXPECT_EQ(run.status, 0);
@@ -52,7 +52,7 @@ Writing '/RESULTS/CellsAll/HydState/0000004' to file 'results_results.h5'
 )" + TIMING + FOOTER);
 }
 
-TEST_F(Console, withAllOptionsShowsHowARunGoes) {
+TEST_F(Console, WithAllOptionsShowsHowARunGoes) {
   useSample("one_cell");
   setCommand(R"("start": 0, "end": 0.25, "out": 0.25)", R"("water_surface", "water_depth")");
   const Outcome run = simulate({"-l", "5", "-p", "-d"});
@@ -185,7 +185,7 @@ class Levels : public Console, public ::testing::WithParamInterface<Threshold> {
   }
 };
 
-TEST_P(Levels, aLineShowsAboveItsThresholdOnly) {
+TEST_P(Levels, ALineShowsAboveItsThresholdOnly) {
   for (int level = 0; level <= 6; ++level) {
     const Outcome run = simulate({"--log", std::to_string(level)});
     ASSERT_EQ(run.status, 0) << run.err;
@@ -209,7 +209,7 @@ INSTANTIATE_TEST_SUITE_P(Lines, Levels, ::testing::Values(
     Threshold{" -> assign (empty) optional data <17> ...",                                     4}));
 // clang-format on
 
-TEST_F(Console, outputsAreAnnouncedAboveLevelZero) {
+TEST_F(Console, OutputsAreAnnouncedAboveLevelZero) {
   useSample("one_cell");
   EXPECT_THAT(linesWith("init output", simulate({"-l", "0"}).out), IsEmpty());
   EXPECT_THAT(linesWith("init output", simulate({"-l", "1"}).out),
@@ -220,7 +220,7 @@ TEST_F(Console, outputsAreAnnouncedAboveLevelZero) {
 
 class DebugMode : public Console, public ::testing::WithParamInterface<std::string> {};
 
-TEST_P(DebugMode, doesNotChangeResults) {
+TEST_P(DebugMode, DoesNotChangeResults) {
   useSample(GetParam());
   const Outcome run = simulate({"--debug"});
   ASSERT_EQ(run.status, 0) << run.err;
@@ -229,7 +229,7 @@ TEST_P(DebugMode, doesNotChangeResults) {
 
 INSTANTIATE_TEST_SUITE_P(Samples, DebugMode, ::testing::Values("one_cell", "fixbed_many"));
 
-TEST_F(Console, enumeratorsAreDeclaredInDebugModeOnlyAndBeforeTheMaps) {
+TEST_F(Console, EnumeratorsAreDeclaredInDebugModeOnlyAndBeforeTheMaps) {
   useSample("one_cell");
   EXPECT_THAT(simulate({"-l", "3"}).out, Not(HasSubstr("ENUMERATOR")));
   const std::string out = simulate({"-l", "3", "-d"}).out;
@@ -237,7 +237,7 @@ TEST_F(Console, enumeratorsAreDeclaredInDebugModeOnlyAndBeforeTheMaps) {
   EXPECT_LT(out.rfind("ENUMERATOR"), out.find("loading map"));
 }
 
-TEST_F(Console, debugModeNamesCellsThatCutIntoTheirFixedBed) {
+TEST_F(Console, DebugModeNamesCellsThatCutIntoTheirFixedBed) {
   useSample("fixbed_many");
   EXPECT_THAT(linesWith("overdraft", simulate().out), IsEmpty());
   const std::vector<std::string> lines = linesWith("overdraft", simulate({"-d"}).out);
@@ -261,7 +261,7 @@ const char* const NOT_CONSERVED =
     " -> ERROR in kernel_GLOBAL_Update... MASS not conserved\n"
     " -> ... unfortunately RHEOMARK is killed!\n";
 
-TEST_F(MassBalance, aNegativeDepthInTheLastCellEndsTheRunInSafeMode) {
+TEST_F(MassBalance, ANegativeDepthInTheLastCellEndsTheRunInSafeMode) {
   useSample("one_cell");
   drain(0);
   const Outcome run = simulate();
@@ -273,7 +273,7 @@ TEST_F(MassBalance, aNegativeDepthInTheLastCellEndsTheRunInSafeMode) {
               ::testing::Contains("RESULTS/CellsAll/HydState/0000000"));
 }
 
-TEST_F(MassBalance, debugModeNamesTheCell) {
+TEST_F(MassBalance, DebugModeNamesTheCell) {
   useSample("one_cell");
   drain(0);
   const Outcome run = simulate({"--debug"});
@@ -281,7 +281,7 @@ TEST_F(MassBalance, debugModeNamesTheCell) {
   EXPECT_THAT(run.out, HasSubstr("MASS BALANCE PROBLEM: h = -5 < 0.0\n... in cell 0\n"));
 }
 
-TEST_F(MassBalance, withoutSafeModeTheRunGoesOn) {
+TEST_F(MassBalance, WithoutSafeModeTheRunGoesOn) {
   useSample("one_cell");
   drain(0);
   support::overwrite(runFile, "Parameters/SafeMode", 0, 0);
@@ -291,7 +291,7 @@ TEST_F(MassBalance, withoutSafeModeTheRunGoesOn) {
             static_cast<std::size_t>(callsOf("Update", run.out)));
 }
 
-TEST_F(MassBalance, aNegativeDepthInAnotherCellDoesNotEndTheRun) {
+TEST_F(MassBalance, ANegativeDepthInAnotherCellDoesNotEndTheRun) {
   useSample("time_out_tenth");
   setCommand(R"("start": 0, "end": 0.01, "out": 0.01)");
   drain(0);
@@ -300,7 +300,7 @@ TEST_F(MassBalance, aNegativeDepthInAnotherCellDoesNotEndTheRun) {
   EXPECT_THAT(run.out, HasSubstr("MASS BALANCE PROBLEM: h = -"));
 }
 
-TEST_F(MassBalance, aNegativeDepthAtTheLastSourceEndsTheRunInSafeMode) {
+TEST_F(MassBalance, ANegativeDepthAtTheLastSourceEndsTheRunInSafeMode) {
   useSample("sink_types");
   support::overwrite(runFile, "Parameters/SafeMode", 0, 1);
   const std::size_t last = support::readNumbers(runFile, "ClHydSrc/SinkType").size() - 1;
@@ -331,25 +331,25 @@ class FirstSteps : public Console {
   std::vector<std::string> times() { return linesWith(" -> time: ", simulate({"-l", "3"}).out); }
 };
 
-TEST_F(FirstSteps, ofADryDomainAreTheInitialStepAndThenTheLongest) {
+TEST_F(FirstSteps, OfADryDomainAreTheInitialStepAndThenTheLongest) {
   makeDry();  // 0.5 of 100 s
   EXPECT_THAT(times(), ElementsAre(" -> time: 0.02", " -> time: 50.02", " -> time: 100.02",
                                    " -> time: 120"));
 }
 
-TEST_F(FirstSteps, ofADryDomainTakeTheInitialStepOfTheCommandFile) {
+TEST_F(FirstSteps, OfADryDomainTakeTheInitialStepOfTheCommandFile) {
   makeDry();
   setCommand(R"("start": 0, "end": 60, "out": 0)", "", R"("init": 0.5, "minimum": 0.0001)");
   EXPECT_THAT(times(), ElementsAre(" -> time: 0.5", " -> time: 50.5", " -> time: 60"));
 }
 
-TEST_F(FirstSteps, thatTheLongestStepLimitsAreTheInitialStepThoughTheDomainIsWet) {
+TEST_F(FirstSteps, ThatTheLongestStepLimitsAreTheInitialStepThoughTheDomainIsWet) {
   support::overwrite(runFile, "Parameters/DTmax", 0, 0.125);
   setCommand(R"("start": 0, "end": 0.125, "out": 0)");
   EXPECT_THAT(times(), ElementsAre(" -> time: 0.02", " -> time: 0.0825", " -> time: 0.125"));
 }
 
-TEST_F(FirstSteps, thatACellLimitsDoNotSeeTheInitialStep) {
+TEST_F(FirstSteps, ThatACellLimitsDoNotSeeTheInitialStep) {
   setCommand(R"("start": 0, "end": 0.2, "out": 0)", "", R"("init": 0.001, "minimum": 0.0001)");
   EXPECT_THAT(times(), ElementsAre(" -> time: 0.173792", " -> time: 0.2"));
 }
@@ -357,7 +357,7 @@ TEST_F(FirstSteps, thatACellLimitsDoNotSeeTheInitialStep) {
 // -- kernels of a model with all there is
 // -----------------------------------------------------------
 
-TEST_F(Console, theTimingTableListsAllKernelsOfAFullModel) {
+TEST_F(Console, TheTimingTableListsAllKernelsOfAFullModel) {
   useSample("full_model");
   setCommand(R"("start": 0, "end": 1.1, "out": 0)");
   const Outcome run = simulate();
@@ -399,14 +399,14 @@ class FixedBed : public Console {
   FixedBed() { useSample("fixbed_many"); }
 };
 
-TEST_F(FixedBed, isCorrectedUntilTheDeviationIsSmall) {
+TEST_F(FixedBed, IsCorrectedUntilTheDeviationIsSmall) {
   const Outcome run = simulate();
   const int passes = callsOf("Update", run.out);
   EXPECT_GT(callsOf("MorFixBedCorrection", run.out), passes);
   EXPECT_EQ(callsOf("MorFixBedCorrectionMax", run.out), callsOf("MorFixBedCorrection", run.out));
 }
 
-TEST_F(FixedBed, ofOneIterationIsNotMeasured) {
+TEST_F(FixedBed, OfOneIterationIsNotMeasured) {
   support::overwrite(runFile, "Parameters/FixBedMaxIter", 0, 1);
   const Outcome run = simulate();
   ASSERT_EQ(run.status, 0) << run.err;
@@ -414,7 +414,7 @@ TEST_F(FixedBed, ofOneIterationIsNotMeasured) {
   EXPECT_EQ(callsOf("MorFixBedCorrectionMax", run.out), 0);
 }
 
-TEST_F(FixedBed, ofNoIterationIsNotCorrected) {
+TEST_F(FixedBed, OfNoIterationIsNotCorrected) {
   support::overwrite(runFile, "Parameters/FixBedMaxIter", 0, 0);
   const Outcome run = simulate();
   ASSERT_EQ(run.status, 0) << run.err;
@@ -422,14 +422,14 @@ TEST_F(FixedBed, ofNoIterationIsNotCorrected) {
   EXPECT_EQ(callsOf("MorFixBedCorrectionMax", run.out), 0);
 }
 
-TEST_F(FixedBed, ofAnInfiniteAccuracyIsNotCorrected) {
+TEST_F(FixedBed, OfAnInfiniteAccuracyIsNotCorrected) {
   support::overwrite(runFile, "Parameters/FixBedAccuracy", 0, 1e12);
   const Outcome run = simulate();
   ASSERT_EQ(run.status, 0) << run.err;
   EXPECT_EQ(callsOf("MorFixBedCorrection", run.out), 0);
 }
 
-TEST_F(FixedBed, withoutCellsIsDeactivatedInSilenceAtLevelZero) {
+TEST_F(FixedBed, WithoutCellsIsDeactivatedInSilenceAtLevelZero) {
   support::replaceInts(runFile, "CellsFix/set", {1}, 0);
   support::replaceInts(runFile, "CellsFix/CellsAll", {0, 1}, 0);
   support::replaceInts(runFile, "CellsFix/EdgesAll", {0, 3}, 0);

@@ -107,7 +107,7 @@ class Continued : public support::Simulation {
 
 class ContinuedRiver : public Continued, public ::testing::WithParamInterface<River> {};
 
-TEST_P(ContinuedRiver, hasTheBitsOfTheRunThatWentThrough) {
+TEST_P(ContinuedRiver, HasTheBitsOfTheRunThatWentThrough) {
   runThrough(GetParam());
   for (const int restart : GetParam().restarts) {
     EXPECT_THAT(differencesFrom(restart), IsEmpty()) << restart;
@@ -157,7 +157,7 @@ INSTANTIATE_TEST_SUITE_P(Of, ContinuedRiver, ::testing::ValuesIn(RIVERS), nameOf
 
 // -- what does not, since it is no part of the records --------------------------------------------
 
-TEST_F(Continued, takesTheInitialStepOnceMoreWhereNoWaterLimitsIt) {
+TEST_F(Continued, TakesTheInitialStepOnceMoreWhereNoWaterLimitsIt) {
   // Level ground that counts as dry up to 1 mm, and 1 mm of rain a minute.
   runThrough({"",
               "hillslope_rain",
@@ -169,7 +169,7 @@ TEST_F(Continued, takesTheInitialStepOnceMoreWhereNoWaterLimitsIt) {
   EXPECT_LT(surfaceDifference(4), 1e-15);
 }
 
-TEST_F(Continued, beginsWithAShutGateThatWasOpenBetweenItsLevels) {
+TEST_F(Continued, BeginsWithAShutGateThatWasOpenBetweenItsLevels) {
   constexpr std::size_t GATE = 4;
   runThrough({"", "polder", {}, "1515", "15", {}});
   // The falling river stands between the levels.
@@ -178,7 +178,7 @@ TEST_F(Continued, beginsWithAShutGateThatWasOpenBetweenItsLevels) {
   EXPECT_EQ(discharge(resultFile, GATE, 101), 0.0);
 }
 
-TEST_F(Continued, looksUpTheDischargeOfAStringAsZeroInItsFirstStep) {
+TEST_F(Continued, LooksUpTheDischargeOfAStringAsZeroInItsFirstStep) {
   support::writeFile(dir.file("key.txt"), "0 100.3\n10 100.7\n60 101.5\n");
   runThrough({"",
               "river_reach",
@@ -190,13 +190,13 @@ TEST_F(Continued, looksUpTheDischargeOfAStringAsZeroInItsFirstStep) {
   EXPECT_LT(surfaceDifference(9), 0.1);
 }
 
-TEST_F(Continued, hasTheFrictionOfTheRainBeforeItAtAnOutletOverASlope) {
+TEST_F(Continued, HasTheFrictionOfTheRainBeforeItAtAnOutletOverASlope) {
   runThrough({"", "river_reach", {{BOUNDARY, RAIN}, {STRINGS, REGION}}, "300", "60", {}});
   EXPECT_THAT(differencesFrom(2), Not(IsEmpty()));
   EXPECT_LT(surfaceDifference(3), 1e-7);
 }
 
-TEST_F(Continued, writesTheRecordOfItsStartAnewWithoutTheStatesOfStrings) {
+TEST_F(Continued, WritesTheRecordOfItsStartAnewWithoutTheStatesOfStrings) {
   constexpr std::size_t GAUGE = 1;
   runThrough({"", "river_reach", {}, "180", "60", {}});
   EXPECT_THAT(differencesFrom(2), IsEmpty());

@@ -32,7 +32,7 @@ class Export : public support::Simulation {
   const support::TempDir side;
 };
 
-TEST_F(Export, listsTheTimesFromWhichARunContinues) {
+TEST_F(Export, ListsTheTimesFromWhichARunContinues) {
   useSample("rerun_continue");
   ASSERT_EQ(simulate().status, 0);
   const auto times = nlohmann::json::parse(exported({"--json"}).out).at("restart_times");
@@ -44,7 +44,7 @@ TEST_F(Export, listsTheTimesFromWhichARunContinues) {
   EXPECT_EQ(simulate().status, 1);
 }
 
-TEST_F(Export, leavesGapsWhereARunWasContinuedWithOtherOutputs) {
+TEST_F(Export, LeavesGapsWhereARunWasContinuedWithOtherOutputs) {
   useSample("interpolation_keys");
   setCommand(R"("start": 0, "end": 2, "out": 1)", R"("water_depth")");
   ASSERT_EQ(simulate().status, 0);
@@ -58,7 +58,7 @@ TEST_F(Export, leavesGapsWhereARunWasContinuedWithOtherOutputs) {
   EXPECT_THAT(rows[3], ::testing::MatchesRegex("2,[-.0-9e]+,[-.0-9e]+,[-.0-9e]+,[-.0-9e]+"));
 }
 
-TEST_F(Export, showsARunThatWasStopped) {
+TEST_F(Export, ShowsARunThatWasStopped) {
   useSample("dam_dry");
   setCommand(R"("start": 0, "end": 1e6, "out": 0.5)", R"("water_depth")");
   const pid_t process = startSimulation();

@@ -142,11 +142,11 @@ class FailuresOfRuns : public Failures {
   const std::string earlier = dir.file("earlier.h5");
 };
 
-TEST_F(FailuresOfRuns, loseNothingThatWasReported) {
+TEST_F(FailuresOfRuns, LoseNothingThatWasReported) {
   failEachCall(0);
 }
 
-TEST_F(FailuresOfRuns, loseNothingThatAReRunHasFound) {
+TEST_F(FailuresOfRuns, LoseNothingThatAReRunHasFound) {
   command(0, LAST);
   ASSERT_EQ(simulate().status, 0);
   failEachCall(1);
@@ -206,28 +206,28 @@ class FailuresOfTools : public Failures {
   }
 };
 
-TEST_F(FailuresOfTools, setupLeavesTheRunFileAsItWas) {
+TEST_F(FailuresOfTools, SetupLeavesTheRunFileAsItWas) {
   useExample("dam_break");
   failEachCall(SETUP_EXE, {"-f", "study.json"}, {"run.h5"});
 }
 
-TEST_F(FailuresOfTools, exportLeavesMaskedValuesAsTheyWere) {
+TEST_F(FailuresOfTools, ExportLeavesMaskedValuesAsTheyWere) {
   exportEach({"-m", "dry.h5"}, {"dry.h5", "dry.xdmf"});
 }
 
-TEST_F(FailuresOfTools, exportLeavesTextsAsTheyWere) {
+TEST_F(FailuresOfTools, ExportLeavesTextsAsTheyWere) {
   exportEach({"-o", "a.xdmf", "--mesh", "a.2dm", "-g", "0.5,0.2"},
              {"a.xdmf", "a.2dm", "gauges.csv"});
 }
 
 #ifdef HAVE_GDAL
-TEST_F(FailuresOfTools, exportLeavesARasterAsItWas) {
+TEST_F(FailuresOfTools, ExportLeavesARasterAsItWas) {
   exportEach({"--geotiff", "a.tif", "--resolution", "0.5", "--quantity", "water_depth"}, {"a.tif"});
 }
 #endif
 
 #ifdef HAVE_NETCDF
-TEST_F(FailuresOfTools, exportLeavesNetcdfAsItWas) {
+TEST_F(FailuresOfTools, ExportLeavesNetcdfAsItWas) {
   exportEach({"-u", "a.nc"}, {"a.nc"});
 }
 #endif

@@ -30,7 +30,7 @@ class Order : public support::Simulation {
   }
 };
 
-TEST_F(Order, theNameOfTheResultsComesBehindTheDataAndBeforeTheParameters) {
+TEST_F(Order, TheNameOfTheResultsComesBehindTheDataAndBeforeTheParameters) {
   removeLink(runFile, "EdgesAll/CharSize");
   removeLink(runFile, "Parameters/Gravity");
   const support::Outcome run =
@@ -41,7 +41,7 @@ TEST_F(Order, theNameOfTheResultsComesBehindTheDataAndBeforeTheParameters) {
   EXPECT_THAT(run.out, Not(HasSubstr("init output")));
 }
 
-TEST_F(Order, theOutputsComeBeforeTheParameters) {
+TEST_F(Order, TheOutputsComeBeforeTheParameters) {
   removeLink(runFile, "Parameters/Gravity");
   const support::Outcome run = fail();
   EXPECT_THAT(run.err, HasSubstr("Unable to open the dataset \"Parameters/Gravity\":"));
@@ -49,7 +49,7 @@ TEST_F(Order, theOutputsComeBeforeTheParameters) {
               ElementsAre(" -> init output <water_surface>", " -> init output <water_depth>"));
 }
 
-TEST_F(Order, theParametersComeBeforeTheTimes) {
+TEST_F(Order, TheParametersComeBeforeTheTimes) {
   setCommand(R"("start": 0, "end": 1, "out": 1)", "", R"("init": 0.02, "minimum": 1e-12)");
   removeLink(runFile, "kernels/ID");
   EXPECT_THAT(fail().err, StartsWith(" -> Minimum integration timestep must be larger than "));
@@ -57,20 +57,20 @@ TEST_F(Order, theParametersComeBeforeTheTimes) {
   EXPECT_THAT(fail().err, HasSubstr("Unable to open the dataset \"Parameters/Gravity\":"));
 }
 
-TEST_F(Order, theScheduleComesBeforeTheDataOfRecords) {
+TEST_F(Order, TheScheduleComesBeforeTheDataOfRecords) {
   removeLink(runFile, "kernels/ID");
   removeLink(runFile, "CellsAll/HydState");
   EXPECT_THAT(fail().err, HasSubstr("Unable to open the dataset \"kernels/ID\":"));
 }
 
-TEST_F(Order, aKernelOfAnotherModelComesBeforeItsData) {
+TEST_F(Order, AKernelOfAnotherModelComesBeforeItsData) {
   support::overwrite(runFile, "kernels/ID", 3, 24);
   const support::Outcome run = fail({"-l", "2"});
   EXPECT_THAT(run.err, StartsWith(" -> kernel <24> not found, in file: src/model/Model on line "));
   EXPECT_THAT(run.out, HasSubstr(" -> writing output at t = 0 ...\n"));
 }
 
-TEST_F(Order, aRunWithoutEarlierResultsLeavesWhatItHasWritten) {
+TEST_F(Order, ARunWithoutEarlierResultsLeavesWhatItHasWritten) {
   removeLink(runFile, "Parameters/Gravity");
   fail();
   EXPECT_THAT(support::datasetPaths(resultFile),
@@ -78,7 +78,7 @@ TEST_F(Order, aRunWithoutEarlierResultsLeavesWhatItHasWritten) {
 }
 
 // Whatever the fault is that ends a run before its first record.
-TEST_F(Order, earlierResultsOutliveARunWithoutARecord) {
+TEST_F(Order, EarlierResultsOutliveARunWithoutARecord) {
   ASSERT_EQ(simulate().status, 0);
   std::filesystem::copy_file(resultFile, dir.file("earlier.h5"));
   const std::string whole = support::readFile(runFile);

@@ -15,7 +15,7 @@
 #include <string>
 #include <thread>
 
-#include "h5/JournaledFile.h"
+#include "h5/journal/JournaledFile.h"
 #include "system/EndlessRun.h"
 
 namespace {
@@ -42,25 +42,25 @@ class EarlierResults : public support::EndlessRun {
   }
 };
 
-TEST_F(EarlierResults, outliveARunFileWithoutAParameter) {
+TEST_F(EarlierResults, OutliveARunFileWithoutAParameter) {
   useSample("one_cell");
   support::removeLink(runFile, "Parameters/Gravity");
   EXPECT_EQ(afterFailedRun(), "earlier results");
 }
 
-TEST_F(EarlierResults, outliveARunFileWithoutASchedule) {
+TEST_F(EarlierResults, OutliveARunFileWithoutASchedule) {
   useSample("one_cell");
   support::removeLink(runFile, "kernels/execution");
   EXPECT_EQ(afterFailedRun(), "earlier results");
 }
 
-TEST_F(EarlierResults, outliveARunFileWithAWrongSign) {
+TEST_F(EarlierResults, OutliveARunFileWithAWrongSign) {
   useSample("one_cell");
   support::overwrite(runFile, "CellsAll/EdgeSign", 1, 3);
   EXPECT_EQ(afterFailedRun(), "earlier results");
 }
 
-TEST_F(EarlierResults, outliveACommandFileWithATooSmallStep) {
+TEST_F(EarlierResults, OutliveACommandFileWithATooSmallStep) {
   useSample("one_cell");
   support::writeFile(dir.file("command.json"),
                      R"({"SIMULATION": {"TIME": {"start": 0, "end": 1, "out": 1},
@@ -68,7 +68,7 @@ TEST_F(EarlierResults, outliveACommandFileWithATooSmallStep) {
   EXPECT_EQ(afterFailedRun(), "earlier results");
 }
 
-TEST_F(EarlierResults, outliveARunThatFailsAtItsFirstRecord) {
+TEST_F(EarlierResults, OutliveARunThatFailsAtItsFirstRecord) {
   useSample("one_cell");
   support::writeFile(resultFile, "earlier results");
   EXPECT_EQ(simulateBehind("trap '' XFSZ; ulimit -f 24").status, 1);
@@ -76,7 +76,7 @@ TEST_F(EarlierResults, outliveARunThatFailsAtItsFirstRecord) {
   EXPECT_EQ(filesNamedAsTheResults(), 1);
 }
 
-TEST_F(EarlierResults, areReplacedByTheFirstRecord) {
+TEST_F(EarlierResults, AreReplacedByTheFirstRecord) {
   useSample("one_cell");
   support::writeFile(resultFile, "earlier results");
   ASSERT_EQ(simulate().status, 0);
@@ -84,7 +84,7 @@ TEST_F(EarlierResults, areReplacedByTheFirstRecord) {
   EXPECT_EQ(filesNamedAsTheResults(), 1);
 }
 
-TEST_F(EarlierResults, thatAreNotThereLeaveAFileThatShowsHowFarARunCame) {
+TEST_F(EarlierResults, ThatAreNotThereLeaveAFileThatShowsHowFarARunCame) {
   useSample("one_cell");
   EXPECT_EQ(simulateBehind("trap '' XFSZ; ulimit -f 40").status, 1);
   EXPECT_THAT(support::datasetPaths(resultFile),
@@ -92,7 +92,7 @@ TEST_F(EarlierResults, thatAreNotThereLeaveAFileThatShowsHowFarARunCame) {
                             "NodesAll/Coordnts", "Parameters/MinWaterDepth"}));
 }
 
-TEST_F(EarlierResults, areReplacedThroughALink) {
+TEST_F(EarlierResults, AreReplacedThroughALink) {
   useSample("one_cell");
   const std::string other = dir.file("elsewhere.h5");
   support::writeFile(other, "earlier results");
@@ -131,19 +131,19 @@ class SecondRun : public support::EndlessRun {
   const support::TempDir other;
 };
 
-TEST_F(SecondRun, thatIsFreshIsRefused) {
+TEST_F(SecondRun, ThatIsFreshIsRefused) {
   expectRefused(R"("start": 0, "end": 1, "out": 0.5)", "");
 }
 
-TEST_F(SecondRun, thatIsFreshIsRefusedWhereTheUserWantsLocks) {
+TEST_F(SecondRun, ThatIsFreshIsRefusedWhereTheUserWantsLocks) {
   expectRefused(R"("start": 0, "end": 1, "out": 0.5)", "HDF5_USE_FILE_LOCKING=TRUE");
 }
 
-TEST_F(SecondRun, thatContinuesIsRefused) {
+TEST_F(SecondRun, ThatContinuesIsRefused) {
   expectRefused(R"("start": 0.1, "end": 1, "out": 0.5)", "");
 }
 
-TEST_F(SecondRun, mayReadWhatTheFirstWrites) {
+TEST_F(SecondRun, MayReadWhatTheFirstWrites) {
   startEndless();
   awaitRecords(3);
   const int file = ::open(resultFile.c_str(), O_RDONLY | O_CLOEXEC);
@@ -154,7 +154,7 @@ TEST_F(SecondRun, mayReadWhatTheFirstWrites) {
   EXPECT_TRUE(isRunning());
 }
 
-TEST_F(SecondRun, mayWriteOnceTheFirstWasKilled) {
+TEST_F(SecondRun, MayWriteOnceTheFirstWasKilled) {
   startEndless();
   awaitRecords(3);
   ASSERT_EQ(stop(SIGKILL).status, 128 + SIGKILL);
@@ -203,7 +203,7 @@ class KilledAtItsStart : public support::EndlessRun {
   std::string earlier;
 };
 
-TEST_F(KilledAtItsStart, leavesTheEarlierResultsOrARecordOfItsOwn) {
+TEST_F(KilledAtItsStart, LeavesTheEarlierResultsOrARecordOfItsOwn) {
   const Clock::duration whole = timeToTheFirstRecord();
   std::mt19937 random(11);
   for (int kill = 0; kill < support::killsPerTest(); ++kill) {
@@ -241,7 +241,7 @@ class InTheWay : public support::EndlessRun {
   const std::string journal = resultFile + ".rheomark-journal";
 };
 
-TEST_F(InTheWay, aFileThatHasTheNameOfTheJournalIsNamedAndSpared) {
+TEST_F(InTheWay, AFileThatHasTheNameOfTheJournalIsNamedAndSpared) {
   ASSERT_EQ(simulate().status, 0);
   support::writeFile(journal, "a user's own");
   const std::string results = support::readFile(resultFile);
@@ -251,13 +251,13 @@ TEST_F(InTheWay, aFileThatHasTheNameOfTheJournalIsNamedAndSpared) {
   EXPECT_EQ(support::readFile(resultFile), results);
 }
 
-TEST_F(InTheWay, aUsersFileWithTheEndingJournalIsNot) {
+TEST_F(InTheWay, AUsersFileWithTheEndingJournalIsNot) {
   support::writeFile(resultFile + ".journal", "a user's own");
   EXPECT_EQ(simulate().status, 0);
   EXPECT_EQ(support::readFile(resultFile + ".journal"), "a user's own");
 }
 
-TEST_F(InTheWay, aJournalOfAnEarlierReleaseIsTold) {
+TEST_F(InTheWay, AJournalOfAnEarlierReleaseIsTold) {
   ASSERT_EQ(simulate().status, 0);
   support::writeFile(resultFile + ".journal", "\x89\x1aRHEOJ1 and so on");
   expectRefusal("is the journal of a record that release 3.0.1 was writing");
@@ -266,20 +266,20 @@ TEST_F(InTheWay, aJournalOfAnEarlierReleaseIsTold) {
   EXPECT_THAT(look.err, HasSubstr("release 3.0.1"));
 }
 
-TEST_F(InTheWay, aPipeIsNotWaitedFor) {
+TEST_F(InTheWay, APipeIsNotWaitedFor) {
   ASSERT_EQ(::mkfifo(resultFile.c_str(), 0666), 0);
   expectRefusal("file results_results.h5 is a pipe or a device");
   EXPECT_THAT(list().err, HasSubstr("is a pipe or a device"));
 }
 
-TEST_F(InTheWay, aPipeForAJournalIsNotWaitedFor) {
+TEST_F(InTheWay, APipeForAJournalIsNotWaitedFor) {
   ASSERT_EQ(simulate().status, 0);
   ASSERT_EQ(::mkfifo(journal.c_str(), 0666), 0);
   expectRefusal(".rheomark-journal is a pipe or a device");
   EXPECT_THAT(list().err, HasSubstr("is a pipe or a device"));
 }
 
-TEST_F(InTheWay, aLockedJournalIsNotWaitedForForEver) {
+TEST_F(InTheWay, ALockedJournalIsNotWaitedForForEver) {
   ASSERT_EQ(simulate().status, 0);
   support::writeFile(journal, "");
   const int file = ::open(journal.c_str(), O_RDONLY | O_CLOEXEC);

@@ -34,7 +34,7 @@ class Results : public support::Simulation {
   }
 };
 
-TEST_F(Results, ofAHydraulicModelHoldTheBedOnceAtTheRoot) {
+TEST_F(Results, OfAHydraulicModelHoldTheBedOnceAtTheRoot) {
   useSample("one_cell");
   ASSERT_EQ(simulate().status, 0);
   EXPECT_THAT(paths(),
@@ -46,7 +46,7 @@ TEST_F(Results, ofAHydraulicModelHoldTheBedOnceAtTheRoot) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.25, 0.5, 0.75, 1.0));
 }
 
-TEST_F(Results, ofAMovingBedHoldItInEachRecordAndNotAtTheRoot) {
+TEST_F(Results, OfAMovingBedHoldItInEachRecordAndNotAtTheRoot) {
   useSample("mor_grass");
   setCommand(R"("start": 0, "end": 0.1, "out": 0.1)", R"("bottom_elevation")");
   ASSERT_EQ(simulate().status, 0);
@@ -54,7 +54,7 @@ TEST_F(Results, ofAMovingBedHoldItInEachRecordAndNotAtTheRoot) {
   EXPECT_THAT(recordTimes("CellsAll/BottomEl"), ElementsAre(0.0, 0.1));
 }
 
-TEST_F(Results, ofTheWaterSurfaceNeedTheStateOnly) {
+TEST_F(Results, OfTheWaterSurfaceNeedTheStateOnly) {
   useSample("one_cell");
   setCommand(R"("start": 0, "end": 0, "out": 0)", R"("water_surface")");
   ASSERT_EQ(simulate().status, 0);
@@ -63,7 +63,7 @@ TEST_F(Results, ofTheWaterSurfaceNeedTheStateOnly) {
                                    "RESULTS/CellsAll/HydState/0000000"));
 }
 
-TEST_F(Results, withoutOutputsHoldTheStateAllTheSame) {
+TEST_F(Results, WithoutOutputsHoldTheStateAllTheSame) {
   useSample("mor_grass");
   setCommand(R"("start": 0, "end": 0, "out": 0)");
   ASSERT_EQ(simulate().status, 0);
@@ -71,7 +71,7 @@ TEST_F(Results, withoutOutputsHoldTheStateAllTheSame) {
   EXPECT_THAT(recordTimes("CellsAll/BottomEl"), ElementsAre(0.0));
 }
 
-TEST_F(Results, holdWhatSeveralOutputsShareOnce) {
+TEST_F(Results, HoldWhatSeveralOutputsShareOnce) {
   useSample("mor_grass");
   setCommand(R"("start": 0, "end": 0.1, "out": 0.1)", R"("flow_velocity", "water_depth")");
   const Outcome run = simulate();
@@ -84,7 +84,7 @@ TEST_F(Results, holdWhatSeveralOutputsShareOnce) {
                   "Writing '/RESULTS/CellsAll/BottomEl/0000001' to file 'results_results.h5'"));
 }
 
-TEST_F(Results, ofAFixedBedOutputHaveNoRecords) {
+TEST_F(Results, OfAFixedBedOutputHaveNoRecords) {
   useSample("one_cell");
   setCommand(R"("start": 0, "end": 0, "out": 0)", R"("bottom_elevation")");
   ASSERT_EQ(simulate().status, 0);
@@ -92,7 +92,7 @@ TEST_F(Results, ofAFixedBedOutputHaveNoRecords) {
   EXPECT_THAT(paths(), Not(Contains(HasSubstr("RESULTS/CellsAll/BottomEl"))));
 }
 
-TEST_F(Results, trackedDataStandAtRecordZeroWithTimeZeroWhateverTheLengthOfTheRun) {
+TEST_F(Results, TrackedDataStandAtRecordZeroWithTimeZeroWhateverTheLengthOfTheRun) {
   useSample("full_model");
   setCommand(R"("start": 0, "end": 0.2, "out": 0.1)");
   const Outcome run = simulate({"-l", "2"});
@@ -111,14 +111,14 @@ TEST_F(Results, trackedDataStandAtRecordZeroWithTimeZeroWhateverTheLengthOfTheRu
   EXPECT_LT(arrival, 0.2);
 }
 
-TEST_F(Results, aRunWithoutTrackedDataWritesNothingAtItsEnd) {
+TEST_F(Results, ARunWithoutTrackedDataWritesNothingAtItsEnd) {
   useSample("one_cell");
   const std::string out = simulate({"-l", "2"}).out;
   EXPECT_EQ(linesWith(" -> writing tracked output ...", out).size(), 1U);
   EXPECT_THAT(out.substr(out.find("writing tracked output")), Not(HasSubstr("Writing '")));
 }
 
-TEST_F(Results, holdBothDocumentsOfTheRun) {
+TEST_F(Results, HoldBothDocumentsOfTheRun) {
   useSample("one_cell");
   setCommand(R"("start": 0, "end": 0, "out": 0.5)");
   ASSERT_EQ(simulate().status, 0);
@@ -128,7 +128,7 @@ TEST_F(Results, holdBothDocumentsOfTheRun) {
             R"({"SIMULATION":{"OUTPUT":[],"TIME":{"end":0,"out":0.5,"start":0}}})");
 }
 
-TEST_F(Results, ofAnEarlierRunAreErasedByAFreshOne) {
+TEST_F(Results, OfAnEarlierRunAreErasedByAFreshOne) {
   useSample("one_cell");
   ASSERT_EQ(simulate().status, 0);
   setCommand(R"("start": 0, "end": 0, "out": 0)");
@@ -136,14 +136,14 @@ TEST_F(Results, ofAnEarlierRunAreErasedByAFreshOne) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0));
 }
 
-TEST_F(Results, namesOfNodestringsAreCopied) {
+TEST_F(Results, NamesOfNodestringsAreCopied) {
   useSample("bc_218_gate");
   setCommand(R"("start": 0, "end": 0, "out": 0)");
   ASSERT_EQ(simulate().status, 0);
   EXPECT_EQ(support::readText(resultFile, "NodeStrg/StrNames"), "gate");
 }
 
-TEST_F(Results, aSetupDatumThatIsMissingIsNotPassedOver) {
+TEST_F(Results, ASetupDatumThatIsMissingIsNotPassedOver) {
   useSample("one_cell");
   support::removeLink(runFile, "CellsAll/Topology");
   const Outcome run = simulate();
@@ -162,7 +162,7 @@ class ReRun : public Results {
   }
 };
 
-TEST_F(ReRun, goesOnFromTheRecordAtItsStart) {
+TEST_F(ReRun, GoesOnFromTheRecordAtItsStart) {
   setCommand(R"("start": 1, "end": 1.25, "out": 0.25)");
   const Outcome run = simulate({"-l", "2"});
   ASSERT_EQ(run.status, 0) << run.err;
@@ -176,7 +176,7 @@ TEST_F(ReRun, goesOnFromTheRecordAtItsStart) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, 1.0, 1.25));
 }
 
-TEST_F(ReRun, writesTheStateItStartsFromAgain) {
+TEST_F(ReRun, WritesTheStateItStartsFromAgain) {
   const std::vector<double> before =
       support::readNumbers(resultFile, "RESULTS/CellsAll/HydState/0000001");
   setCommand(R"("start": 0.5, "end": 0.5, "out": 0)");
@@ -186,7 +186,7 @@ TEST_F(ReRun, writesTheStateItStartsFromAgain) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, -1.0, -1.0));
 }
 
-TEST_F(ReRun, isRefusedWhereMoreThanOneOldRecordIsLeft) {
+TEST_F(ReRun, IsRefusedWhereMoreThanOneOldRecordIsLeft) {
   setCommand(R"("start": 0.5, "end": 0.5, "out": 0)");
   ASSERT_EQ(simulate().status, 0);  // 0, 0.5, -1, -1
   const Outcome run = simulate();
@@ -194,7 +194,7 @@ TEST_F(ReRun, isRefusedWhereMoreThanOneOldRecordIsLeft) {
   EXPECT_THAT(run.err, HasSubstr(" -> not all needed results are found for t=-1, in file: "));
 }
 
-TEST_F(ReRun, goesOnWhereOneOldRecordIsLeft) {
+TEST_F(ReRun, GoesOnWhereOneOldRecordIsLeft) {
   setCommand(R"("start": 1, "end": 1, "out": 0)");
   ASSERT_EQ(simulate().status, 0);  // 0, 0.5, 1, -1
   setCommand(R"("start": 1, "end": 2, "out": 0.5)");
@@ -202,7 +202,7 @@ TEST_F(ReRun, goesOnWhereOneOldRecordIsLeft) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, 1.0, 1.5, 2.0));
 }
 
-TEST_F(ReRun, isAnnouncedAtEveryLevel) {
+TEST_F(ReRun, IsAnnouncedAtEveryLevel) {
   setCommand(R"("start": 1.5, "end": 2, "out": 0.5)");
   const Outcome run = simulate();
   ASSERT_EQ(run.status, 0) << run.err;
@@ -210,7 +210,7 @@ TEST_F(ReRun, isAnnouncedAtEveryLevel) {
   EXPECT_THAT(run.out, Not(HasSubstr("RE-RUN")));
 }
 
-TEST_F(ReRun, atATimeWithoutRecordListsTheTimesThatThereAre) {
+TEST_F(ReRun, AtATimeWithoutRecordListsTheTimesThatThereAre) {
   const std::string before = support::readFile(resultFile);
   setCommand(R"("start": 0.75, "end": 2, "out": 0.5)");
   const Outcome run = simulate();
@@ -225,7 +225,7 @@ TEST_F(ReRun, atATimeWithoutRecordListsTheTimesThatThereAre) {
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, 1.0, 1.5));
 }
 
-TEST_F(ReRun, withOtherOutputsWritesTheseFromThereOn) {
+TEST_F(ReRun, WithOtherOutputsWritesTheseFromThereOn) {
   setCommand(R"("start": 1.5, "end": 2, "out": 0.5)", R"("water_depth", "flow_velocity")");
   ASSERT_EQ(simulate().status, 0);
   EXPECT_THAT(recordTimes("CellsAll/HydState"), ElementsAre(0.0, 0.5, 1.0, 1.5, 2.0));
@@ -234,12 +234,12 @@ TEST_F(ReRun, withOtherOutputsWritesTheseFromThereOn) {
             R"("TIME":{"end":2,"out":0.5,"start":1.5}}})");
 }
 
-TEST_F(ReRun, runsTheKernelsThatPrepareTheCellsAgain) {
+TEST_F(ReRun, RunsTheKernelsThatPrepareTheCellsAgain) {
   setCommand(R"("start": 1, "end": 1.25, "out": 0.25)");
   EXPECT_EQ(support::callsOf("InitCellHydFeatures", simulate().out), 1);
 }
 
-TEST_F(ReRun, startsTrackingAnew) {
+TEST_F(ReRun, StartsTrackingAnew) {
   const std::string flood = "RESULTS/CellsAll/FloodVar/0000000";
   setCommand(R"("start": 1, "end": 1.25, "out": 0.25)");
   ASSERT_EQ(simulate().status, 0);
@@ -250,7 +250,7 @@ TEST_F(ReRun, startsTrackingAnew) {
   EXPECT_EQ(support::readTime(resultFile, flood), 0.0);
 }
 
-TEST_F(ReRun, withoutResultsFailsInOpeningThem) {
+TEST_F(ReRun, WithoutResultsFailsInOpeningThem) {
   const Outcome run = program({"-f", "command2.json", "-r", "run.h5", "-o", "other.h5"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, HasSubstr(" -> Unable to open file other_results.h5 "));
@@ -266,7 +266,7 @@ class ReRunOfAMovingBed : public Results {
   }
 };
 
-TEST_F(ReRunOfAMovingBed, restoresAllOfTheState) {
+TEST_F(ReRunOfAMovingBed, RestoresAllOfTheState) {
   const std::string bed = "RESULTS/CellsAll/BottomEl/0000001";
   support::overwrite(resultFile, bed, 7, -77.0);
   support::overwrite(runFile, "Parameters/SafeMode", 0, 0);
@@ -275,7 +275,7 @@ TEST_F(ReRunOfAMovingBed, restoresAllOfTheState) {
   EXPECT_THAT(recordTimes("CellsAll/BottomEl"), ElementsAre(0.0, 0.1, 0.2));
 }
 
-TEST_F(ReRunOfAMovingBed, isRefusedWhereDataHaveDifferentTimes) {
+TEST_F(ReRunOfAMovingBed, IsRefusedWhereDataHaveDifferentTimes) {
   support::removeLink(resultFile, "RESULTS/CellsAll/BottomEl/0000002");
   const Outcome run = simulate();
   EXPECT_EQ(run.status, 1);

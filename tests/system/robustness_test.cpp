@@ -19,7 +19,7 @@
 #include <thread>
 #include <vector>
 
-#include "h5/Journal.h"
+#include "h5/journal/Journal.h"
 #include "system/EndlessRun.h"
 
 namespace {
@@ -61,7 +61,7 @@ class Kill : public Robustness, public ::testing::WithParamInterface<int> {};
 
 // The delays are no multiple of anything, so that the kills fall on different moments of a pass,
 // and of a record.
-TEST_P(Kill, leavesAllRecordsThatWereReportedAsWritten) {
+TEST_P(Kill, LeavesAllRecordsThatWereReportedAsWritten) {
   startEndless();
   awaitRecords(static_cast<std::size_t>(3 + 5 * GetParam()));
   std::this_thread::sleep_for(std::chrono::microseconds(313 * GetParam()));
@@ -95,14 +95,14 @@ class Torn : public Robustness {
   const std::string journal = resultFile + ".rheomark-journal";
 };
 
-TEST_F(Torn, resultsAreCompletedByTheRunThatContinues) {
+TEST_F(Torn, ResultsAreCompletedByTheRunThatContinues) {
   leaveTorn();
   EXPECT_EQ(continueFrom(5).status, 0);
   EXPECT_FALSE(std::filesystem::exists(journal));
   expectRecords(6);
 }
 
-TEST_F(Torn, resultsAreCompletedByARunThatOnlyReads) {
+TEST_F(Torn, ResultsAreCompletedByARunThatOnlyReads) {
   leaveTorn();
   EXPECT_EQ(program({"-f", "command.json", "-r", "results_results.h5", "-a", "study.json"}).status,
             0);
@@ -110,7 +110,7 @@ TEST_F(Torn, resultsAreCompletedByARunThatOnlyReads) {
   EXPECT_TRUE(support::readFile(resultFile) == whole);
 }
 
-TEST_F(Torn, resultsAreCompletedByALookAtThem) {
+TEST_F(Torn, ResultsAreCompletedByALookAtThem) {
   leaveTorn();
   EXPECT_EQ(support::runIn(dir.path(), EXPORT_EXE, {"-r", "results_results.h5", "--list"}).status,
             0);
@@ -118,7 +118,7 @@ TEST_F(Torn, resultsAreCompletedByALookAtThem) {
   EXPECT_TRUE(support::readFile(resultFile) == whole);
 }
 
-TEST_F(Torn, resultsOfAnotherRunAreLeftAlone) {
+TEST_F(Torn, ResultsOfAnotherRunAreLeftAlone) {
   leaveTorn();
   support::writeFile(resultFile, support::readFile(dir.file("expected_results.h5")));
   EXPECT_EQ(continueFrom(5).status, 0);
@@ -146,7 +146,7 @@ class FailedReRun : public Robustness {
   }
 };
 
-TEST_F(FailedReRun, keepsTheRecordsThatItWasToReplaceUntilTheFirstNewOne) {
+TEST_F(FailedReRun, KeepsTheRecordsThatItWasToReplaceUntilTheFirstNewOne) {
   support::overwrite(runFile, "CellsAll/EdgeSign", 1, 3);
   setCommand(R"("start": 0.1, "end": 0.4, "out": 0.1)");
   EXPECT_EQ(simulate().status, 1);
@@ -154,7 +154,7 @@ TEST_F(FailedReRun, keepsTheRecordsThatItWasToReplaceUntilTheFirstNewOne) {
 }
 
 // The state of the water is written before that of the bed.
-TEST_F(FailedReRun, keepsWholeRecordsOnly) {
+TEST_F(FailedReRun, KeepsWholeRecordsOnly) {
   removeAttribute("RESULTS/CellsAll/BottomEl/0000003", "size");
   setCommand(R"("start": 0.1, "end": 0.4, "out": 0.1)");
   const Outcome run = simulate();
@@ -180,7 +180,7 @@ hid_t openAsViewer(const std::string& file) {
   throw std::runtime_error("cannot open " + file);
 }
 
-TEST_F(Robustness, aViewerThatHoldsTheResultsOpenDoesNotEndTheRun) {
+TEST_F(Robustness, AViewerThatHoldsTheResultsOpenDoesNotEndTheRun) {
   startEndless();
   awaitRecords(3);
   const hid_t file = openAsViewer(resultFile);
@@ -189,7 +189,7 @@ TEST_F(Robustness, aViewerThatHoldsTheResultsOpenDoesNotEndTheRun) {
   H5Fclose(file);
 }
 
-TEST_F(Robustness, aViewerThatLocksTheResultsDoesNotEndTheRun) {
+TEST_F(Robustness, AViewerThatLocksTheResultsDoesNotEndTheRun) {
   startEndless();
   awaitRecords(3);
   const int file = ::open(resultFile.c_str(), O_RDONLY | O_CLOEXEC);
@@ -218,15 +218,15 @@ class Locking : public Robustness {
   }
 };
 
-TEST_F(Locking, isOffUnlessTheUserHasAskedForIt) {
+TEST_F(Locking, IsOffUnlessTheUserHasAskedForIt) {
   EXPECT_FALSE(locks("unset HDF5_USE_FILE_LOCKING"));
 }
 
-TEST_F(Locking, isAsTheUserHasSetIt) {
+TEST_F(Locking, IsAsTheUserHasSetIt) {
   EXPECT_TRUE(locks("export HDF5_USE_FILE_LOCKING=TRUE"));
 }
 
-TEST_F(Locking, canBeSwitchedOffByTheUser) {
+TEST_F(Locking, CanBeSwitchedOffByTheUser) {
   EXPECT_FALSE(locks("export HDF5_USE_FILE_LOCKING=FALSE"));
 }
 
@@ -257,7 +257,7 @@ constexpr const char* NO_ROOM =
     "for the next record: the disk is full, or the size of files is limited. All records before it "
     "are kept\n -> ... unfortunately RHEOMARK is killed!\n";
 
-TEST_F(FullDisk, endsTheRunAtTheRecordThatDoesNotFitAndKeepsAllBefore) {
+TEST_F(FullDisk, EndsTheRunAtTheRecordThatDoesNotFitAndKeepsAllBefore) {
   const Outcome run = simulateWithin(64 * 1024);
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, StartsWith(" -> results file <results_results.h5> cannot grow by "));
@@ -273,14 +273,14 @@ TEST_F(FullDisk, endsTheRunAtTheRecordThatDoesNotFitAndKeepsAllBefore) {
   }
 }
 
-TEST_F(FullDisk, endsTheRunWhereItIsFullFromTheStart) {
+TEST_F(FullDisk, EndsTheRunWhereItIsFullFromTheStart) {
   const Outcome run = simulateWithin(4 * 1024);
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(run.err, EndsWith(NO_ROOM));
   EXPECT_EQ(support::readFile(runFile), before);
 }
 
-TEST_F(FullDisk, doesNotCostAReRunTheRecordsThatItStartsFrom) {
+TEST_F(FullDisk, DoesNotCostAReRunTheRecordsThatItStartsFrom) {
   useSample("one_cell");
   setCommand(R"("start": 0, "end": 1, "out": 0.5)");
   ASSERT_EQ(simulate().status, 0);
@@ -293,7 +293,7 @@ TEST_F(FullDisk, doesNotCostAReRunTheRecordsThatItStartsFrom) {
   EXPECT_EQ(support::readTime(resultFile, record(2)), 1.0);
 }
 
-TEST_F(FullDisk, doesNotEndAReRunThatOverwritesItsRecordsInPlace) {
+TEST_F(FullDisk, DoesNotEndAReRunThatOverwritesItsRecordsInPlace) {
   useSample("bowl");
   setCommand(R"("start": 0, "end": 2, "out": 0.25)");
   ASSERT_EQ(simulate().status, 0);
@@ -308,7 +308,7 @@ TEST_F(FullDisk, doesNotEndAReRunThatOverwritesItsRecordsInPlace) {
 
 class Stop : public Robustness, public ::testing::WithParamInterface<int> {};
 
-TEST_P(Stop, endsTheRunAfterARecordAndItsTiming) {
+TEST_P(Stop, EndsTheRunAfterARecordAndItsTiming) {
   startEndless();
   awaitRecords(3);
   const Outcome run = stop(GetParam());
@@ -322,7 +322,7 @@ TEST_P(Stop, endsTheRunAfterARecordAndItsTiming) {
 
 INSTANTIATE_TEST_SUITE_P(Signals, Stop, ::testing::Values(SIGTERM, SIGINT));
 
-TEST_F(Robustness, aRecordCanBeAskedForAtAnyTime) {
+TEST_F(Robustness, ARecordCanBeAskedForAtAnyTime) {
   useSample("time_out_tenth");
   setCommand(R"("start": 0, "end": 1e9, "out": 1e9)", R"("water_surface")");
   process = startSimulation({"-l", "2", "-p"});
@@ -418,7 +418,7 @@ class KilledAgainAndAgain : public Robustness {
   Clock::duration untilNext{};
 };
 
-TEST_F(KilledAgainAndAgain, losesNothingThatItHasReportedAsWritten) {
+TEST_F(KilledAgainAndAgain, LosesNothingThatItHasReportedAsWritten) {
   std::mt19937 random(20);
   for (int kill = 0; kill < support::killsPerTest(); ++kill) {
     const std::size_t records = kill == 0 ? 3 : random() % 5;

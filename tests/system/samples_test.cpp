@@ -16,7 +16,7 @@ namespace {
 
 class Samples : public ::testing::TestWithParam<std::string> {};
 
-TEST_P(Samples, givesTheExpectedResultsBitForBit) {
+TEST_P(Samples, GivesTheExpectedResultsBitForBit) {
   const support::TempDir dir;
   support::copySample(GetParam(), dir.path());
   for (const std::string command : {"command.json", "command2.json"}) {

@@ -65,14 +65,14 @@ class WithoutFriction : public UnreadInput {
   }
 };
 
-TEST_F(WithoutFriction, anInflowRunsAsWithACoefficientOfZero) {
+TEST_F(WithoutFriction, AnInflowRunsAsWithACoefficientOfZero) {
   const std::string withFriction = resultsOf("on.h5");
   overwrite(runFile, "Parameters/FrictionOn", 0, 0);
   const std::string without = resultsOf("off.h5");
   EXPECT_THAT(support::differences(withFriction, without), IsEmpty());
 }
 
-TEST_F(UnreadInput, aModelWithoutFrictionHasACoefficientOfZero) {
+TEST_F(UnreadInput, AModelWithoutFrictionHasACoefficientOfZero) {
   useSample("bc_114_levels");
   setCommand(R"("start": 0, "end": 0.1, "out": 0.1)");
   setColumn("EdgHydBC/HydBType", 2, 0, 100);
@@ -95,7 +95,7 @@ TEST_F(UnreadInput, aModelWithoutFrictionHasACoefficientOfZero) {
   EXPECT_EQ(simulate().status, 0);
 }
 
-TEST_F(UnreadInput, boundariesOfTheBedByConveyanceRunWithoutFriction) {
+TEST_F(UnreadInput, BoundariesOfTheBedByConveyanceRunWithoutFriction) {
   for (const double code : {408.0, 414.0}) {
     useSample("full_model");
     setCommand(R"("start": 0, "end": 0.1, "out": 0.1)");
@@ -139,7 +139,7 @@ class UnusedIndices : public UnreadInput {
   }
 };
 
-TEST_F(UnusedIndices, playNoPart) {
+TEST_F(UnusedIndices, PlayNoPart) {
   setUnused(0);
   const std::string expected = resultsOf("valid.h5");
   setUnused(-1);
@@ -148,7 +148,7 @@ TEST_F(UnusedIndices, playNoPart) {
   EXPECT_THAT(support::differences(expected, resultsOf("large.h5")), IsEmpty());
 }
 
-TEST_F(UnusedIndices, areRefusedWhereTheyAreUsed) {
+TEST_F(UnusedIndices, AreRefusedWhereTheyAreUsed) {
   set("EdModDat/NodeStrg", {-1}, 2);
   const support::Outcome run = simulate();
   EXPECT_EQ(run.status, 2);
@@ -156,13 +156,13 @@ TEST_F(UnusedIndices, areRefusedWhereTheyAreUsed) {
                                  "the range 0 to 3 of set NodeStrg/set\n"));
 }
 
-TEST_F(UnreadInput, anEdgeOfSignZeroLetsNothingPassButMomentum) {
+TEST_F(UnreadInput, AnEdgeOfSignZeroLetsNothingPassButMomentum) {
   useSample("one_cell");
   overwrite(runFile, "CellsAll/EdgeSign", 1, 0);
   EXPECT_EQ(simulate().status, 0);
 }
 
-TEST_F(UnreadInput, aNodestringOfLessThanNoEdgesIsEmpty) {
+TEST_F(UnreadInput, ANodestringOfLessThanNoEdgesIsEmpty) {
   useSample("bc_114_levels");
   set("NodeStrg/ListSize", {0}, 3);
   const std::string expected = resultsOf("empty.h5");
@@ -170,7 +170,7 @@ TEST_F(UnreadInput, aNodestringOfLessThanNoEdgesIsEmpty) {
   EXPECT_THAT(support::differences(expected, resultsOf("negative.h5")), IsEmpty());
 }
 
-TEST_F(UnreadInput, aSeriesThatNobodyUsesMayBeEmpty) {
+TEST_F(UnreadInput, ASeriesThatNobodyUsesMayBeEmpty) {
   useSample("bc_100_104");
   const std::vector<double> sizes = support::readNumbers(runFile, "InSeries/ListSize");
   ASSERT_EQ(sizes.size(), 1U);
@@ -193,17 +193,17 @@ const char* const REFUSAL =
     " -> data <EdInterp/KeyPostn> in row 0, column 1 is 7: position in a boundary record must be "
     "from 0 to 6\n";
 
-TEST_F(BadPosition, ofAKernelWithoutARowIsNotLookedAt) {
+TEST_F(BadPosition, OfAKernelWithoutARowIsNotLookedAt) {
   neverRun(5);
   EXPECT_EQ(simulate().status, 0);
 }
 
-TEST_F(BadPosition, ofAKernelThatStartsBehindTheEndIsNotLookedAt) {
+TEST_F(BadPosition, OfAKernelThatStartsBehindTheEndIsNotLookedAt) {
   runFrom(5, 10.5);
   EXPECT_EQ(simulate().status, 0);
 }
 
-TEST_F(BadPosition, isRefusedByTheFirstCall) {
+TEST_F(BadPosition, IsRefusedByTheFirstCall) {
   runFrom(5, 4.0);
   const support::Outcome run = simulate();
   EXPECT_EQ(run.status, 1);
@@ -211,14 +211,14 @@ TEST_F(BadPosition, isRefusedByTheFirstCall) {
   EXPECT_EQ(support::readTime(resultFile, "RESULTS/CellsAll/HydState/0000002"), 4.0);
 }
 
-TEST_F(BadPosition, isRefusedBeforeTheFirstRecordWhereTheFirstPassLooks) {
+TEST_F(BadPosition, IsRefusedBeforeTheFirstRecordWhereTheFirstPassLooks) {
   const support::Outcome run = simulate({"-l", "2"});
   EXPECT_EQ(run.status, 1);
   EXPECT_THAT(ownLines(run.err), HasSubstr(REFUSAL));
   EXPECT_THAT(run.out, ::testing::Not(HasSubstr("writing output")));
 }
 
-TEST_F(BadPosition, playsNoPartInARunWithoutDuration) {
+TEST_F(BadPosition, PlaysNoPartInARunWithoutDuration) {
   setCommand(R"("start": 0, "end": 0, "out": 0)");
   EXPECT_EQ(simulate().status, 0);
 }
@@ -227,7 +227,7 @@ TEST_F(BadPosition, playsNoPartInARunWithoutDuration) {
 
 class Groups : public support::Simulation {};
 
-TEST_F(Groups, inPlaceOfAnyDatasetEndInAMessage) {
+TEST_F(Groups, InPlaceOfAnyDatasetEndInAMessage) {
   useSample("full_model");
   setCommand(R"("start": 0, "end": 0.01, "out": 0.01)", R"("friction_chezy", "ns_hyd_discharge")");
   const std::string whole = support::readFile(runFile);
@@ -243,7 +243,7 @@ TEST_F(Groups, inPlaceOfAnyDatasetEndInAMessage) {
   }
 }
 
-TEST_F(Groups, inPlaceOfAMapAreToldByTheKernelThatNeedsIt) {
+TEST_F(Groups, InPlaceOfAMapAreToldByTheKernelThatNeedsIt) {
   useSample("bc_100_104");
   support::replaceByGroup(runFile, "EdInterp/InSeries");
   const support::Outcome run = simulate();

@@ -45,7 +45,7 @@ double movedSand(const BedRun& run) {
   return moved;
 }
 
-TEST(SandBalance, closesForADamBreakBetweenWalls) {
+TEST(SandBalance, ClosesForADamBreakBetweenWalls) {
   const support::TempDir dir;
   const Silence silence;
   setUpExample("dam_break_mobile", dir, 1);
@@ -59,7 +59,7 @@ TEST(SandBalance, closesForADamBreakBetweenWalls) {
 }
 
 /// A flume with more bed load at the inlet than the flow can carry, and less at the outlet.
-TEST(SandBalance, closesBetweenBoundariesAndCountsThePores) {
+TEST(SandBalance, ClosesBetweenBoundariesAndCountsThePores) {
   const GrassFlow flow{
       .discharge = 1.0, .coefficient = 0.002, .porosity = 0.35, .gravity = GRAVITY};
   const Flume flume{.length = 10.0, .columns = 20};
@@ -82,7 +82,7 @@ TEST(SandBalance, closesBetweenBoundariesAndCountsThePores) {
   EXPECT_NEAR(run.ofString(OUTLET, 8), 0.001 * flume.width(), 1e-16);
 }
 
-TEST(SandBalance, ofTheTrenchIsThatOfItsInflowAndOutflow) {
+TEST(SandBalance, OfTheTrenchIsThatOfItsInflowAndOutflow) {
   const support::TempDir dir;
   const Silence silence;
   setUpExample("trench", dir, 240);
@@ -95,7 +95,7 @@ TEST(SandBalance, ofTheTrenchIsThatOfItsInflowAndOutflow) {
   EXPECT_LE(run.largestSandError(), 1e-13 * (run.sandIn() + std::abs(atStart)));
 }
 
-TEST(BedFlux, liftsTheWaterWithTheBed) {
+TEST(BedFlux, LiftsTheWaterWithTheBed) {
   const GrassFlow flow{.discharge = 1.0, .coefficient = 0.002, .porosity = 0.4, .gravity = GRAVITY};
   const Flume flume{.length = 10.0, .columns = 20};
   const support::TempDir dir;

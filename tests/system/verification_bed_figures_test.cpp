@@ -72,7 +72,7 @@ double excessOnASlope(const Excess& of) {
   return run.ofString(MIDDLE, SEDIMENT) / run.ofString(MIDDLE, CAPACITY) - 1.0;
 }
 
-TEST(BedFigures, onASlopeMoreMovesThanTheFlowCanCarry) {
+TEST(BedFigures, OnASlopeMoreMovesThanTheFlowCanCarry) {
   for (const Excess& of : {Excess{0.002, 100.0, 0.260}, Excess{0.002, 50.0, 0.125},
                            Excess{0.002, 25.0, 0.061}, Excess{0.01, 50.0, 0.896}}) {
     EXPECT_NEAR(excessOnASlope(of), of.expected, 0.02 * of.expected)
@@ -126,14 +126,14 @@ double scaledCurvature(const Bend& bend, const support::TempDir& dir) {
   return sum / count;
 }
 
-TEST(BedFigures, curvatureGrowsWithTheCells) {
+TEST(BedFigures, CurvatureGrowsWithTheCells) {
   for (const int count : {10, 20, 40}) {
     const support::TempDir dir;
     EXPECT_NEAR(scaledCurvature({squares("alternating", count), 0.0}, dir), 0.611, 0.005) << count;
   }
 }
 
-TEST(BedFigures, curvatureDependsOnPatternAndDirection) {
+TEST(BedFigures, CurvatureDependsOnPatternAndDirection) {
   struct Range {
     std::string pattern;
     std::array<double, 4> of;  ///< for a centre at 0, 45, 90 and 135 degrees
@@ -151,7 +151,7 @@ TEST(BedFigures, curvatureDependsOnPatternAndDirection) {
   }
 }
 
-TEST(BedFigures, curvatureOfIrregularMeshesIsHalfAMeshWidthOverTheRadius) {
+TEST(BedFigures, CurvatureOfIrregularMeshesIsHalfAMeshWidthOverTheRadius) {
   for (const double direction : {0.0, 30.0, 60.0, 90.0, 120.0, 150.0}) {
     const support::TempDir dir;
     Random random(3);
@@ -217,7 +217,7 @@ struct Held {
   double atInlet;      ///< with given beds [m]
 };
 
-TEST(BedFigures, aHighestBedAtAnOutletIsOffOnEveryMesh) {
+TEST(BedFigures, AHighestBedAtAnOutletIsOffOnEveryMesh) {
   const GrassFlow flow{
       .discharge = 1.0, .coefficient = 0.0005, .porosity = 0.4, .gravity = GRAVITY};
   const FallingBed exact = fallingBed(flow);
@@ -284,7 +284,7 @@ double heightKept(double froude, int columns) {
   return amplitude() / atStart;
 }
 
-TEST(BedFigures, dunesAreFlattenedTheMoreTheSlowerTheFlow) {
+TEST(BedFigures, DunesAreFlattenedTheMoreTheSlowerTheFlow) {
   EXPECT_NEAR(heightKept(0.1, 60), 0.22, 0.005);
   EXPECT_NEAR(heightKept(0.2, 60), 0.47, 0.005);
   EXPECT_NEAR(heightKept(0.4, 60), 0.69, 0.005);

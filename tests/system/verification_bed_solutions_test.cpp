@@ -36,7 +36,7 @@ struct Resolution {
   double knownError;  ///< [m]
 };
 
-TEST(FallingBedFlume, convergesToTheSteadyFlow) {
+TEST(FallingBedFlume, ConvergesToTheSteadyFlow) {
   const GrassFlow flow{
       .discharge = 1.0, .coefficient = 0.0005, .porosity = 0.4, .gravity = GRAVITY};
   const FallingBed exact(flow, 0.0005, 0.0005);
@@ -71,7 +71,7 @@ TEST(FallingBedFlume, convergesToTheSteadyFlow) {
   }
 }
 
-TEST(HumpFlume, carriesItsHumpAlongLikeTheCharacteristics) {
+TEST(HumpFlume, CarriesItsHumpAlongLikeTheCharacteristics) {
   const GrassFlow flow{.discharge = 0.6 * std::sqrt(GRAVITY),
                        .coefficient = 0.0003,
                        .porosity = 0.4,

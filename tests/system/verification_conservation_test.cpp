@@ -37,7 +37,7 @@ TriangleMesh reservoirAndPlain() {
   return mesh;
 }
 
-TEST(ClosedDamBreak, keepsItsVolumeAndHasNoNegativeDepth) {
+TEST(ClosedDamBreak, KeepsItsVolumeAndHasNoNegativeDepth) {
   const support::TempDir dir;
   support::writeFile(dir.file("mesh.2dm"), to2dm(reservoirAndPlain()));
   Case study;

@@ -77,7 +77,7 @@ void expectConvergence(const std::string& initial, const std::function<Flow(doub
   }
 }
 
-TEST(DamBreak, convergesToRittersSolutionOnADryBed) {
+TEST(DamBreak, ConvergesToRittersSolutionOnADryBed) {
   const Ritter exact(1.0, GRAVITY);
   expectConvergence(
       R"("water_level": "dry", "ZONES": [{"box": [-50.0, 0.0, 0.0, 4.0], "water_depth": 1.0}])",
@@ -85,7 +85,7 @@ TEST(DamBreak, convergesToRittersSolutionOnADryBed) {
       {{{50, 2, 0.0146}, {100, 4, 0.008491}, {200, 8, 0.004917}}});
 }
 
-TEST(DamBreak, convergesToStokersSolutionInStillWater) {
+TEST(DamBreak, ConvergesToStokersSolutionInStillWater) {
   const Stoker exact(1.0, 0.1, GRAVITY);
   expectConvergence(
       R"("water_depth": 0.1, "ZONES": [{"box": [-50.0, 0.0, 0.0, 4.0], "water_depth": 1.0}])",

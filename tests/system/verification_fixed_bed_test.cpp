@@ -71,7 +71,7 @@ Undercut undercutWith(const Flume& flume, const std::string& limits, double end 
 
 class FixedBedAccuracy : public ::testing::TestWithParam<double> {};
 
-TEST_P(FixedBedAccuracy, isKeptInEveryStep) {
+TEST_P(FixedBedAccuracy, IsKeptInEveryStep) {
   const Undercut undercut =
       undercutWith(FLUME, R"("maximum_passes": 100, "accuracy": )" + number(GetParam()));
   EXPECT_LE(undercut.deepest, GetParam());
@@ -79,11 +79,11 @@ TEST_P(FixedBedAccuracy, isKeptInEveryStep) {
 
 INSTANTIATE_TEST_SUITE_P(all, FixedBedAccuracy, ::testing::Values(1e-12, 1e-6, 1e-3, 2e-3, 3e-3));
 
-TEST(FixedBed, sinksInAsFarAsTheAccuracyAllows) {
+TEST(FixedBed, SinksInAsFarAsTheAccuracyAllows) {
   EXPECT_GT(undercutWith(FLUME, R"("accuracy": 3e-3)").deepest, 2e-3);
 }
 
-TEST(FixedBed, isUndercutWithFewerPassesThanTheFloorAsksFor) {
+TEST(FixedBed, IsUndercutWithFewerPassesThanTheFloorAsksFor) {
   double lost = 1.0;
   for (const int passes : {1, 3, 10}) {
     const Undercut undercut = undercutWith(FLUME, R"("maximum_passes": )" + std::to_string(passes));
@@ -94,7 +94,7 @@ TEST(FixedBed, isUndercutWithFewerPassesThanTheFloorAsksFor) {
   EXPECT_GT(lost, 1e-3);
 }
 
-TEST(FixedBed, asksForAsManyPassesAsItHasCellsAlongTheFlow) {
+TEST(FixedBed, AsksForAsManyPassesAsItHasCellsAlongTheFlow) {
   const Flume finer{.length = 10.0, .columns = 200};
   EXPECT_NEAR(undercutWith(finer, R"("maximum_passes": 100)", 1.0).deepest, DIG, 0.1 * DIG);
   EXPECT_LE(undercutWith(finer, R"("maximum_passes": 200)", 1.0).deepest, 1e-6);
@@ -107,7 +107,7 @@ support::Outcome simulated(const support::TempDir& dir, const std::string& limit
                         {"-f", "command.json", "-r", "run.h5", "-o", "results.h5"});
 }
 
-TEST(FixedBed, aSourceTellsHowFarTheBedIsBelow) {
+TEST(FixedBed, ASourceTellsHowFarTheBedIsBelow) {
   const support::TempDir dir;
   const support::Outcome outcome = simulated(dir, R"("maximum_passes": 1)");
   EXPECT_EQ(outcome.status, 0) << outcome.err;
@@ -137,13 +137,13 @@ class FloorAboveTheBed : public ::testing::Test {
   support::TempDir dir;
 };
 
-TEST_F(FloorAboveTheBed, isToldAndPassedOverInAnyCellButTheLast) {
+TEST_F(FloorAboveTheBed, IsToldAndPassedOverInAnyCellButTheLast) {
   const support::Outcome outcome = inCell(0);
   EXPECT_EQ(outcome.status, 0) << outcome.err;
   EXPECT_THAT(outcome.out, ContainsRegex("MASS BALANCE PROBLEM: z = .* < zFix = 0.5\n"));
 }
 
-TEST_F(FloorAboveTheBed, endsTheRunInTheLastCell) {
+TEST_F(FloorAboveTheBed, EndsTheRunInTheLastCell) {
   const support::Outcome outcome = inCell(39);
   EXPECT_EQ(outcome.status, 1);
   EXPECT_THAT(outcome.out, ContainsRegex("MASS BALANCE PROBLEM: z = .* < zFix = 0.5\n"));
@@ -151,7 +151,7 @@ TEST_F(FloorAboveTheBed, endsTheRunInTheLastCell) {
 }
 
 /// The source takes a bed for undercut that is 1e-12 m below the floor.
-TEST(FixedBed, aSourceIsSilentWhereTheAccuracyIsThatOfItsCheck) {
+TEST(FixedBed, ASourceIsSilentWhereTheAccuracyIsThatOfItsCheck) {
   const support::TempDir dir;
   const support::Outcome outcome = simulated(dir, R"("maximum_passes": 100, "accuracy": 1e-12)");
   EXPECT_EQ(outcome.status, 0) << outcome.err;

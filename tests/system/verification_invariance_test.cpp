@@ -114,7 +114,7 @@ bool haveSameBits(const std::vector<double>& first, const std::vector<double>& s
          std::memcmp(first.data(), second.data(), first.size() * sizeof(double)) == 0;
 }
 
-TEST(Invariance, twoRunsGiveTheSameBits) {
+TEST(Invariance, TwoRunsGiveTheSameBits) {
   const support::TempDir firstDir;
   const support::TempDir secondDir;
   const TriangleMesh mesh = roughBasin();
@@ -136,7 +136,7 @@ TEST(Invariance, twoRunsGiveTheSameBits) {
   EXPECT_GE(compared, 6U);
 }
 
-TEST(Invariance, anotherNumberingGivesTheSameFlow) {
+TEST(Invariance, AnotherNumberingGivesTheSameFlow) {
   const support::TempDir firstDir;
   const support::TempDir secondDir;
   const TriangleMesh mesh = roughBasin();
@@ -161,7 +161,7 @@ TEST(Invariance, anotherNumberingGivesTheSameFlow) {
       << "nothing has moved";
 }
 
-TEST(Invariance, aSymmetricFlowStaysSymmetric) {
+TEST(Invariance, ASymmetricFlowStaysSymmetric) {
   const support::TempDir dir;
   const Solution run = simulate(dir, roundColumn(), 6.0);
   const std::map<std::string, Motion> motions{

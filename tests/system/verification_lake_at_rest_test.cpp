@@ -58,7 +58,7 @@ double greatestMovement(const Record& before, const Record& after) {
   return greatest;
 }
 
-TEST(LakeAtRest, staysAtRestOverARoughBedWithIslands) {
+TEST(LakeAtRest, StaysAtRestOverARoughBedWithIslands) {
   const support::TempDir dir;
   support::writeFile(dir.file("mesh.2dm"), to2dm(roughLake()));
   const Solution run = simulate(dir.path(), {.geometry = R"("MESH": {"file": "mesh.2dm"})",

@@ -110,7 +110,7 @@ double storedDischargeError(const Solution& run) {
 
 class NormalDepth : public ::testing::TestWithParam<Closure> {};
 
-TEST_P(NormalDepth, isThatOfTheClosure) {
+TEST_P(NormalDepth, IsThatOfTheClosure) {
   const double normal = normalDepth(GetParam());
   const double froude = DISCHARGE / (normal * std::sqrt(GRAVITY * normal));
   double coarserError = 0.0;

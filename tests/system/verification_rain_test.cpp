@@ -20,7 +20,7 @@
 namespace verification {
 namespace {
 
-TEST(RainOnADryFlatBasin, standsAsDeepAsItHasFallen) {
+TEST(RainOnADryFlatBasin, StandsAsDeepAsItHasFallen) {
   const support::TempDir dir;
   Random random(5);
   support::writeFile(dir.file("mesh.2dm"), to2dm(irregularMesh({20.0, 10.0}, {12, 6}, random)));

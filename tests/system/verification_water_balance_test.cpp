@@ -53,7 +53,7 @@ class WaterBalance : public ::testing::Test {
   const support::TempDir dir;
 };
 
-TEST_F(WaterBalance, closesForAFloodInARiver) {
+TEST_F(WaterBalance, ClosesForAFloodInARiver) {
   const Account water = ofExample("river_reach");
   // The hydrograph up to 4800 s: 10 * 600 + 35 * 900 + 35 * 2100 + 10 * 1200 m3, in steps.
   EXPECT_NEAR(water.in, 123000.0, 5.0);
@@ -61,26 +61,26 @@ TEST_F(WaterBalance, closesForAFloodInARiver) {
   EXPECT_EQ(water.added, 0.0);
 }
 
-TEST_F(WaterBalance, closesForGateAndWeirOfAPolder) {
+TEST_F(WaterBalance, ClosesForGateAndWeirOfAPolder) {
   const Account water = ofExample("polder");
   EXPECT_NEAR(water.stored - water.atStart, 26373.0, 20.0);
   EXPECT_GT(water.out, 0.1 * water.in);
 }
 
-TEST_F(WaterBalance, closesForRainOnADryHillslope) {
+TEST_F(WaterBalance, ClosesForRainOnADryHillslope) {
   const Account water = ofExample("hillslope_rain");
   EXPECT_EQ(water.atStart, 0.0);
   EXPECT_NEAR(water.added, 4.5, 1e-9);  // 60 mm/h on 100 m2 for 45 min
   EXPECT_GT(water.out, 0.9 * water.added);
 }
 
-TEST_F(WaterBalance, closesForADamBreakBetweenWalls) {
+TEST_F(WaterBalance, ClosesForADamBreakBetweenWalls) {
   const Account water = ofExample("dam_break");
   EXPECT_EQ(water.in, 0.0);
   EXPECT_EQ(water.out, 0.0);
 }
 
-TEST_F(WaterBalance, closesForSinksThatFindLessWaterThanTheyWant) {
+TEST_F(WaterBalance, ClosesForSinksThatFindLessWaterThanTheyWant) {
   const Account water = ofSample("sink_types");
   EXPECT_GT(water.added, 0.0);
   EXPECT_GT(water.taken, 0.1 * water.atStart);

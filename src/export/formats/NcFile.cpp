@@ -7,7 +7,7 @@
 #include <fstream>
 #include <stdexcept>
 
-#include "h5/Descriptor.h"
+#include "h5/journal/Descriptor.h"
 
 namespace exporter {
 

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "common/console.h"
-#include "export/tables/Csv.h"
+#include "export/results/Csv.h"
 
 namespace console = common::console;
 

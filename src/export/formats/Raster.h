@@ -6,7 +6,7 @@
 
 #include <vector>
 
-#include "export/Mesh.h"
+#include "export/results/Mesh.h"
 
 namespace exporter {
 

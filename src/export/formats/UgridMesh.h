@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "export/Mesh.h"
 #include "export/formats/NcFile.h"
+#include "export/results/Mesh.h"
 
 namespace exporter {
 

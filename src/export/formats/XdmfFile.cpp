@@ -6,7 +6,7 @@
 
 #include "common/console.h"
 #include "dataio/Factory.h"
-#include "export/origin.h"
+#include "export/results/origin.h"
 
 namespace console = common::console;
 namespace fs = std::filesystem;

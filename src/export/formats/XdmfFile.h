@@ -10,7 +10,7 @@
 
 #include "api/IXdmfWriter.h"
 #include "common/NewFile.h"
-#include "export/Results.h"
+#include "export/results/Results.h"
 
 namespace exporter {
 

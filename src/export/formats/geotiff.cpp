@@ -16,10 +16,10 @@
 
 #include "common/NewFile.h"
 #include "common/console.h"
-#include "export/Field.h"
 #include "export/formats/Raster.h"
-#include "export/origin.h"
-#include "export/tables/Csv.h"
+#include "export/results/Csv.h"
+#include "export/results/Field.h"
+#include "export/results/origin.h"
 
 namespace console = common::console;
 

@@ -12,9 +12,9 @@
 #include "dataio/Archive.h"
 #include "dataio/Factory.h"
 #include "export/formats/XdmfFile.h"
-#include "export/origin.h"
-#include "export/quantities.h"
-#include "export/values.h"
+#include "export/results/origin.h"
+#include "export/results/quantities.h"
+#include "export/results/values.h"
 
 namespace console = common::console;
 

@@ -11,7 +11,7 @@
 
 #include <string>
 
-#include "export/Results.h"
+#include "export/results/Results.h"
 
 namespace exporter {
 

@@ -1,7 +1,7 @@
 #include "export/formats/mesh_file.h"
 
 #include "common/NewFile.h"
-#include "export/tables/Csv.h"
+#include "export/results/Csv.h"
 
 namespace exporter {
 

@@ -8,9 +8,9 @@
 #include "common/console.h"
 #include "export/formats/NcFile.h"
 #include "export/formats/UgridMesh.h"
-#include "export/origin.h"
-#include "export/quantities.h"
-#include "export/values.h"
+#include "export/results/origin.h"
+#include "export/results/quantities.h"
+#include "export/results/values.h"
 
 namespace console = common::console;
 

@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "export/formats/XdmfFile.h"
-#include "export/quantities.h"
+#include "export/results/quantities.h"
 
 namespace exporter {
 

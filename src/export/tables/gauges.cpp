@@ -7,8 +7,8 @@
 
 #include "common/NewFile.h"
 #include "common/console.h"
-#include "export/quantities.h"
-#include "export/tables/Csv.h"
+#include "export/results/Csv.h"
+#include "export/results/quantities.h"
 
 namespace console = common::console;
 

@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "export/Mesh.h"
-#include "export/Results.h"
+#include "export/results/Mesh.h"
+#include "export/results/Results.h"
 
 namespace exporter {
 

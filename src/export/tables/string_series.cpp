@@ -2,9 +2,9 @@
 
 #include "common/NewFile.h"
 #include "common/console.h"
-#include "export/origin.h"
-#include "export/quantities.h"
-#include "export/tables/Csv.h"
+#include "export/results/Csv.h"
+#include "export/results/origin.h"
+#include "export/results/quantities.h"
 
 namespace exporter {
 

@@ -9,7 +9,7 @@
 
 #include <string>
 
-#include "export/Results.h"
+#include "export/results/Results.h"
 
 namespace exporter {
 

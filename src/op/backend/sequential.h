@@ -13,7 +13,7 @@
 #include <type_traits>
 #include <utility>
 
-#include "op/op_loop.h"
+#include "op/loop/op_loop.h"
 
 namespace op::backend {
 

@@ -7,7 +7,7 @@
 // timing table lists the loop, the set, and one op_arg per row of the description that has one.
 #pragma once
 
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 #include "simulation/loops/descriptions.h"
 
 namespace loops {

@@ -7,10 +7,10 @@
 
 #include "catalogue/IDs.h"
 #include "catalogue/Limits.h"
-#include "op/op_loop.h"
-#include "simulation/kernels/diagnostics.h"
-#include "simulation/kernels/parameters.h"
-#include "simulation/notices.h"
+#include "op/loop/op_loop.h"
+#include "simulation/kernels/Diagnostics.h"
+#include "simulation/kernels/Parameters.h"
+#include "simulation/loops/notices.h"
 
 namespace loops {
 

@@ -1,7 +1,7 @@
 // The frames of all loops. Each backend compiles this source once, into a library of its own:
 // LOOP_BACKEND names the class that visits the elements, LOOP_BACKEND_HEADER its header.
 #include LOOP_BACKEND_HEADER
-#include "op/op_frame.h"
+#include "op/loop/op_frame.h"
 #include "simulation/kernels/data/cell_interpolation.h"
 #include "simulation/kernels/data/cell_modification.h"
 #include "simulation/kernels/data/edge_interpolation.h"

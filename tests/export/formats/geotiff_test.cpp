@@ -12,9 +12,9 @@
 #include <memory>
 
 #include "dataio/failures.h"
-#include "export/Field.h"
 #include "export/SampleResults.h"
 #include "export/formats/Raster.h"
+#include "export/results/Field.h"
 #include "support/FileSizeLimit.h"
 
 namespace {

@@ -7,7 +7,7 @@
 #include "dataio/failures.h"
 #include "export/SampleResults.h"
 #include "export/formats/NcReader.h"
-#include "export/quantities.h"
+#include "export/results/quantities.h"
 
 namespace {
 

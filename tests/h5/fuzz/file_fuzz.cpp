@@ -16,9 +16,9 @@
 #include <string>
 #include <vector>
 
+#include "h5/DataSet.h"
+#include "h5/File.h"
 #include "h5/attribute.h"
-#include "h5/dataset.h"
-#include "h5/file.h"
 #include "h5/group.h"
 
 namespace {

@@ -12,8 +12,8 @@
 #include <system_error>
 #include <vector>
 
-#include "h5/Descriptor.h"
-#include "h5/Journal.h"
+#include "h5/journal/Descriptor.h"
+#include "h5/journal/Journal.h"
 
 namespace {
 

@@ -22,7 +22,7 @@ setup::RectangleMesh basin() {
 
 }  // namespace
 
-TEST(Domain, isBuiltFromAFile) {
+TEST(Domain, IsBuiltFromAFile) {
   const support::TempDir dir;
   support::writeFile(dir.file("m.2dm"),
                      "MESH2D\nND 1 0 0 1\nND 2 1 0 1\nND 3 0 1 1\nND 4 9 9 9\nE3T 1 1 3 2 1\n");
@@ -37,7 +37,7 @@ TEST(Domain, isBuiltFromAFile) {
   EXPECT_THAT(domain.flow, ElementsAre(ElementsAre(3.0, 0.0, 0.0)));
 }
 
-TEST(Domain, isBuiltFromARectangleAndNumberedAcrossIt) {
+TEST(Domain, IsBuiltFromARectangleAndNumberedAcrossIt) {
   setup::Study study;
   study.mesh = basin();
   const setup::Domain domain = setup::buildDomain(study);
@@ -47,7 +47,7 @@ TEST(Domain, isBuiltFromARectangleAndNumberedAcrossIt) {
   EXPECT_LT(domain.bandwidthAsNumbered, 30);
 }
 
-TEST(Domain, isBuiltFromAChannel) {
+TEST(Domain, IsBuiltFromAChannel) {
   setup::Study study;
   setup::ChannelMesh channel;
   channel.length = 20.0;
@@ -57,7 +57,7 @@ TEST(Domain, isBuiltFromAChannel) {
   EXPECT_EQ(setup::buildDomain(study).mesh.cells.size(), 40U);
 }
 
-TEST(Domain, stateBelongsToTheCellsAsNumbered) {
+TEST(Domain, StateBelongsToTheCellsAsNumbered) {
   setup::Study study;
   study.mesh = basin();
   study.waterZones.push_back({{"ZONES[0]", {}, std::array{0.0, 0.0, 20.0, 10.0}}, {2.0, {}, {}}});

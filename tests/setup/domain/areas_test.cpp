@@ -45,32 +45,32 @@ class Areas : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Areas, holdTheCellsWithTheirCentroidInTheBox) {
+TEST_F(Areas, HoldTheCellsWithTheirCentroidInTheBox) {
   EXPECT_THAT(cellsOf(box(0, 0, 2, 2)), ElementsAre(0, 1));
   EXPECT_THAT(cellsOf(box(1, 0, 2, 1)), ElementsAre(0));
 }
 
-TEST_F(Areas, holdTheCellsOfTheRegion) {
+TEST_F(Areas, HoldTheCellsOfTheRegion) {
   EXPECT_THAT(cellsOf(region(2)), ElementsAre(1));
 }
 
-TEST_F(Areas, holdTheCellsThatAreInBoxAndRegion) {
+TEST_F(Areas, HoldTheCellsThatAreInBoxAndRegion) {
   setup::Area area = box(0, 0, 2, 2);
   area.region = setup::Region{1, "r"};
   EXPECT_THAT(cellsOf(area), ElementsAre(0));
 }
 
-TEST_F(Areas, areRefusedWithoutACell) {
+TEST_F(Areas, AreRefusedWithoutACell) {
   EXPECT_EQ(faults::messageOf([this] { cellsOf(box(5, 5, 6, 6)); }),
             "study file <s.json>: <ZONES[0]> holds no cell of the mesh");
 }
 
-TEST_F(Areas, areRefusedInARegionThatTheMeshDoesNotHave) {
+TEST_F(Areas, AreRefusedInARegionThatTheMeshDoesNotHave) {
   EXPECT_EQ(faults::messageOf([this] { cellsOf(region(7)); }),
             "study file <s.json>: region <r> has the index 7, but the mesh has the materials 1, 2");
 }
 
-TEST_F(Areas, ofRegionsAreThoseOfTheirCells) {
+TEST_F(Areas, OfRegionsAreThoseOfTheirCells) {
   study.regions = {{2, "r"}, {7, "nowhere"}};
   EXPECT_THAT(setup::regionAreas(study, mesh, geometry), ElementsAre(DoubleEq(2.0), 0.0));
 }

@@ -51,7 +51,7 @@ class BedBoundaryRows : public BoundariesOfBed, public ::testing::WithParamInter
 }  // namespace
 
 /// The factor of the formula is 0.5.
-TEST_P(BedBoundaryRows, becomeTheirCodeRecordAndModification) {
+TEST_P(BedBoundaryRows, BecomeTheirCodeRecordAndModification) {
   const Row& row = GetParam();
   const setup::Domain domain = build(R"({"string": "west", )" + row.keys + "}");
   const setup::EdgeBoundaries& found = domain.boundaries;
@@ -83,7 +83,7 @@ INSTANTIATE_TEST_SUITE_P(All, BedBoundaryRows, ::testing::Values(
   Row{R"("type": "outflow_by_conveyance", "discharge": 3)",           414,  1, {-1, 0, 6, 0, 0, 0, 0},  {12, 1, 2, 0, 0, 0, 0}}));
 // clang-format on
 
-TEST_F(BoundariesOfBed, stringsAreTurnedByTheFlowWhereItHasABoundary) {
+TEST_F(BoundariesOfBed, StringsAreTurnedByTheFlowWhereItHasABoundary) {
   const std::string bedInflow = R"({"string": "west", "type": "inflow", "discharge": 1})";
   const setup::Domain domain =
       build(bedInflow, R"(, "BOUNDARY": [{"string": "west", "type": "free_outflow"}])");
@@ -92,7 +92,7 @@ TEST_F(BoundariesOfBed, stringsAreTurnedByTheFlowWhereItHasABoundary) {
   EXPECT_THAT(domain.boundaries.bed.types, Each(ElementsAre(404, -1)));
 }
 
-TEST_F(BoundariesOfBed, recordsFollowThoseOfTheFlow) {
+TEST_F(BoundariesOfBed, RecordsFollowThoseOfTheFlow) {
   const setup::Domain domain =
       build(R"({"string": "east", "type": "capacity_outflow"})",
             R"(, "BOUNDARY": [{"string": "west", "type": "inflow", "discharge": 1, "slope": 1},
@@ -104,7 +104,7 @@ TEST_F(BoundariesOfBed, recordsFollowThoseOfTheFlow) {
   EXPECT_THAT(domain.boundaries.modifications[1].strings, ElementsAre(1, 1));
 }
 
-TEST_F(BoundariesOfBed, seriesAreScaledLikeValues) {
+TEST_F(BoundariesOfBed, SeriesAreScaledLikeValues) {
   support::writeFile(folder.file("q.txt"), "0 1\n60 5\n");
   const setup::Domain domain =
       build(R"({"string": "west", "type": "inflow", "discharge_file": "q.txt", "over": "discharge"},
@@ -124,7 +124,7 @@ TEST_F(BoundariesOfBed, seriesAreScaledLikeValues) {
               ElementsAre(0, -1, 60, -5));
 }
 
-TEST_F(BoundariesOfBed, leaveWallsWhereThereAreNone) {
+TEST_F(BoundariesOfBed, LeaveWallsWhereThereAreNone) {
   const setup::Domain domain = build(R"({"string": "west", "type": "capacity_inflow"})");
   EXPECT_EQ(sizeOf(EdgMorBC, domain), 2);
   EXPECT_EQ(sizeOf(EdgMorWL, domain), 6);
@@ -132,7 +132,7 @@ TEST_F(BoundariesOfBed, leaveWallsWhereThereAreNone) {
   EXPECT_EQ(sizeOf(EdgesEXN, domain), 8);
 }
 
-TEST_F(BoundariesOfBed, weirsPumpsAndWallsThroughTheMeshStopTheBedLoad) {
+TEST_F(BoundariesOfBed, WeirsPumpsAndWallsThroughTheMeshStopTheBedLoad) {
   const auto check = [this](const std::string& keys, int walls) {
     const setup::Domain domain = build(R"({"string": "west", "type": "capacity_inflow"})",
                                        R"(, "BOUNDARY": [{"string": "middle", )" + keys + "}]");
@@ -146,7 +146,7 @@ TEST_F(BoundariesOfBed, weirsPumpsAndWallsThroughTheMeshStopTheBedLoad) {
   check(R"("type": "gate_by_time", "opens_at": 1)", 0);
 }
 
-TEST_F(BoundariesOfBed, refuseWhatTheirTypeDoesNotTake) {
+TEST_F(BoundariesOfBed, RefuseWhatTheirTypeDoesNotTake) {
   EXPECT_EQ(refusalOf(R"({"string": "west", "type": "inflow", "share": 1})"),
             "<" + BOUNDARY +
                 "/0> of type <inflow> does not take the key share, but these: "
@@ -159,7 +159,7 @@ TEST_F(BoundariesOfBed, refuseWhatTheirTypeDoesNotTake) {
                 "must hold HYDRAULICS/FRICTION");
 }
 
-TEST_F(BoundariesOfBed, refuseStringsThroughTheMeshAndSecondOnes) {
+TEST_F(BoundariesOfBed, RefuseStringsThroughTheMeshAndSecondOnes) {
   EXPECT_THAT(refusalOf(R"({"string": "middle", "type": "capacity_inflow"})"),
               ::testing::StartsWith("<" + BOUNDARY +
                                     "/0> of type <capacity_inflow>: string "
@@ -169,13 +169,13 @@ TEST_F(BoundariesOfBed, refuseStringsThroughTheMeshAndSecondOnes) {
             "<" + BOUNDARY + "/1> uses the string <west> a second time, a string has one boundary");
 }
 
-TEST_F(BoundariesOfBed, refuseSeriesWithValuesBelowZero) {
+TEST_F(BoundariesOfBed, RefuseSeriesWithValuesBelowZero) {
   support::writeFile(folder.file("q.txt"), "0 1\n60 -5\n");
   EXPECT_EQ(refusalOf(R"({"string": "east", "type": "capacity_outflow", "share_file": "q.txt"})"),
             "key <" + BOUNDARY + "/0/share_file>: share must be at least 0, but is -5 at 60 in <" +
                 folder.file("q.txt") + ">");
 }
 
-TEST_F(BoundariesOfBed, areNotThereIfTheStudyDoesNotAskForThem) {
+TEST_F(BoundariesOfBed, AreNotThereIfTheStudyDoesNotAskForThem) {
   EXPECT_THAT(folder.build(GEOMETRY, FLOW, bed(GRAINS, GRASS)).boundaries.bed.edges, IsEmpty());
 }

@@ -41,12 +41,12 @@ class Sources : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Sources, regionsHaveTheAreasOfTheirCells) {
+TEST_F(Sources, RegionsHaveTheAreasOfTheirCells) {
   EXPECT_THAT(build(R"({"region": "town", "type": "rain", "intensity": 36})").sources.regionAreas,
               ElementsAre(DoubleEq(1.0), DoubleEq(0.5), 0.0));
 }
 
-TEST_F(Sources, rainIsGivenInMillimetresPerHour) {
+TEST_F(Sources, RainIsGivenInMillimetresPerHour) {
   const setup::CellSources found =
       build(R"({"region": "field", "type": "rain", "intensity": 36})").sources;
   EXPECT_THAT(found.records, ElementsAre(ElementsAre(36, 0)));
@@ -58,7 +58,7 @@ TEST_F(Sources, rainIsGivenInMillimetresPerHour) {
   EXPECT_DOUBLE_EQ(found.strongestRate, 1e-5);
 }
 
-TEST_F(Sources, aDischargeIsSpreadOverItsRegion) {
+TEST_F(Sources, ADischargeIsSpreadOverItsRegion) {
   support::writeFile(folder.file("q.txt"), "0 0\n10 0.4\n20 -1\n");
   const setup::Domain domain = build(R"({"region": "field", "type": "rain", "intensity": 36},
       {"region": "town", "type": "discharge", "discharge_file": "q.txt"})");
@@ -74,12 +74,12 @@ TEST_F(Sources, aDischargeIsSpreadOverItsRegion) {
   EXPECT_DOUBLE_EQ(found.strongestRate, 0.4);
 }
 
-TEST_F(Sources, thatOnlyTakeWaterAwayHaveNoStrongestRate) {
+TEST_F(Sources, ThatOnlyTakeWaterAwayHaveNoStrongestRate) {
   EXPECT_EQ(build(R"({"region": "field", "type": "rain", "intensity": -36})").sources.strongestRate,
             0.0);
 }
 
-TEST_F(Sources, sinkTypesHaveTheirCodes) {
+TEST_F(Sources, SinkTypesHaveTheirCodes) {
   const auto codeOf = [this](const std::string& kind, const std::string& sink) {
     const auto found = build(R"({"region": "town", "type": )" + kind + sink + "}").sources;
     return found.flow.sinkTypes.at(0);
@@ -95,19 +95,19 @@ TEST_F(Sources, sinkTypesHaveTheirCodes) {
   EXPECT_EQ(codeOf(rain, ""), 21);
 }
 
-TEST_F(Sources, refuseARegionWithTwo) {
+TEST_F(Sources, RefuseARegionWithTwo) {
   EXPECT_EQ(refusalOf(R"({"region": "town", "type": "rain", "intensity": 1},
                          {"region": "town", "type": "discharge", "discharge": 1})"),
             "<" + SOURCE + "/1> is in the region <town> as is <" + SOURCE +
                 "/0>, but a region has one source");
 }
 
-TEST_F(Sources, refuseRegionsThatAreNotInTheMesh) {
+TEST_F(Sources, RefuseRegionsThatAreNotInTheMesh) {
   EXPECT_EQ(refusalOf(R"({"region": "nowhere", "type": "rain", "intensity": 1})"),
             "region <nowhere> has the index 7, but the mesh has the materials 1, 2");
 }
 
-TEST_F(Sources, refuseRatesOfAnotherKind) {
+TEST_F(Sources, RefuseRatesOfAnotherKind) {
   EXPECT_EQ(refusalOf(R"({"region": "town", "type": "rain", "discharge": 1})"),
             "<" + SOURCE + "/0> of type <rain> must hold either intensity or intensity_file");
   EXPECT_EQ(refusalOf(R"({"region": "town", "type": "discharge", "intensity_file": "q.txt"})"),
@@ -135,7 +135,7 @@ class SourcesOfBed : public Sources {
 
 }  // namespace
 
-TEST_F(SourcesOfBed, areMadeLikeThoseOfWaterAndFollowThem) {
+TEST_F(SourcesOfBed, AreMadeLikeThoseOfWaterAndFollowThem) {
   const setup::Domain domain = buildBed(R"({"region": "town", "type": "discharge", "discharge": -2},
                   {"region": "field", "type": "rise", "rate": 7.2})");
   const setup::CellSources& found = domain.sources;
@@ -150,7 +150,7 @@ TEST_F(SourcesOfBed, areMadeLikeThoseOfWaterAndFollowThem) {
   EXPECT_DOUBLE_EQ(found.strongestRate, 1e-5);
 }
 
-TEST_F(SourcesOfBed, sinkTypesHaveTheirCodes) {
+TEST_F(SourcesOfBed, SinkTypesHaveTheirCodes) {
   const auto codeOf = [this](const std::string& sink) {
     return buildBed(R"({"region": "town", "type": "rise", "rate": -1)" + sink + "}",
                     R"(, "FIXED_BED": {"ZONES": [{"region": "town", "below_bed": 1}]})")
@@ -161,7 +161,7 @@ TEST_F(SourcesOfBed, sinkTypesHaveTheirCodes) {
   EXPECT_EQ(codeOf(R"(, "sink": "infinity")"), 32);
 }
 
-TEST_F(SourcesOfBed, refuseASinkThatTakesAllWhereThereIsNoBottom) {
+TEST_F(SourcesOfBed, RefuseASinkThatTakesAllWhereThereIsNoBottom) {
   EXPECT_EQ(folder.refusalOf(regions, FLOW,
                              bed(R"({"region": "field", "type": "rise", "rate": 1},
                          {"region": "town", "type": "rise", "rate": -1, "sink": "infinity"})",
@@ -172,14 +172,14 @@ TEST_F(SourcesOfBed, refuseASinkThatTakesAllWhereThereIsNoBottom) {
                 "region: it takes all that is above");
 }
 
-TEST_F(SourcesOfBed, refuseARegionWithTwo) {
+TEST_F(SourcesOfBed, RefuseARegionWithTwo) {
   EXPECT_EQ(folder.refusalOf(regions, FLOW, bed(R"({"region": "town", "type": "rise", "rate": 1},
                                     {"region": "town", "type": "rise", "rate": 2})")),
             "<" + BED_SOURCE + "/1> is in the region <town> as is <" + BED_SOURCE +
                 "/0>, but a region has one source");
 }
 
-TEST_F(Sources, runFileOfATinyMeshIsAsWrittenByHand) {
+TEST_F(Sources, RunFileOfATinyMeshIsAsWrittenByHand) {
   support::writeFile(folder.file("q.txt"), "0 0\n10 0.4\n");
   folder.read(regions, R"("SOURCE": [
       {"region": "field", "type": "rain", "intensity": 36},

@@ -44,48 +44,48 @@ class InitialState : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(InitialState, bedIsTheMeanOfTheNodes) {
+TEST_F(InitialState, BedIsTheMeanOfTheNodes) {
   EXPECT_THAT(setup::cellBeds(study, mesh, geometry), ElementsAre(DoubleEq(0.3), DoubleEq(0.5)));
 }
 
-TEST_F(InitialState, aBedZoneIsAPlane) {
+TEST_F(InitialState, ABedZoneIsAPlane) {
   study.bed.push_back({region(2), 2.0, {3.0, 6.0}, {0.0, 1.0}, 0.0});
   EXPECT_THAT(setup::cellBeds(study, mesh, geometry), ElementsAre(DoubleEq(0.3), DoubleEq(6.0)));
 }
 
-TEST_F(InitialState, aLaterBedZoneGoesOverAnEarlierOne) {
+TEST_F(InitialState, ALaterBedZoneGoesOverAnEarlierOne) {
   study.bed.push_back({box(0, 0, 2, 2), 2.0, {}, {}, 0.0});
   study.bed.push_back({region(2), {}, {}, {}, 0.5});
   EXPECT_THAT(setup::cellBeds(study, mesh, geometry), ElementsAre(2.0, 2.5));
 }
 
-TEST_F(InitialState, withoutWaterTheSurfaceIsTheBed) {
+TEST_F(InitialState, WithoutWaterTheSurfaceIsTheBed) {
   EXPECT_THAT(flow(), ElementsAre(ElementsAre(0.3, 0.0, 0.0), ElementsAre(0.5, 0.0, 0.0)));
 }
 
-TEST_F(InitialState, cellsAreDryWhereTheLevelIsNotAboveTheBed) {
+TEST_F(InitialState, CellsAreDryWhereTheLevelIsNotAboveTheBed) {
   study.water = {0.4, {}, {2.0, 1.0}};
   EXPECT_THAT(flow(), ElementsAre(ElementsAre(0.4, DoubleEq(0.2), DoubleEq(0.1)),
                                   ElementsAre(0.5, 0.0, 0.0)));
 }
 
-TEST_F(InitialState, aLevelThatIsTheBedLeavesTheCellDry) {
+TEST_F(InitialState, ALevelThatIsTheBedLeavesTheCellDry) {
   study.water = {0.3, {}, {2.0, 1.0}};
   EXPECT_THAT(flow()[0], ElementsAre(0.3, 0.0, 0.0));
 }
 
-TEST_F(InitialState, aDepthFollowsTheBed) {
+TEST_F(InitialState, ADepthFollowsTheBed) {
   study.water = {{}, 0.5, {}};
   EXPECT_THAT(flow(), ElementsAre(ElementsAre(0.8, 0.0, 0.0), ElementsAre(1.0, 0.0, 0.0)));
 }
 
-TEST_F(InitialState, aLayerBelowTheMinimumDepthDoesNotMove) {
+TEST_F(InitialState, ALayerBelowTheMinimumDepthDoesNotMove) {
   study.hydraulics.minimumWaterDepth = 0.5;
   study.water = {{}, 0.5, {2.0, 1.0}};
   EXPECT_THAT(flow()[0], ElementsAre(0.8, 0.0, 0.0));
 }
 
-TEST_F(InitialState, aLaterZoneReplacesAnEarlierOne) {
+TEST_F(InitialState, ALaterZoneReplacesAnEarlierOne) {
   study.water = {1.0, {}, {1.0, 1.0}};
   study.waterZones.push_back({box(0, 0, 2, 2), {2.0, {}, {}}});
   study.waterZones.push_back({region(2), {}});

@@ -51,7 +51,7 @@ class Boundaries : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Boundaries, anInflowSpreadsItsDischargeOverTheLengthOfItsString) {
+TEST_F(Boundaries, AnInflowSpreadsItsDischargeOverTheLengthOfItsString) {
   const setup::Domain domain =
       build(R"({"string": "west", "type": "inflow", "discharge": 12, "slope": 0.01})");
   const setup::EdgeBoundaries& found = domain.boundaries;
@@ -65,7 +65,7 @@ TEST_F(Boundaries, anInflowSpreadsItsDischargeOverTheLengthOfItsString) {
   EXPECT_THAT(found.modifications[0].strings, ElementsAre(0, 0));
 }
 
-TEST_F(Boundaries, stringsAreTurnedSoThatTheSenseOfTheirBoundaryIsPositive) {
+TEST_F(Boundaries, StringsAreTurnedSoThatTheSenseOfTheirBoundaryIsPositive) {
   for (const char* order : {"[1, 4, 7]", "[7, 4, 1]"}) {
     const setup::Domain domain = folder.build(
         R"("STRINGDEF": [{"name": "w", "nodes": )" + std::string(order) + "}]",
@@ -81,7 +81,7 @@ TEST_F(Boundaries, stringsAreTurnedSoThatTheSenseOfTheirBoundaryIsPositive) {
   }
 }
 
-TEST_F(Boundaries, innerStringsKeepTheirDirectionAndEdgesBothCells) {
+TEST_F(Boundaries, InnerStringsKeepTheirDirectionAndEdgesBothCells) {
   const setup::Domain domain = build(R"({"string": "middle", "type": "inner_wall"})");
   for (std::size_t k = 0; k < 2; ++k) {
     EXPECT_THAT(domain.boundaries.flow.types[k], ElementsAre(220, domain.strings[2].signs[k]));
@@ -90,7 +90,7 @@ TEST_F(Boundaries, innerStringsKeepTheirDirectionAndEdgesBothCells) {
   }
 }
 
-TEST_F(Boundaries, aSeriesIsLookedUpInEveryStep) {
+TEST_F(Boundaries, ASeriesIsLookedUpInEveryStep) {
   support::writeFile(folder.file("q.txt"), "0 1\n60 5\n");
   const setup::Domain domain = build(
       R"({"string": "west", "type": "inflow", "discharge_file": "q.txt", "slope": 0.01},
@@ -107,7 +107,7 @@ TEST_F(Boundaries, aSeriesIsLookedUpInEveryStep) {
   EXPECT_THAT(domain.boundaries.records[1], ElementsAre(0, 0, 0, 0, 0, 0, 0));
 }
 
-TEST_F(Boundaries, aRatingCurveIsLookedUpByTheLevelOrTheDepth) {
+TEST_F(Boundaries, ARatingCurveIsLookedUpByTheLevelOrTheDepth) {
   support::writeFile(folder.file("curve.txt"), "0 0\n2 9\n");
   const std::string curve =
       R"({"string": "east", "type": "rating_curve", "discharge_file": "curve.txt")";
@@ -117,7 +117,7 @@ TEST_F(Boundaries, aRatingCurveIsLookedUpByTheLevelOrTheDepth) {
             model::InterpolationKey::Depth);
 }
 
-TEST_F(Boundaries, aLinkLooksUpTheLevelWhereTheWaterComesIn) {
+TEST_F(Boundaries, ALinkLooksUpTheLevelWhereTheWaterComesIn) {
   support::writeFile(folder.file("same.txt"), "-100 -100\n100 100\n");
   const setup::Domain domain = build(R"({"string": "east", "to": "west", "type": "linked_level",
                                          "level_file": "same.txt"})");
@@ -126,7 +126,7 @@ TEST_F(Boundaries, aLinkLooksUpTheLevelWhereTheWaterComesIn) {
   EXPECT_EQ(lookup.string, 0);
 }
 
-TEST_F(Boundaries, linkedStringsShareOneRecord) {
+TEST_F(Boundaries, LinkedStringsShareOneRecord) {
   const setup::Domain domain =
       build(R"({"string": "east", "to": "west", "type": "linked_weir", "crest": 1.5})");
   const setup::EdgeBoundaries& found = domain.boundaries;
@@ -150,7 +150,7 @@ struct Row {
 
 class BoundaryRows : public Boundaries, public ::testing::WithParamInterface<Row> {};
 
-TEST_P(BoundaryRows, haveTheCodeAndTheRecord) {
+TEST_P(BoundaryRows, HaveTheCodeAndTheRecord) {
   const Row& row = GetParam();
   support::writeFile(folder.file("s.txt"), "0 1\n");
   const setup::Domain domain = build(row.boundary);
@@ -196,7 +196,7 @@ struct BoundaryFault {
 
 class BoundaryFaults : public Boundaries, public ::testing::WithParamInterface<BoundaryFault> {};
 
-TEST_P(BoundaryFaults, areRefused) {
+TEST_P(BoundaryFaults, AreRefused) {
   const BoundaryFault& fault = GetParam();
   support::writeFile(folder.file("s.txt"), "0 1\n10 -2\n");
   EXPECT_EQ(refusalOf(fault.boundary), fault.message);
@@ -233,7 +233,7 @@ INSTANTIATE_TEST_SUITE_P(All, BoundaryFaults, ::testing::Values(
 ), [](const ::testing::TestParamInfo<BoundaryFault>& fault) { return fault.param.name; });
 // clang-format on
 
-TEST_F(Boundaries, refuseSeriesWithValuesThatTheInputDoesNotTake) {
+TEST_F(Boundaries, RefuseSeriesWithValuesThatTheInputDoesNotTake) {
   support::writeFile(folder.file("q.txt"), "0 1\n10 -2\n");
   EXPECT_EQ(
       refusalOf(R"({"string": "west", "type": "inflow", "slope": 1, "discharge_file": "q.txt"})"),
@@ -243,12 +243,12 @@ TEST_F(Boundaries, refuseSeriesWithValuesThatTheInputDoesNotTake) {
           folder.file("q.txt") + ">");
 }
 
-TEST_F(Boundaries, refuseASeriesThatIsNotThere) {
+TEST_F(Boundaries, RefuseASeriesThatIsNotThere) {
   EXPECT_EQ(refusalOf(R"({"string": "east", "type": "level", "level_file": "none.txt"})"),
             "series file <" + folder.file("none.txt") + ">: the file cannot be read");
 }
 
-TEST_F(Boundaries, refuseNormalDepthsWithoutFriction) {
+TEST_F(Boundaries, RefuseNormalDepthsWithoutFriction) {
   EXPECT_EQ(folder.refusalOf(STRINGS, R"("BOUNDARY": [{"string": "east", "type": "normal_depth",
                                           "slope": 0.01}])"),
             "<" + BOUNDARY +
@@ -256,7 +256,7 @@ TEST_F(Boundaries, refuseNormalDepthsWithoutFriction) {
                 "must hold HYDRAULICS/FRICTION");
 }
 
-TEST(PinchedMesh, aStringWithTheDomainOnBothSidesIsRefused) {
+TEST(PinchedMesh, AStringWithTheDomainOnBothSidesIsRefused) {
   const studies::Folder folder(R"("MESH": {"file": "m.2dm"})");
   support::writeFile(folder.file("m.2dm"),
                      "MESH2D\nND 1 0 0 0\nND 2 1 0 0\nND 3 0 1 0\nND 4 2 0 0\nND 5 2 -1 0\n"
@@ -268,7 +268,7 @@ TEST(PinchedMesh, aStringWithTheDomainOnBothSidesIsRefused) {
                 "right, see the edge between nodes 2 and 4: divide it there");
 }
 
-TEST_F(Boundaries, runFileOfATinyMeshIsAsWrittenByHand) {
+TEST_F(Boundaries, RunFileOfATinyMeshIsAsWrittenByHand) {
   support::writeFile(folder.file("q.txt"), "0 1\n60 5\n");
   folder.read(STRINGS, FRICTION + R"("BOUNDARY": [
       {"string": "west", "type": "inflow", "discharge_file": "q.txt", "slope": 0.01},

@@ -52,7 +52,7 @@ class Strings : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Strings, haveTheirEdgesInTheOrderOfTheirNodes) {
+TEST_F(Strings, HaveTheirEdgesInTheOrderOfTheirNodes) {
   const setup::Domain domain = build(R"({"name": "a", "nodes": [4, 5, 9, 6]})");
   const setup::EdgeString& string = domain.strings.at(0);
   EXPECT_EQ(string.name, "a");
@@ -63,14 +63,14 @@ TEST_F(Strings, haveTheirEdgesInTheOrderOfTheirNodes) {
   EXPECT_DOUBLE_EQ(string.length, 4.0 + std::sqrt(8.0));
 }
 
-TEST_F(Strings, upstreamCellsAreOnTheirLeft) {
+TEST_F(Strings, UpstreamCellsAreOnTheirLeft) {
   const setup::Domain domain = build(R"({"name": "a", "nodes": [2, 5, 8]})");
   const setup::EdgeString& string = domain.strings[0];
   EXPECT_THAT(corners(domain, string.cells[0]), ElementsAre(1, 2, 5));
   EXPECT_THAT(corners(domain, string.cells[1]), ElementsAre(4, 5, 8));
 }
 
-TEST_F(Strings, signsTellWhetherTheNormalPointsFromTheirLeftToTheirRight) {
+TEST_F(Strings, SignsTellWhetherTheNormalPointsFromTheirLeftToTheirRight) {
   const setup::Domain domain =
       build(R"({"name": "a", "nodes": [2, 5, 8]}, {"name": "b", "nodes": [4, 5, 6]})");
   for (std::size_t k = 0; k < 2; ++k) {
@@ -81,7 +81,7 @@ TEST_F(Strings, signsTellWhetherTheNormalPointsFromTheirLeftToTheirRight) {
   }
 }
 
-TEST_F(Strings, againstTheOrderHaveTheOtherSide) {
+TEST_F(Strings, AgainstTheOrderHaveTheOtherSide) {
   const setup::Domain domain = build(
       R"({"name": "a", "nodes": [2, 5, 8], "reverse": true}, {"name": "b", "nodes": [8, 5, 2]})");
   EXPECT_EQ(domain.strings[0].edges, domain.strings[1].edges);
@@ -90,7 +90,7 @@ TEST_F(Strings, againstTheOrderHaveTheOtherSide) {
   EXPECT_THAT(corners(domain, domain.strings[0].cells[0]), ElementsAre(5, 8, 9));
 }
 
-TEST_F(Strings, canBeTurnedAfterwards) {
+TEST_F(Strings, CanBeTurnedAfterwards) {
   const setup::Domain domain =
       build(R"({"name": "a", "nodes": [2, 5, 8]}, {"name": "b", "nodes": [8, 5, 2]})");
   setup::EdgeString string = domain.strings[0];
@@ -100,7 +100,7 @@ TEST_F(Strings, canBeTurnedAfterwards) {
   EXPECT_EQ(string.cells, domain.strings[1].cells);
 }
 
-TEST_F(Strings, alongTheBoundaryCountWhatLeavesIfTheDomainIsOnTheirLeft) {
+TEST_F(Strings, AlongTheBoundaryCountWhatLeavesIfTheDomainIsOnTheirLeft) {
   const setup::Domain domain =
       build(R"({"name": "a", "nodes": [1, 2, 3]}, {"name": "b", "nodes": [3, 2, 1]})");
   EXPECT_THAT(domain.strings[0].signs, Each(1));
@@ -109,7 +109,7 @@ TEST_F(Strings, alongTheBoundaryCountWhatLeavesIfTheDomainIsOnTheirLeft) {
   EXPECT_THAT(corners(domain, domain.strings[1].cells[1]), ElementsAre(1, 2, 5));
 }
 
-TEST_F(Strings, canBeLinesBetweenTwoPlaces) {
+TEST_F(Strings, CanBeLinesBetweenTwoPlaces) {
   const setup::Domain domain = build(R"({"name": "a", "from": [2, 0], "to": [2, 4]},
                                         {"name": "b", "from": [4, 5], "to": [4, -1]},
                                         {"name": "c", "from": [4, 4], "to": [0, 0]})");
@@ -119,31 +119,31 @@ TEST_F(Strings, canBeLinesBetweenTwoPlaces) {
   EXPECT_THAT(ends(domain, domain.strings[2].edges[1]), ElementsAre(1, 5));
 }
 
-TEST_F(Strings, keepTheOrderOfTheStudy) {
+TEST_F(Strings, KeepTheOrderOfTheStudy) {
   const setup::Domain domain =
       build(R"({"name": "z", "nodes": [1, 2]}, {"name": "a", "nodes": [2, 3]})");
   EXPECT_EQ(domain.strings[0].name, "z");
   EXPECT_EQ(domain.strings[1].name, "a");
 }
 
-TEST_F(Strings, refuseNodesThatNoEdgeJoins) {
+TEST_F(Strings, RefuseNodesThatNoEdgeJoins) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1, 2, 4]})"),
             "string <a> of <" + STRINGDEF +
                 "/0> runs from node 2 to node 4, but no edge of the mesh joins them");
 }
 
-TEST_F(Strings, refuseUnknownNodes) {
+TEST_F(Strings, RefuseUnknownNodes) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1, 12]})"),
             "string <a> of <" + STRINGDEF +
                 "/0> names node 12, which the mesh does not have or no element uses");
 }
 
-TEST_F(Strings, refuseAnEdgeThatIsPassedTwice) {
+TEST_F(Strings, RefuseAnEdgeThatIsPassedTwice) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1, 2, 1]})"),
             "string <a> of <" + STRINGDEF + "/0> runs twice over the edge between nodes 2 and 1");
 }
 
-TEST_F(Strings, refuseStringsWithoutAnEdge) {
+TEST_F(Strings, RefuseStringsWithoutAnEdge) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1]})"),
             "string <a> of <" + STRINGDEF + "/0> has no edge: it needs two nodes at least");
   EXPECT_EQ(refusalOf(R"({"name": "a", "from": [1, 0], "to": [1, 4]})"),
@@ -156,29 +156,29 @@ TEST_F(Strings, refuseStringsWithoutAnEdge) {
                 "least");
 }
 
-TEST_F(Strings, refuseANameThatStandsTwice) {
+TEST_F(Strings, RefuseANameThatStandsTwice) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1, 2]}, {"name": "a", "nodes": [2, 3]})"),
             "key <" + STRINGDEF + "/1/name> is <a>, but another string has this name");
 }
 
-TEST_F(Strings, refuseTwoWaysToGiveOne) {
+TEST_F(Strings, RefuseTwoWaysToGiveOne) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1, 2], "mesh_string": "b"})"),
             "<" + STRINGDEF + "/0> must hold only one of mesh_string, nodes and the pair from, to");
   EXPECT_EQ(refusalOf(R"({"name": "a", "from": [1, 2]})"),
             "<" + STRINGDEF + "/0> must hold from and to together: the ends of a line");
 }
 
-TEST_F(Strings, refuseAnEmptyListOfNodes) {
+TEST_F(Strings, RefuseAnEmptyListOfNodes) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": []})"),
             "key <" + STRINGDEF + "/0/nodes> must not be empty");
 }
 
-TEST_F(Strings, refuseADirectionThatIsNeitherTrueNorFalse) {
+TEST_F(Strings, RefuseADirectionThatIsNeitherTrueNorFalse) {
   EXPECT_EQ(refusalOf(R"({"name": "a", "nodes": [1, 2], "reverse": 1})"),
             "key <" + STRINGDEF + "/0/reverse> must be true or false, but is 1");
 }
 
-TEST(LongStrings, have40EdgesAtMost) {
+TEST(LongStrings, Have40EdgesAtMost) {
   const studies::Folder folder(R"("RECTANGLE": {"length": 41, "width": 1, "cells": [82, 1]})");
   const auto string = [](const std::string& end) {
     return R"("STRINGDEF": [{"name": "bank", "from": [0, 0], "to": [)" + end + ", 0]}]";
@@ -200,7 +200,7 @@ class MeshStrings : public ::testing::Test {
   const studies::Folder folder{R"("MESH": {"file": "m.2dm"})"};
 };
 
-TEST_F(MeshStrings, areFoundByTheirName) {
+TEST_F(MeshStrings, AreFoundByTheirName) {
   const setup::Domain domain = folder.build(
       R"("STRINGDEF": [{"name": "inlet", "mesh_string": "2"}, {"name": "outlet"}])", WATER);
   ASSERT_EQ(domain.strings.size(), 2U);
@@ -209,17 +209,17 @@ TEST_F(MeshStrings, areFoundByTheirName) {
   EXPECT_THAT(domain.strings[1].signs, Each(1));
 }
 
-TEST_F(MeshStrings, areNotNeededInTheRun) {
+TEST_F(MeshStrings, AreNotNeededInTheRun) {
   EXPECT_TRUE(folder.build("", WATER).strings.empty());
 }
 
-TEST_F(MeshStrings, nodesThatNoElementUsesAreRefused) {
+TEST_F(MeshStrings, NodesThatNoElementUsesAreRefused) {
   EXPECT_EQ(folder.refusalOf(R"("STRINGDEF": [{"name": "a", "nodes": [1, 9]}])", WATER),
             "string <a> of <" + STRINGDEF +
                 "/0> names node 9, which the mesh does not have or no element uses");
 }
 
-TEST_F(MeshStrings, unknownNamesAreRefused) {
+TEST_F(MeshStrings, UnknownNamesAreRefused) {
   EXPECT_EQ(folder.refusalOf(R"("STRINGDEF": [{"name": "weir"}])", WATER),
             "string <weir> of <" + STRINGDEF +
                 "/0> is not in the mesh: there is no nodestring <weir>, but these: outlet, 2");

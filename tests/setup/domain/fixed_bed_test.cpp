@@ -25,14 +25,14 @@ class FixedBed : public studies::MovingBed {
 
 }  // namespace
 
-TEST_F(FixedBed, isBelowTheBedOrAtAnElevation) {
+TEST_F(FixedBed, IsBelowTheBedOrAtAnElevation) {
   const setup::FixedCells everywhere = build(R"({"region": "all", "below_bed": 0.5})");
   EXPECT_EQ(everywhere.cells.size(), 8U);
   EXPECT_THAT(everywhere.elevations, Each(-0.5));
   EXPECT_THAT(build(R"({"region": "all", "elevation": -2})").elevations, Each(-2.0));
 }
 
-TEST_F(FixedBed, holdsTheCellsOfItsZonesOnlyAndInOrder) {
+TEST_F(FixedBed, HoldsTheCellsOfItsZonesOnlyAndInOrder) {
   const setup::FixedCells found = build(R"({"box": [2, 2, 4, 4], "elevation": -2},
                                            {"box": [0, 2, 2, 4], "elevation": -1})");
   EXPECT_EQ(found.cells.size(), 4U);
@@ -42,24 +42,24 @@ TEST_F(FixedBed, holdsTheCellsOfItsZonesOnlyAndInOrder) {
   }
 }
 
-TEST_F(FixedBed, laterZonesReplaceEarlierOnes) {
+TEST_F(FixedBed, LaterZonesReplaceEarlierOnes) {
   EXPECT_THAT(build(R"({"box": [2, 2, 4, 4], "elevation": -2}, {"region": "all", "below_bed": 1})")
                   .elevations,
               Each(-1.0));
 }
 
-TEST_F(FixedBed, isLoweredToTheBed) {
+TEST_F(FixedBed, IsLoweredToTheBed) {
   const setup::FixedCells found = build(R"({"region": "all", "elevation": -1},
                                            {"box": [0, 0, 2, 4], "elevation": 0.5})");
   EXPECT_EQ(found.loweredToBed, 4);
   EXPECT_EQ(*std::max_element(found.elevations.begin(), found.elevations.end()), 0.0);
 }
 
-TEST_F(FixedBed, isNotThereIfTheStudyDoesNotAskForIt) {
+TEST_F(FixedBed, IsNotThereIfTheStudyDoesNotAskForIt) {
   EXPECT_THAT(folder.build(GEOMETRY, FLOW, bed(GRAINS, GRASS)).fixedCells.cells, IsEmpty());
 }
 
-TEST_F(FixedBed, sourcesHaveARowOfTheirOwnThatIsBottomless) {
+TEST_F(FixedBed, SourcesHaveARowOfTheirOwnThatIsBottomless) {
   const setup::FixedCells found =
       folder
           .build(GEOMETRY, FLOW,
@@ -72,7 +72,7 @@ TEST_F(FixedBed, sourcesHaveARowOfTheirOwnThatIsBottomless) {
   EXPECT_EQ(found.loweredToBed, 0);
 }
 
-TEST_F(FixedBed, hasSensibleDefaultsAndTakesOthers) {
+TEST_F(FixedBed, HasSensibleDefaultsAndTakesOthers) {
   const setup::Study study =
       folder.read(GEOMETRY, FLOW, fixed(R"({"region": "all", "below_bed": 0})"));
   EXPECT_EQ(study.morphology.value().fixedBed.value().accuracy, 1e-6);

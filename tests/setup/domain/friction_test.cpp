@@ -46,7 +46,7 @@ class Friction : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Friction, closuresHaveTheNumbersOfTheRunFile) {
+TEST_F(Friction, ClosuresHaveTheNumbersOfTheRunFile) {
   for (const auto& [name, type] : {std::pair{"manning", 1},
                                    {"strickler", 2},
                                    {"sand_roughness", 3},
@@ -57,22 +57,22 @@ TEST_F(Friction, closuresHaveTheNumbersOfTheRunFile) {
   }
 }
 
-TEST_F(Friction, isTheSameEverywhereIfNoZoneSaysOtherwise) {
+TEST_F(Friction, IsTheSameEverywhereIfNoZoneSaysOtherwise) {
   EXPECT_THAT(valuesOf(R"({"type": "manning", "value": 0.03})"), Each(0.03));
 }
 
-TEST_F(Friction, laterZonesReplaceEarlierOnes) {
+TEST_F(Friction, LaterZonesReplaceEarlierOnes) {
   EXPECT_THAT(valuesOf(R"({"type": "strickler", "value": 30, "ZONES": [
                   {"box": [0, 0, 1, 1], "value": 20}, {"region": "plain", "value": 15}]})"),
               ElementsAre(20, 15));
 }
 
-TEST_F(Friction, isNotThereIfTheStudyDoesNotAskForIt) {
+TEST_F(Friction, IsNotThereIfTheStudyDoesNotAskForIt) {
   const setup::Domain domain = folder.build("", R"("INITIAL": {"water_level": 1})");
   EXPECT_THAT(domain.friction, IsEmpty());
 }
 
-TEST_F(Friction, refusesZonesThatAreNowhere) {
+TEST_F(Friction, RefusesZonesThatAreNowhere) {
   const std::string start = R"({"type": "manning", "value": 0.03, "ZONES": [)";
   EXPECT_EQ(refusalOf(start + R"({"value": 0.04}]})"),
             "<" + FRICTION + "/ZONES/0> must hold region, box or both");

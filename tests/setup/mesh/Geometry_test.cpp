@@ -52,7 +52,7 @@ class GeometryOfRandomMesh : public ::testing::TestWithParam<std::array<double, 
 
 }  // namespace
 
-TEST(Geometry, ofTwoCellsIsAsCalculatedByHand) {
+TEST(Geometry, OfTwoCellsIsAsCalculatedByHand) {
   const Measured m(meshes::square());
   const setup::Geometry& g = m.geometry;
   EXPECT_THAT(g.areas, ElementsAre(2.0, 2.0));
@@ -67,31 +67,31 @@ TEST(Geometry, ofTwoCellsIsAsCalculatedByHand) {
   EXPECT_THAT(g.charSizes[2], ElementsAre(DoubleEq(4.0 / 3.0 * r), DoubleEq(4.0 / 3.0 * r)));
 }
 
-TEST(Geometry, centroidVectorPointsFromLeftToRight) {
+TEST(Geometry, CentroidVectorPointsFromLeftToRight) {
   const Measured m(meshes::square());
   EXPECT_THAT(setup::centroidVector(m.geometry, m.topology, 2),
               ElementsAre(DoubleEq(-2.0 / 3.0), DoubleEq(2.0 / 3.0)));
 }
 
-TEST(Geometry, centroidVectorAtABoundaryGoesToTheMirroredCell) {
+TEST(Geometry, CentroidVectorAtABoundaryGoesToTheMirroredCell) {
   const Measured m(meshes::square());
   EXPECT_THAT(setup::centroidVector(m.geometry, m.topology, 0),
               ElementsAre(0.0, DoubleEq(-4.0 / 3.0)));
 }
 
-TEST(Geometry, centroidsAreInTheCoordinatesOfTheMesh) {
+TEST(Geometry, CentroidsAreInTheCoordinatesOfTheMesh) {
   const Measured m(meshes::of({{100, 200, 0}, {103, 200, 0}, {100, 203, 0}}, {{0, 1, 2}}));
   EXPECT_THAT(m.geometry.centroid(0), ElementsAre(101.0, 201.0));
 }
 
-TEST_P(GeometryOfRandomMesh, edgeVectorsOfACellClose) {
+TEST_P(GeometryOfRandomMesh, EdgeVectorsOfACellClose) {
   for (std::size_t cell = 0; cell < measured.mesh.cells.size(); ++cell) {
     EXPECT_THAT(measured.closure(cell),
                 ElementsAre(DoubleNear(0.0, 1e-15), DoubleNear(0.0, 1e-15)));
   }
 }
 
-TEST_P(GeometryOfRandomMesh, normalsHaveLengthOneAndPointToTheRightCell) {
+TEST_P(GeometryOfRandomMesh, NormalsHaveLengthOneAndPointToTheRightCell) {
   for (std::size_t edge = 0; edge < measured.topology.edgeCells.size(); ++edge) {
     const Vector2& normal = measured.geometry.normals[edge];
     EXPECT_DOUBLE_EQ(dot(normal, normal), 1.0);
@@ -99,7 +99,7 @@ TEST_P(GeometryOfRandomMesh, normalsHaveLengthOneAndPointToTheRightCell) {
   }
 }
 
-TEST_P(GeometryOfRandomMesh, charSizesAreTwiceTheDistancesOfTheCentroids) {
+TEST_P(GeometryOfRandomMesh, CharSizesAreTwiceTheDistancesOfTheCentroids) {
   for (std::size_t edge = 0; edge < measured.topology.edgeCells.size(); ++edge) {
     const setup::Node& node = measured.mesh.nodes[index(measured.topology.edgeNodes[edge][0])];
     for (std::size_t side = 0; side < 2; ++side) {
@@ -113,7 +113,7 @@ TEST_P(GeometryOfRandomMesh, charSizesAreTwiceTheDistancesOfTheCentroids) {
   }
 }
 
-TEST_P(GeometryOfRandomMesh, areasSumUpToThatOfTheOutline) {
+TEST_P(GeometryOfRandomMesh, AreasSumUpToThatOfTheOutline) {
   double outline = 0.0;  // by the divergence theorem
   for (const int edge : measured.topology.boundaryEdges()) {
     const auto [first, second] = measured.topology.edgeNodes[index(edge)];
@@ -127,7 +127,7 @@ TEST_P(GeometryOfRandomMesh, areasSumUpToThatOfTheOutline) {
   EXPECT_NEAR(std::accumulate(areas.begin(), areas.end(), 0.0), outline, 1e-12);
 }
 
-TEST_P(GeometryOfRandomMesh, isTheSameAtAnyPlace) {
+TEST_P(GeometryOfRandomMesh, IsTheSameAtAnyPlace) {
   const Measured atOrigin(meshes::random(11));
   const setup::Geometry& g = measured.geometry;
   EXPECT_EQ(g.areas, atOrigin.geometry.areas);

@@ -4,14 +4,14 @@
 
 using setup::place;
 
-TEST(Mesh, placeNamesFileAndLine) {
+TEST(Mesh, PlaceNamesFileAndLine) {
   EXPECT_EQ(place("a.2dm", 7), "mesh file <a.2dm>, line 7: ");
 }
 
-TEST(Mesh, placeWithoutLineNamesTheFile) {
+TEST(Mesh, PlaceWithoutLineNamesTheFile) {
   EXPECT_EQ(place("a.2dm", 0), "mesh file <a.2dm>: ");
 }
 
-TEST(Mesh, placeOfAMadeMeshNamesNoFile) {
+TEST(Mesh, PlaceOfAMadeMeshNamesNoFile) {
   EXPECT_EQ(place("", 7), "mesh: ");
 }

@@ -36,7 +36,7 @@ class Reader2dm : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Reader2dm, readsNodesAndTriangles) {
+TEST_F(Reader2dm, ReadsNodesAndTriangles) {
   const setup::Mesh mesh = read(HEAD + NODES + CELLS);
   EXPECT_EQ(mesh.file, file);
   ASSERT_EQ(mesh.nodes.size(), 4U);
@@ -52,12 +52,12 @@ TEST_F(Reader2dm, readsNodesAndTriangles) {
   EXPECT_EQ(mesh.cells[1].line, 7);
 }
 
-TEST_F(Reader2dm, cardsMayStandInAnyOrder) {
+TEST_F(Reader2dm, CardsMayStandInAnyOrder) {
   const setup::Mesh mesh = read(HEAD + CELLS + NODES);
   EXPECT_THAT(mesh.cells[0].nodes, ElementsAre(0, 1, 2));
 }
 
-TEST_F(Reader2dm, linesMayEndInTheMannerOfWindows) {
+TEST_F(Reader2dm, LinesMayEndInTheMannerOfWindows) {
   const setup::Mesh mesh =
       read("MESH2D\r\nND 1 0 0 0\r\nND 2 1 0 0\r\nND 3 0 1 0\r\nE3T 1 1 2 3 1\r\nNS 1 -2 a\r\n");
   EXPECT_EQ(mesh.nodes.size(), 3U);
@@ -65,12 +65,12 @@ TEST_F(Reader2dm, linesMayEndInTheMannerOfWindows) {
   EXPECT_EQ(mesh.strings[0].name, "a");
 }
 
-TEST_F(Reader2dm, commentsAndEmptyLinesArePassedOver) {
+TEST_F(Reader2dm, CommentsAndEmptyLinesArePassedOver) {
   const setup::Mesh mesh = read("\n# by hand\n" + HEAD + "\n   \n! more\n" + NODES + CELLS);
   EXPECT_EQ(mesh.cells.size(), 2U);
 }
 
-TEST_F(Reader2dm, unknownCardsAreNamedOnce) {
+TEST_F(Reader2dm, UnknownCardsAreNamedOnce) {
   ::testing::internal::CaptureStdout();
   read(HEAD + "MESHNAME \"x\"\n" + NODES + CELLS + "GP 1\nGP 2\n");
   EXPECT_EQ(::testing::internal::GetCapturedStdout(),
@@ -78,7 +78,7 @@ TEST_F(Reader2dm, unknownCardsAreNamedOnce) {
                 ">: passed over cards that are of no use here: " + "GP, MESHNAME\n");
 }
 
-TEST_F(Reader2dm, aNodestringEndsWithANegativeId) {
+TEST_F(Reader2dm, ANodestringEndsWithANegativeId) {
   const setup::Mesh mesh = read(HEAD + NODES + CELLS + "NS 10 20 -30 weir\nNS 30 -40 7\n");
   ASSERT_EQ(mesh.strings.size(), 2U);
   EXPECT_EQ(mesh.strings[0].name, "weir");
@@ -87,28 +87,28 @@ TEST_F(Reader2dm, aNodestringEndsWithANegativeId) {
   EXPECT_THAT(mesh.strings[1].nodes, ElementsAre(2, 3));
 }
 
-TEST_F(Reader2dm, aNodestringMayGoOnOverSeveralCards) {
+TEST_F(Reader2dm, ANodestringMayGoOnOverSeveralCards) {
   const setup::Mesh mesh = read(HEAD + NODES + "NS 10 20\n# half way\nNS 30\nNS -40\n" + CELLS);
   ASSERT_EQ(mesh.strings.size(), 1U);
   EXPECT_THAT(mesh.strings[0].nodes, ElementsAre(0, 1, 2, 3));
 }
 
-TEST_F(Reader2dm, aNodestringWithoutNameIsNamedByItsNumber) {
+TEST_F(Reader2dm, ANodestringWithoutNameIsNamedByItsNumber) {
   const setup::Mesh mesh = read(HEAD + NODES + CELLS + "NS 10 -20 first\nNS 20 -30\n");
   EXPECT_EQ(mesh.strings[1].name, "2");
 }
 
-TEST_F(Reader2dm, theNameOfANodestringMayBeQuotedAndHoldBlanks) {
+TEST_F(Reader2dm, TheNameOfANodestringMayBeQuotedAndHoldBlanks) {
   const setup::Mesh mesh = read(HEAD + NODES + CELLS + "NS 10 -20 \"upper weir\"\n");
   EXPECT_EQ(mesh.strings[0].name, "upper weir");
 }
 
-TEST_F(Reader2dm, refusesAFileThatCannotBeRead) {
+TEST_F(Reader2dm, RefusesAFileThatCannotBeRead) {
   EXPECT_EQ(faults::messageOf([&] { setup::readMesh2dm(dir.file("none.2dm")); }),
             "mesh file <" + dir.file("none.2dm") + ">: the file cannot be read");
 }
 
-TEST_F(Reader2dm, refusesAMeshWithoutTriangles) {
+TEST_F(Reader2dm, RefusesAMeshWithoutTriangles) {
   EXPECT_EQ(refusalOf(""), "the mesh is empty: there is no triangle (card E3T)");
   EXPECT_EQ(refusalOf(HEAD + NODES), "the mesh is empty: there is no triangle (card E3T)");
 }
@@ -122,7 +122,7 @@ struct Fault {
 
 class Reader2dmFault : public Reader2dm, public ::testing::WithParamInterface<Fault> {};
 
-TEST_P(Reader2dmFault, isRefused) {
+TEST_P(Reader2dmFault, IsRefused) {
   EXPECT_EQ(refusalOf(GetParam().text), GetParam().message);
 }
 

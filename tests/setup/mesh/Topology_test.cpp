@@ -12,7 +12,7 @@
 using setup::index;
 using ::testing::ElementsAre;
 
-TEST(Topology, ofTwoCellsIsAsDrawn) {
+TEST(Topology, OfTwoCellsIsAsDrawn) {
   const setup::Topology topology = setup::findTopology(meshes::square());
   EXPECT_THAT(topology.edgeNodes,
               ElementsAre(ElementsAre(0, 1), ElementsAre(1, 2), ElementsAre(2, 0),
@@ -27,7 +27,7 @@ TEST(Topology, ofTwoCellsIsAsDrawn) {
   EXPECT_THAT(topology.neighbours(1), ElementsAre(0, 1, 1));
 }
 
-TEST(Topology, edgeOfACornerJoinsThisNodeAndTheNext) {
+TEST(Topology, EdgeOfACornerJoinsThisNodeAndTheNext) {
   const setup::Mesh mesh = meshes::random(1);
   const setup::Topology topology = setup::findTopology(mesh);
   for (std::size_t cell = 0; cell < mesh.cells.size(); ++cell) {
@@ -43,14 +43,14 @@ TEST(Topology, edgeOfACornerJoinsThisNodeAndTheNext) {
   }
 }
 
-TEST(Topology, leftCellIsTheOneWithTheSmallerPosition) {
+TEST(Topology, LeftCellIsTheOneWithTheSmallerPosition) {
   const setup::Topology topology = setup::findTopology(meshes::random(2));
   for (const int edge : topology.innerEdges()) {
     EXPECT_LT(topology.edgeCells[index(edge)][0], topology.edgeCells[index(edge)][1]);
   }
 }
 
-TEST(Topology, edgesAreNumberedAsTheCellsMeetThem) {
+TEST(Topology, EdgesAreNumberedAsTheCellsMeetThem) {
   const setup::Topology topology = setup::findTopology(meshes::random(3));
   int next = 0;
   for (const auto& edges : topology.cellEdges) {
@@ -62,7 +62,7 @@ TEST(Topology, edgesAreNumberedAsTheCellsMeetThem) {
   EXPECT_EQ(next, static_cast<int>(topology.edgeCells.size()));
 }
 
-TEST(Topology, satisfiesEulersFormula) {
+TEST(Topology, SatisfiesEulersFormula) {
   const setup::Mesh mesh = meshes::random(4, 15);
   const setup::Topology topology = setup::findTopology(mesh);
   EXPECT_EQ(mesh.nodes.size() + mesh.cells.size(), topology.edgeCells.size() + 1);
@@ -71,7 +71,7 @@ TEST(Topology, satisfiesEulersFormula) {
             topology.edgeCells.size());
 }
 
-TEST(Topology, refusesAnEdgeOfThreeCells) {
+TEST(Topology, RefusesAnEdgeOfThreeCells) {
   const setup::Mesh mesh = meshes::of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, -1, 0}, {0.5, 2, 0}},
                                       {{0, 1, 2}, {1, 0, 3}, {0, 1, 4}});
   EXPECT_EQ(faults::messageOf([&mesh] { setup::findTopology(mesh); }),
@@ -79,7 +79,7 @@ TEST(Topology, refusesAnEdgeOfThreeCells) {
             "elements: 1, 2, 3");
 }
 
-TEST(Topology, refusesCellsOnTheSameSideOfAnEdge) {
+TEST(Topology, RefusesCellsOnTheSameSideOfAnEdge) {
   const setup::Mesh mesh =
       meshes::of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {0.5, 2, 0}}, {{0, 1, 2}, {0, 1, 3}});
   EXPECT_EQ(faults::messageOf([&mesh] { setup::findTopology(mesh); }),

@@ -34,7 +34,7 @@ class RectangleMesh : public ::testing::TestWithParam<setup::Pattern> {};
 
 }  // namespace
 
-TEST_P(RectangleMesh, isSoundAndCoversTheRectangle) {
+TEST_P(RectangleMesh, IsSoundAndCoversTheRectangle) {
   setup::Mesh mesh = setup::makeMesh(basin(GetParam()));
   const bool isCrossed = GetParam() == setup::Pattern::Crossed;
   EXPECT_EQ(mesh.cells.size(), isCrossed ? 24U : 12U);
@@ -45,7 +45,7 @@ TEST_P(RectangleMesh, isSoundAndCoversTheRectangle) {
   EXPECT_DOUBLE_EQ(areaOf(mesh), 12.0);
 }
 
-TEST_P(RectangleMesh, bedFallsAlongX) {
+TEST_P(RectangleMesh, BedFallsAlongX) {
   for (const setup::Node& node : setup::makeMesh(basin(GetParam())).nodes) {
     EXPECT_DOUBLE_EQ(node.z, 1.0 - 0.1 * (node.x - 10.0));
   }
@@ -55,7 +55,7 @@ INSTANTIATE_TEST_SUITE_P(Patterns, RectangleMesh,
                          ::testing::Values(setup::Pattern::Diagonal, setup::Pattern::Alternating,
                                            setup::Pattern::Crossed));
 
-TEST(GridMesh, diagonalsAlternate) {
+TEST(GridMesh, DiagonalsAlternate) {
   const setup::Mesh mesh = setup::gridMesh(
       {0.0, 1.0, 2.0}, {0.0, 1.0}, [](double, double) { return 0.0; }, setup::Pattern::Alternating);
   EXPECT_THAT(mesh.cells[0].nodes, ElementsAre(0, 1, 4));
@@ -64,7 +64,7 @@ TEST(GridMesh, diagonalsAlternate) {
   EXPECT_THAT(mesh.cells[3].nodes, ElementsAre(2, 5, 4));
 }
 
-TEST(ChannelMesh, hasABedAndTwoBanks) {
+TEST(ChannelMesh, HasABedAndTwoBanks) {
   setup::ChannelMesh channel;
   channel.origin = {100.0, 0.0};
   channel.length = 50.0;
@@ -84,7 +84,7 @@ TEST(ChannelMesh, hasABedAndTwoBanks) {
   }
 }
 
-TEST(ChannelMesh, withoutSideSlopeHasNoBanks) {
+TEST(ChannelMesh, WithoutSideSlopeHasNoBanks) {
   setup::ChannelMesh channel;
   channel.length = 10.0;
   channel.bedWidth = 4.0;

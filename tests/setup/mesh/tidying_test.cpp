@@ -16,7 +16,7 @@ std::string refusalOf(setup::Mesh mesh) {
 
 }  // namespace
 
-TEST(TidyMesh, leavesASoundMeshAsItIs) {
+TEST(TidyMesh, LeavesASoundMeshAsItIs) {
   setup::Mesh mesh = meshes::square();
   const setup::Tidying done = setup::tidyMesh(mesh);
   EXPECT_EQ(done.turnedCells, 0);
@@ -25,14 +25,14 @@ TEST(TidyMesh, leavesASoundMeshAsItIs) {
   EXPECT_EQ(mesh.nodes.size(), 4U);
 }
 
-TEST(TidyMesh, turnsClockwiseTriangles) {
+TEST(TidyMesh, TurnsClockwiseTriangles) {
   setup::Mesh mesh = meshes::square();
   mesh.cells[1].nodes = {0, 3, 2};
   EXPECT_EQ(setup::tidyMesh(mesh).turnedCells, 1);
   EXPECT_THAT(mesh.cells[1].nodes, ElementsAre(0, 2, 3));
 }
 
-TEST(TidyMesh, leavesOutNodesThatNoTriangleUses) {
+TEST(TidyMesh, LeavesOutNodesThatNoTriangleUses) {
   setup::Mesh mesh =
       meshes::of({{9, 9, 0}, {0, 0, 1}, {8, 8, 0}, {1, 0, 2}, {0, 1, 3}}, {{1, 3, 4}});
   mesh.strings.push_back({"w", {3, 4}, 9});
@@ -43,33 +43,33 @@ TEST(TidyMesh, leavesOutNodesThatNoTriangleUses) {
   EXPECT_EQ(mesh.nodes[2].z, 3.0);
 }
 
-TEST(TidyMesh, refusesTwoNodesAtTheSamePlace) {
+TEST(TidyMesh, RefusesTwoNodesAtTheSamePlace) {
   EXPECT_EQ(refusalOf(meshes::of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {1, 0, 5}}, {{0, 1, 2}})),
             "mesh file <m.2dm>, line 5: nodes 2 and 4 lie at the same place, each node must have "
             "a place of its own");
 }
 
-TEST(TidyMesh, refusesATriangleThatNamesANodeTwice) {
+TEST(TidyMesh, RefusesATriangleThatNamesANodeTwice) {
   EXPECT_EQ(refusalOf(meshes::of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 1, 0}})),
             "mesh file <m.2dm>, line 5: element 1 names a node twice: 1, 2, 1");
 }
 
-TEST(TidyMesh, refusesATriangleWithoutArea) {
+TEST(TidyMesh, RefusesATriangleWithoutArea) {
   EXPECT_EQ(refusalOf(meshes::of({{0, 0, 0}, {1, 1, 0}, {3, 3, 0}}, {{0, 1, 2}})),
             "mesh file <m.2dm>, line 5: element 1 has no area: its nodes 1, 2, 3 lie on a line");
 }
 
-TEST(TidyMesh, refusesATriangleWhoseAreaIsRounding) {
+TEST(TidyMesh, RefusesATriangleWhoseAreaIsRounding) {
   EXPECT_EQ(refusalOf(meshes::of({{0, 0, 0}, {0.1, 0.3, 0}, {0.3, 0.9, 0}}, {{0, 1, 2}})),
             "mesh file <m.2dm>, line 5: element 1 has no area: its nodes 1, 2, 3 lie on a line");
 }
 
-TEST(TidyMesh, keepsAThinTriangle) {
+TEST(TidyMesh, KeepsAThinTriangle) {
   setup::Mesh mesh = meshes::of({{0, 0, 0}, {1000, 0, 0}, {500, 0.01, 0}}, {{0, 1, 2}});
   EXPECT_EQ(setup::tidyMesh(mesh).turnedCells, 0);
 }
 
-TEST(TidyMesh, refusesANodestringOverAnUnusedNode) {
+TEST(TidyMesh, RefusesANodestringOverAnUnusedNode) {
   setup::Mesh mesh = meshes::of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}, {9, 9, 0}}, {{0, 1, 2}});
   mesh.strings.push_back({"w", {0, 3}, 8});
   EXPECT_EQ(refusalOf(mesh),

@@ -67,7 +67,7 @@ const setup::Mesh TRIANGLE = meshes::of({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}, {{0, 
 
 }  // namespace
 
-TEST_F(RunFile, holdsExactlyWhatAHydraulicModelNeeds) {
+TEST_F(RunFile, HoldsExactlyWhatAHydraulicModelNeeds) {
   write({hydraulics_aggr}, meshes::square());
   EXPECT_THAT(
       support::datasetPaths(file),
@@ -81,12 +81,12 @@ TEST_F(RunFile, holdsExactlyWhatAHydraulicModelNeeds) {
                   "Parameters/SafeMode", "kernels/ID", "kernels/execution"));
 }
 
-TEST_F(RunFile, holdsTheStudy) {
+TEST_F(RunFile, HoldsTheStudy) {
   write({hydraulics_aggr}, meshes::square());
   EXPECT_EQ(dataio::Archive::getModel(reader().get()), study.document);
 }
 
-TEST_F(RunFile, ofTwoCellsIsAsCalculatedByHand) {
+TEST_F(RunFile, OfTwoCellsIsAsCalculatedByHand) {
   write({hydraulics_aggr}, meshes::square());
   const auto run = reader();
   EXPECT_EQ(run->readIntScalar("CellsAll/set"), 2);
@@ -112,7 +112,7 @@ TEST_F(RunFile, ofTwoCellsIsAsCalculatedByHand) {
   EXPECT_THAT(run->readDoubleVecVec("EdgesAll/NormVect")[1], ElementsAre(1.0, 0.0));
 }
 
-TEST_F(RunFile, holdsParametersAsScalars) {
+TEST_F(RunFile, HoldsParametersAsScalars) {
   study.hydraulics.cfl = 0.75;
   write({hydraulics_aggr}, meshes::square());
   EXPECT_EQ(reader()->readDoubleScalar("Parameters/CFLnumber"), 0.75);
@@ -120,7 +120,7 @@ TEST_F(RunFile, holdsParametersAsScalars) {
   EXPECT_EQ(reader()->readIntScalar("Parameters/SafeMode"), 1);
 }
 
-TEST_F(RunFile, schedulesPreparationOnceAndAllOtherKernelsAlways) {
+TEST_F(RunFile, SchedulesPreparationOnceAndAllOtherKernelsAlways) {
   write({hydraulics_aggr, hyd_flood_aggr}, meshes::square());
   EXPECT_THAT(reader()->readIntVecVec("kernels/ID"),
               ElementsAre(ElementsAre(0), ElementsAre(3), ElementsAre(13), ElementsAre(15),
@@ -131,7 +131,7 @@ TEST_F(RunFile, schedulesPreparationOnceAndAllOtherKernelsAlways) {
   for (std::size_t k = 1; k < 6; ++k) EXPECT_THAT(windows[k], ElementsAre(0.0, 0.0, 1e12));
 }
 
-TEST_F(RunFile, followsTheModelToDataOfOtherAggregates) {
+TEST_F(RunFile, FollowsTheModelToDataOfOtherAggregates) {
   const std::unique_ptr<api::IModel> model(
       model::Factory::getModelFromKernels({model::KernelID::CalcBedGradient}, false));
   model->create();
@@ -142,7 +142,7 @@ TEST_F(RunFile, followsTheModelToDataOfOtherAggregates) {
                           "Parameters/MinWaterDepth", "kernels/ID", "kernels/execution"));
 }
 
-TEST_F(RunFile, ofOneCellHasEmptyListsAndAScalarBed) {
+TEST_F(RunFile, OfOneCellHasEmptyListsAndAScalarBed) {
   write({hydraulics_aggr}, TRIANGLE);
   EXPECT_EQ(reader()->readDoubleScalar("CellsAll/BottomEl"), 0.25);
   EXPECT_EQ(reader()->readIntScalar("EdgesSWE/set"), 0);
@@ -152,14 +152,14 @@ TEST_F(RunFile, ofOneCellHasEmptyListsAndAScalarBed) {
               ElementsAre(ElementsAre(0, 0), ElementsAre(0, 0), ElementsAre(0, 0)));
 }
 
-TEST_F(RunFile, replacesAnEarlierFile) {
+TEST_F(RunFile, ReplacesAnEarlierFile) {
   support::writeFile(file, "old");
   write({hydraulics_aggr}, TRIANGLE);
   EXPECT_EQ(reader()->readIntScalar("CellsAll/set"), 1);
   EXPECT_THAT(filesInFolder(), ElementsAre("run.h5"));
 }
 
-TEST_F(RunFile, refusesAModelWithParametersThatTheStudyDoesNotGive) {
+TEST_F(RunFile, RefusesAModelWithParametersThatTheStudyDoesNotGive) {
   const std::unique_ptr<api::IModel> model(
       model::Factory::getModelFromKernels({model::KernelID::MorFixBedCorrection}, false));
   model->create();
@@ -168,32 +168,32 @@ TEST_F(RunFile, refusesAModelWithParametersThatTheStudyDoesNotGive) {
               StartsWith("the setup has no value for the parameter <FixBedAccuracy>, in file: "));
 }
 
-TEST_F(RunFile, refusesDataOfAnotherShape) {
+TEST_F(RunFile, RefusesDataOfAnotherShape) {
   EXPECT_THAT(faults::messageOf([this] {
                 write({hydraulics_aggr, hyd_friction_aggr}, meshes::square());
               }),
               StartsWith("<CellsAll/Friction> has 0 values, but needs 2 rows of 1, in file: "));
 }
 
-TEST_F(RunFile, aFailureLeavesNoFile) {
+TEST_F(RunFile, AFailureLeavesNoFile) {
   faults::messageOf([this] { write({hydraulics_aggr, hyd_friction_aggr}, meshes::square()); });
   EXPECT_THAT(filesInFolder(), ElementsAre());
 }
 
-TEST_F(RunFile, aFailureLeavesAnEarlierFileAsItWas) {
+TEST_F(RunFile, AFailureLeavesAnEarlierFileAsItWas) {
   support::writeFile(file, "old");
   faults::messageOf([this] { write({hydraulics_aggr, hyd_friction_aggr}, meshes::square()); });
   EXPECT_THAT(filesInFolder(), ElementsAre("run.h5"));
   EXPECT_EQ(support::readFile(file), "old");
 }
 
-TEST_F(RunFile, tellsIfItCannotBeWritten) {
+TEST_F(RunFile, TellsIfItCannotBeWritten) {
   std::filesystem::create_directory(file);
   EXPECT_EQ(faults::messageOf([this] { write({hydraulics_aggr}, TRIANGLE); }),
             "file <" + file + "> cannot be written: it is a folder");
 }
 
-TEST_F(RunFile, neverReplacesTheStudyOrItsMesh) {
+TEST_F(RunFile, NeverReplacesTheStudyOrItsMesh) {
   support::writeFile(dir.file("study.json"), "study");
   support::writeFile(dir.file("m.2dm"), "mesh");
   study.file = dir.file("study.json");
@@ -209,7 +209,7 @@ TEST_F(RunFile, neverReplacesTheStudyOrItsMesh) {
   }
 }
 
-TEST(RunFileName, mustEndInH5AndHoldNoOtherDot) {
+TEST(RunFileName, MustEndInH5AndHoldNoOtherDot) {
   for (const char* name : {"run.h5", "./run.h5", "../run.h5", "/tmp/run.h5"}) {
     EXPECT_NO_THROW(setup::requireRunFile(name)) << name;
   }
@@ -219,14 +219,14 @@ TEST(RunFileName, mustEndInH5AndHoldNoOtherDot) {
   }
 }
 
-TEST(RunFileName, mustBeInAFolderThatExists) {
+TEST(RunFileName, MustBeInAFolderThatExists) {
   const support::TempDir dir;
   EXPECT_EQ(
       faults::messageOf([&dir] { setup::requireRunFile(dir.file("none/run.h5")); }),
       "run file <" + dir.file("none/run.h5") + ">: there is no folder <" + dir.file("none") + ">");
 }
 
-TEST(RunFileName, dotsInFoldersAreTold) {
+TEST(RunFileName, DotsInFoldersAreTold) {
   const support::TempDir dir;
   std::filesystem::create_directory(dir.file("a.b"));
   ::testing::internal::CaptureStdout();

@@ -9,7 +9,7 @@ using enum model::ParameterID;
 using ::testing::StartsWith;
 using ::testing::VariantWith;
 
-TEST(Parameters, comeFromTheStudy) {
+TEST(Parameters, ComeFromTheStudy) {
   setup::Study study;
   study.hydraulics = {0.4, 7.0, 0.02, 9.8, false};
   EXPECT_THAT(setup::parameterValue(CFLnumber, study), VariantWith<double>(0.4));
@@ -19,15 +19,15 @@ TEST(Parameters, comeFromTheStudy) {
   EXPECT_THAT(setup::parameterValue(SafeMode, study), VariantWith<int>(0));
 }
 
-TEST(Parameters, safeModeIsOneIfItIsOn) {
+TEST(Parameters, SafeModeIsOneIfItIsOn) {
   EXPECT_THAT(setup::parameterValue(SafeMode, {}), VariantWith<int>(1));
 }
 
-TEST(Parameters, theBedOfAHydraulicRunNeverStartsToMove) {
+TEST(Parameters, TheBedOfAHydraulicRunNeverStartsToMove) {
   EXPECT_THAT(setup::parameterValue(MorphStart, {}), VariantWith<double>(1e12));
 }
 
-TEST(Parameters, frictionIsOnWhereTheStudyHasAClosure) {
+TEST(Parameters, FrictionIsOnWhereTheStudyHasAClosure) {
   setup::Study study;
   EXPECT_THAT(setup::parameterValue(FrictionOn, study), VariantWith<int>(0));
   study.friction = setup::Friction{model::FrictionCode::SandRoughness, 0.05, {}};
@@ -35,11 +35,11 @@ TEST(Parameters, frictionIsOnWhereTheStudyHasAClosure) {
   EXPECT_THAT(setup::parameterValue(FrictionType, study), VariantWith<int>(3));
 }
 
-TEST(Parameters, theFluidIsWater) {
+TEST(Parameters, TheFluidIsWater) {
   EXPECT_THAT(setup::parameterValue(FluidDensity, {}), VariantWith<double>(1000.0));
 }
 
-TEST(Parameters, thoseOfTheBedComeFromTheStudy) {
+TEST(Parameters, ThoseOfTheBedComeFromTheStudy) {
   setup::Study study;
   setup::Morphology& bed = study.morphology.emplace();
   bed.start = 60.0;
@@ -72,7 +72,7 @@ TEST(Parameters, thoseOfTheBedComeFromTheStudy) {
   expectInt(IncipientMotType, 2);
 }
 
-TEST(Parameters, directionsAreSwitchedOnByTheirFactors) {
+TEST(Parameters, DirectionsAreSwitchedOnByTheirFactors) {
   setup::Study study;
   setup::Bedload& bedload = study.morphology.emplace().bedload;
   using Switches = std::array<int, 2>;
@@ -85,7 +85,7 @@ TEST(Parameters, directionsAreSwitchedOnByTheirFactors) {
   EXPECT_THAT(setup::parameterValue(BedloadCurvature, study), VariantWith<double>(7.0));
 }
 
-TEST(Parameters, refusesAParameterThatTheStudyDoesNotGive) {
+TEST(Parameters, RefusesAParameterThatTheStudyDoesNotGive) {
   EXPECT_THAT(faults::messageOf([] { setup::parameterValue(ReposeAngle, {}); }),
               StartsWith("the setup has no value for the parameter <ReposeAngle>, in file: "));
 }

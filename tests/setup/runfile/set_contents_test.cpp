@@ -59,7 +59,7 @@ class SetContentsOfRandomMesh : public SetContents {
 
 }  // namespace
 
-TEST_F(SetContents, sizesAreThoseOfTheMesh) {
+TEST_F(SetContents, SizesAreThoseOfTheMesh) {
   EXPECT_EQ(size(NodesAll), 4);
   EXPECT_EQ(size(CellsAll), 2);
   EXPECT_EQ(size(EdgesAll), 5);
@@ -68,7 +68,7 @@ TEST_F(SetContents, sizesAreThoseOfTheMesh) {
   EXPECT_EQ(size(NodeStrg), 0);
 }
 
-TEST_F(SetContents, mapsAreAsDrawn) {
+TEST_F(SetContents, MapsAreAsDrawn) {
   EXPECT_THAT(map(CellsAll_EdgesAll), ElementsAre(0, 1, 2, 2, 3, 4));
   EXPECT_THAT(map(CellsAll_NbrCells), ElementsAre(0, 0, 1, 0, 1, 1));
   EXPECT_THAT(map(EdgesAll_CellsAll), ElementsAre(0, 0, 0, 0, 0, 1, 1, 1, 1, 1));
@@ -78,7 +78,7 @@ TEST_F(SetContents, mapsAreAsDrawn) {
   EXPECT_THAT(map(EdgesSWE_CellsAll), ElementsAre(0, 1));
 }
 
-TEST_F(SetContents, dataAreAsCalculatedByHand) {
+TEST_F(SetContents, DataAreAsCalculatedByHand) {
   EXPECT_THAT(data<double>(Coordnts), ElementsAre(0, 0, 0, 2, 0, 0.3, 2, 2, 0.6, 0, 2, 0.9));
   EXPECT_THAT(data<int>(Topology), ElementsAre(0, 1, 2, 0, 2, 3));
   EXPECT_THAT(data<int>(CellsAll_EdgeSign), ElementsAre(1, 1, 1, -1, 1, 1));
@@ -91,7 +91,7 @@ TEST_F(SetContents, dataAreAsCalculatedByHand) {
   EXPECT_TRUE(data<std::string>(StrNames).empty());
 }
 
-TEST_F(SetContents, centroidsAreJoinedAcrossAnEdgeAndMirroredAtABoundary) {
+TEST_F(SetContents, CentroidsAreJoinedAcrossAnEdgeAndMirroredAtABoundary) {
   const double r = std::sqrt(0.5);
   const std::vector<double> distances = data<double>(DistCent);
   const std::vector<double> directions = data<double>(UnitCent);
@@ -101,13 +101,13 @@ TEST_F(SetContents, centroidsAreJoinedAcrossAnEdgeAndMirroredAtABoundary) {
   EXPECT_THAT((std::array{directions[0], directions[1]}), ElementsAre(0.0, DoubleEq(-1.0)));
 }
 
-TEST_F(SetContents, gradientWeightsArePairsPerNeighbour) {
+TEST_F(SetContents, GradientWeightsArePairsPerNeighbour) {
   EXPECT_THAT(data<double>(GeomWght),
               ElementsAre(0.0, 0.0, 0.0, 0.0, DoubleEq(-0.75), DoubleEq(0.75), DoubleEq(0.75),
                           DoubleEq(-0.75), 0.0, 0.0, 0.0, 0.0));
 }
 
-TEST_F(SetContents, coverTheFullModel) {
+TEST_F(SetContents, CoverTheFullModel) {
   const std::unique_ptr<api::IModel> model(
       model::Factory::getModelFromAggregates(model::Model::getFullModel(), true));
   model->create();
@@ -126,7 +126,7 @@ TEST_F(SetContents, coverTheFullModel) {
   }
 }
 
-TEST_F(SetContentsOfRandomMesh, itemsHaveTheShapesOfTheCatalogue) {
+TEST_F(SetContentsOfRandomMesh, ItemsHaveTheShapesOfTheCatalogue) {
   for (const auto& [set, content] : setup::setContents()) {
     const auto elements = static_cast<std::size_t>(content.size(domain));
     for (const auto& [id, values] : content.maps) {
@@ -144,7 +144,7 @@ TEST_F(SetContentsOfRandomMesh, itemsHaveTheShapesOfTheCatalogue) {
   }
 }
 
-TEST_F(SetContentsOfRandomMesh, subsetsOfEdgesAscendAndCoverAllEdges) {
+TEST_F(SetContentsOfRandomMesh, SubsetsOfEdgesAscendAndCoverAllEdges) {
   std::vector<int> walls = map(EdgHydWL_EdgesAll);
   const std::vector<int> inner = map(EdgesSWE_EdgesAll);
   EXPECT_TRUE(std::is_sorted(walls.begin(), walls.end()));
@@ -154,7 +154,7 @@ TEST_F(SetContentsOfRandomMesh, subsetsOfEdgesAscendAndCoverAllEdges) {
   for (int edge = 0; edge < size(EdgesAll); ++edge) EXPECT_EQ(walls[index(edge)], edge);
 }
 
-TEST_F(SetContentsOfRandomMesh, signedNormalsOfACellClose) {
+TEST_F(SetContentsOfRandomMesh, SignedNormalsOfACellClose) {
   const std::vector<int> edges = map(CellsAll_EdgesAll);
   const std::vector<int> signs = data<int>(CellsAll_EdgeSign);
   const std::vector<double> lengths = data<double>(GeomLeng);
@@ -171,7 +171,7 @@ TEST_F(SetContentsOfRandomMesh, signedNormalsOfACellClose) {
   }
 }
 
-TEST_F(SetContentsOfRandomMesh, cellsOfABoundaryEdgeAreTheLeftOneTwice) {
+TEST_F(SetContentsOfRandomMesh, CellsOfABoundaryEdgeAreTheLeftOneTwice) {
   const std::vector<int> cells = map(EdgesAll_CellsAll);
   const std::vector<int> walls = map(EdgHydWL_EdgesAll);
   const std::vector<double> sizes = data<double>(CharSize);

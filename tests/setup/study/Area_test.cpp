@@ -12,7 +12,7 @@ setup::Area box(double xMin, double yMin, double xMax, double yMax) {
 
 }  // namespace
 
-TEST(Area, holdsWhatLiesOnTheEdgesOfItsBox) {
+TEST(Area, HoldsWhatLiesOnTheEdgesOfItsBox) {
   const setup::Area area = box(1, 2, 3, 5);
   EXPECT_TRUE(area.contains(1, {1, 4}));
   EXPECT_TRUE(area.contains(1, {3, 4}));
@@ -20,7 +20,7 @@ TEST(Area, holdsWhatLiesOnTheEdgesOfItsBox) {
   EXPECT_TRUE(area.contains(1, {2, 5}));
 }
 
-TEST(Area, holdsNothingBesideItsBox) {
+TEST(Area, HoldsNothingBesideItsBox) {
   const setup::Area area = box(1, 2, 3, 5);
   EXPECT_FALSE(area.contains(1, {0.9, 4}));
   EXPECT_FALSE(area.contains(1, {3.1, 4}));
@@ -28,7 +28,7 @@ TEST(Area, holdsNothingBesideItsBox) {
   EXPECT_FALSE(area.contains(1, {2, 5.1}));
 }
 
-TEST(Area, ofARegionHoldsItsMaterialOnly) {
+TEST(Area, OfARegionHoldsItsMaterialOnly) {
   setup::Area area = box(1, 2, 3, 5);
   area.region = setup::Region{4, "sill"};
   EXPECT_TRUE(area.contains(4, {2, 3}));

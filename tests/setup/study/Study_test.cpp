@@ -38,7 +38,7 @@ class Study : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(Study, hasSensibleDefaults) {
+TEST_F(Study, HasSensibleDefaults) {
   const setup::Study study = read(document(mesh, minimal));
   EXPECT_EQ(study.hydraulics.cfl, 0.5);
   EXPECT_EQ(study.hydraulics.maximumTimeStep, 100.0);
@@ -50,13 +50,13 @@ TEST_F(Study, hasSensibleDefaults) {
   EXPECT_TRUE(study.waterZones.empty());
 }
 
-TEST_F(Study, isDryIfNothingElseIsSaid) {
+TEST_F(Study, IsDryIfNothingElseIsSaid) {
   const setup::Study study = read(document(mesh, R"({"PARAMETER": {"cfl": 0.4}})"));
   EXPECT_FALSE(study.water.level);
   EXPECT_FALSE(study.water.depth);
 }
 
-TEST_F(Study, keepsTheDocumentAsCompactText) {
+TEST_F(Study, KeepsTheDocumentAsCompactText) {
   const setup::Study study = read(document(mesh, minimal));
   EXPECT_EQ(study.document,
             R"({"SETUP":{"DOMAIN":{"RHEOPLANE_2D":{"GEOMETRY":{"MESH":{"file":"m.2dm"}},)"
@@ -64,12 +64,12 @@ TEST_F(Study, keepsTheDocumentAsCompactText) {
   EXPECT_EQ(study.name, "s");
 }
 
-TEST_F(Study, takesACodeOfACoordinateReferenceSystem) {
+TEST_F(Study, TakesACodeOfACoordinateReferenceSystem) {
   const std::string text = studies::withFile().dump();
   EXPECT_THAT(read(text).document, ::testing::HasSubstr(R"("crs":"EPSG:2056")"));
 }
 
-TEST_F(Study, refusesACoordinateReferenceSystemWithoutACode) {
+TEST_F(Study, RefusesACoordinateReferenceSystemWithoutACode) {
   nlohmann::json study = studies::withFile();
   for (const std::string crs : {"EPSG:", "2056", "EPSG:0", "EPSG:20x", "EPSG:1234567890", "E"}) {
     study["SETUP"]["DOMAIN"]["crs"] = crs;
@@ -79,17 +79,17 @@ TEST_F(Study, refusesACoordinateReferenceSystemWithoutACode) {
   }
 }
 
-TEST_F(Study, findsTheMeshFileBesideItself) {
+TEST_F(Study, FindsTheMeshFileBesideItself) {
   const setup::Study study = read(document(mesh, minimal));
   EXPECT_EQ(std::get<setup::MeshFile>(study.mesh).file, dir.file("m.2dm"));
 }
 
-TEST_F(Study, takesAnAbsoluteMeshFileAsItIs) {
+TEST_F(Study, TakesAnAbsoluteMeshFileAsItIs) {
   const setup::Study study = read(document(R"({"MESH": {"file": "/data/m.2dm"}})", minimal));
   EXPECT_EQ(std::get<setup::MeshFile>(study.mesh).file, "/data/m.2dm");
 }
 
-TEST_F(Study, readsARectangle) {
+TEST_F(Study, ReadsARectangle) {
   const setup::Study study = read(document(
       R"({"RECTANGLE": {"origin": [1, 2], "length": 30, "width": 4.5, "cells": [6, 7],
           "elevation": 8, "slope": 0.01, "pattern": "crossed"}})",
@@ -104,7 +104,7 @@ TEST_F(Study, readsARectangle) {
   EXPECT_EQ(mesh2.pattern, setup::Pattern::Crossed);
 }
 
-TEST_F(Study, readsAChannel) {
+TEST_F(Study, ReadsAChannel) {
   const setup::Study study = read(document(
       R"({"CHANNEL": {"length": 30, "bed_width": 4, "side_slope": 1.5, "bank_height": 2,
           "cells": [6, 7, 3], "pattern": "diagonal"}})",
@@ -118,7 +118,7 @@ TEST_F(Study, readsAChannel) {
   EXPECT_EQ(channel.pattern, setup::Pattern::Diagonal);
 }
 
-TEST_F(Study, readsParameters) {
+TEST_F(Study, ReadsParameters) {
   const setup::Study study = read(document(
       mesh, R"({"PARAMETER": {"cfl": 0.9, "maximum_time_step": 5, "minimum_water_depth": 0.01,
                 "gravity": 9.8, "safe_mode": false}})"));
@@ -129,7 +129,7 @@ TEST_F(Study, readsParameters) {
   EXPECT_FALSE(study.hydraulics.safeMode);
 }
 
-TEST_F(Study, readsBedZones) {
+TEST_F(Study, ReadsBedZones) {
   const setup::Study study = read(document(
       R"({"MESH": {"file": "m.2dm"}, "REGIONDEF": [{"index": 3, "name": "sill"}],
           "BED": [{"region": "sill", "elevation": 2, "gradient": [0.1, 0.2], "at": [5, 6]},
@@ -146,7 +146,7 @@ TEST_F(Study, readsBedZones) {
   EXPECT_THAT(*study.bed[1].area.box, ElementsAre(0.0, 0.0, 1.0, 2.0));
 }
 
-TEST_F(Study, readsTheInitialWater) {
+TEST_F(Study, ReadsTheInitialWater) {
   const setup::Study study =
       read(document(mesh, R"({"INITIAL": {"water_depth": 0.5, "velocity": [1, 0], "ZONES": [
                 {"box": [0, 0, 1, 1], "water_level": 3, "velocity": [0, 2]},
@@ -159,7 +159,7 @@ TEST_F(Study, readsTheInitialWater) {
   EXPECT_FALSE(study.waterZones[1].water.level);
 }
 
-TEST_F(Study, isRefusedForWhatTheSchemaFinds) {
+TEST_F(Study, IsRefusedForWhatTheSchemaFinds) {
   ::testing::internal::CaptureStdout();
   const std::string message =
       faults::messageOf([&] { read(document(mesh, R"({"PARAMETER": {"gravty": 9.81}})")); });
@@ -179,7 +179,7 @@ struct StudyFault {
 
 class StudyFaults : public Study, public ::testing::WithParamInterface<StudyFault> {};
 
-TEST_P(StudyFaults, areRefused) {
+TEST_P(StudyFaults, AreRefused) {
   const StudyFault& fault = GetParam();
   EXPECT_EQ(refusalOf(document(fault.geometry, fault.hydraulics)), ": " + fault.message);
 }

@@ -25,14 +25,14 @@ bool readsTheRecord(int modification) {
 
 }  // namespace
 
-TEST(BedBoundaryTable, givesANameToEveryCode) {
+TEST(BedBoundaryTable, GivesANameToEveryCode) {
   std::set<int> codes;
   for (const BoundaryType& type : setup::bedBoundaryTypes())
     codes.insert(setup::numberOf(type.code));
   EXPECT_THAT(codes, ElementsAre(400, 402, 404, 406, 408, 410, 412, 414));
 }
 
-TEST(BedBoundaryTable, namesStandOnce) {
+TEST(BedBoundaryTable, NamesStandOnce) {
   std::set<std::string> names;
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
     EXPECT_TRUE(names.insert(type.name).second) << type.name;
@@ -41,7 +41,7 @@ TEST(BedBoundaryTable, namesStandOnce) {
   }
 }
 
-TEST(BedBoundaryTable, whatTheFluxReadsIsWrittenOnceAndBeforeItIsRead) {
+TEST(BedBoundaryTable, WhatTheFluxReadsIsWrittenOnceAndBeforeItIsRead) {
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
     std::set<int> written;
     for (const Input& input : type.inputs) EXPECT_TRUE(written.insert(input.position).second);
@@ -57,7 +57,7 @@ TEST(BedBoundaryTable, whatTheFluxReadsIsWrittenOnceAndBeforeItIsRead) {
   }
 }
 
-TEST(BedBoundaryTable, onlyTheConveyanceNeedsFriction) {
+TEST(BedBoundaryTable, OnlyTheConveyanceNeedsFriction) {
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
     EXPECT_EQ(type.needsFriction, type.name.ends_with("_by_conveyance")) << type.name;
     EXPECT_EQ(type.needsFriction,
@@ -66,7 +66,7 @@ TEST(BedBoundaryTable, onlyTheConveyanceNeedsFriction) {
   }
 }
 
-TEST(BedBoundaryTable, theWeightOfTheCodeIsThatOfTheModification) {
+TEST(BedBoundaryTable, TheWeightOfTheCodeIsThatOfTheModification) {
   for (const BoundaryType& type : setup::bedBoundaryTypes()) {
     if (setup::numberOf(type.code) <= 402) continue;
     const int modification = codes::numberOf(type.modifications.at(0).type);

@@ -39,14 +39,14 @@ class Bedload : public studies::MovingBed {
 
 }  // namespace
 
-TEST(BedloadFormulas, namesStandOnce) {
+TEST(BedloadFormulas, NamesStandOnce) {
   std::set<std::string> names;
   for (const BedloadFormula& formula : setup::bedloadFormulas()) {
     EXPECT_TRUE(names.insert(formula.name).second) << formula.name;
   }
 }
 
-TEST_F(Bedload, formulasBringTheCoefficientsOfTheirLiterature) {
+TEST_F(Bedload, FormulasBringTheCoefficientsOfTheirLiterature) {
   const auto check = [this](const std::string& type, double A, double B, double critical) {
     const setup::Bedload found = readFormula(R"("type": ")" + type + "\"");
     EXPECT_EQ(found.form, BedloadCode::MeyerPeterMueller) << type;
@@ -62,14 +62,14 @@ TEST_F(Bedload, formulasBringTheCoefficientsOfTheirLiterature) {
   check("wong_parker_2006_power_1_6", 4.93, 1.6, 0.047);
 }
 
-TEST_F(Bedload, theStudyMayGiveAnotherCriticalValueAndAFactor) {
+TEST_F(Bedload, TheStudyMayGiveAnotherCriticalValueAndAFactor) {
   const setup::Bedload found =
       readFormula(R"("type": "hunziker_1995", "critical_shields": 0.03, "factor": 0.7)");
   EXPECT_EQ(found.critical, 0.03);
   EXPECT_EQ(found.factor, 0.7);
 }
 
-TEST_F(Bedload, coefficientsCanBeThoseOfTheUser) {
+TEST_F(Bedload, CoefficientsCanBeThoseOfTheUser) {
   const setup::Bedload mpm =
       readFormula(R"("type": "mpm", "coefficient": 12, "exponent": 1.7, "critical_shields": 0)");
   EXPECT_EQ(mpm.coefficient, 12.0);
@@ -83,7 +83,7 @@ TEST_F(Bedload, coefficientsCanBeThoseOfTheUser) {
   EXPECT_EQ(grass.critical, 0.3);
 }
 
-TEST_F(Bedload, engelundAndHansenBecomesAPowerOfTheVelocity) {
+TEST_F(Bedload, EngelundAndHansenBecomesAPowerOfTheVelocity) {
   const setup::Bedload found = readFormula(R"("type": "engelund_hansen_1967", "chezy": 15)");
   EXPECT_EQ(found.form, BedloadCode::Grass);
   EXPECT_EQ(found.exponent, 5.0);
@@ -94,13 +94,13 @@ TEST_F(Bedload, engelundAndHansenBecomesAPowerOfTheVelocity) {
   EXPECT_NEAR(found.coefficient, 0.05 * 225.0 * std::pow(shields, 2.5) * unit, 1e-15);
 }
 
-TEST_F(Bedload, thePowerLawTakesAFactorOnly) {
+TEST_F(Bedload, ThePowerLawTakesAFactorOnly) {
   EXPECT_EQ(readFormula(R"("type": "power_law", "factor": 3)").form, BedloadCode::PowerLaw);
   EXPECT_EQ(refusalOf(R"("type": "power_law", "critical_shields": 0.05)"),
             "<power_law> does not take the key critical_shields, but these: type, factor");
 }
 
-TEST_F(Bedload, refusesKeysOfOtherFormulas) {
+TEST_F(Bedload, RefusesKeysOfOtherFormulas) {
   EXPECT_EQ(refusalOf(R"("type": "meyer_peter_mueller_1948", "coefficient": 4)"),
             "<meyer_peter_mueller_1948> does not take the key coefficient, but these: type, "
             "factor, critical_shields");
@@ -112,7 +112,7 @@ TEST_F(Bedload, refusesKeysOfOtherFormulas) {
             "critical_shields");
 }
 
-TEST_F(Bedload, refusesAFormulaWithoutItsKeys) {
+TEST_F(Bedload, RefusesAFormulaWithoutItsKeys) {
   EXPECT_EQ(refusalOf(R"("type": "mpm", "exponent": 1.5, "critical_shields": 0.05)"),
             "<mpm> needs the key coefficient");
   EXPECT_EQ(refusalOf(R"("type": "mpm", "coefficient": 8, "critical_shields": 0.05)"),
@@ -124,7 +124,7 @@ TEST_F(Bedload, refusesAFormulaWithoutItsKeys) {
             "<engelund_hansen_1967> needs the key chezy");
 }
 
-TEST_F(Bedload, refusesFormulasOfTheStressWithoutFriction) {
+TEST_F(Bedload, RefusesFormulasOfTheStressWithoutFriction) {
   for (const std::string type : {"meyer_peter_mueller_1948", "power_law"}) {
     EXPECT_EQ(refusalOf(FLOW, GRAINS, R"("type": ")" + type + "\""),
               "<" + type +
@@ -136,7 +136,7 @@ TEST_F(Bedload, refusesFormulasOfTheStressWithoutFriction) {
       GEOMETRY, FLOW, bed(GRAINS, R"("FORMULA": {"type": "engelund_hansen_1967", "chezy": 15})")));
 }
 
-TEST_F(Bedload, refusesFormulasOfGrainsWithoutTheirSize) {
+TEST_F(Bedload, RefusesFormulasOfGrainsWithoutTheirSize) {
   const std::string noGrains = R"("porosity": 0.4)";
   EXPECT_EQ(refusalOf(ROUGH_FLOW, noGrains, R"("type": "power_law")"),
             "<power_law> needs the key grain_size in BEDMATERIAL");
@@ -145,21 +145,21 @@ TEST_F(Bedload, refusesFormulasOfGrainsWithoutTheirSize) {
   EXPECT_NO_THROW(folder.read(GEOMETRY, FLOW, bed(noGrains, GRASS)));
 }
 
-TEST_F(Bedload, refusesEngelundAndHansenWithSeveralGrainSizes) {
+TEST_F(Bedload, RefusesEngelundAndHansenWithSeveralGrainSizes) {
   EXPECT_EQ(refusalOf(ROUGH_FLOW, GRAINS + R"(, "ZONES": [{"region": "all", "grain_size": 0.001}])",
                       R"("type": "engelund_hansen_1967", "chezy": 15)"),
             "<engelund_hansen_1967> takes one grain size for all cells: BEDMATERIAL must not hold "
             "ZONES");
 }
 
-TEST_F(Bedload, directionIsThatOfTheFlowIfNothingElseIsSaid) {
+TEST_F(Bedload, DirectionIsThatOfTheFlowIfNothingElseIsSaid) {
   const setup::Bedload found = read(GRASS);
   EXPECT_FALSE(found.lateralSlope);
   EXPECT_FALSE(found.curvatureFactor);
   EXPECT_EQ(found.lateralSlopeInRunFile(9.81), 0.0);
 }
 
-TEST_F(Bedload, theFactorOfTheLateralSlopeIsThatOfTheTextbookTimesGravity) {
+TEST_F(Bedload, TheFactorOfTheLateralSlopeIsThatOfTheTextbookTimesGravity) {
   const setup::Bedload found =
       read(GRASS + R"(, "DIRECTION": {"IKEDA": {"factor": 0.5}, "CURVATURE": {"factor": 20}})");
   EXPECT_EQ(found.lateralSlope, 0.5);
@@ -167,7 +167,7 @@ TEST_F(Bedload, theFactorOfTheLateralSlopeIsThatOfTheTextbookTimesGravity) {
   EXPECT_EQ(found.curvatureFactor, 20.0);
 }
 
-TEST_F(Bedload, refusesTheLateralSlopeWithoutFrictionOrGrains) {
+TEST_F(Bedload, RefusesTheLateralSlopeWithoutFrictionOrGrains) {
   const std::string ikeda = GRASS + R"(, "DIRECTION": {"IKEDA": {"factor": 0.5}})";
   EXPECT_EQ(folder.refusalOf(GEOMETRY, FLOW, bed(GRAINS, ikeda)),
             "<" + BEDLOAD +

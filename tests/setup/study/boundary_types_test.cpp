@@ -46,7 +46,7 @@ std::set<int> usesOf(int code) {
 
 }  // namespace
 
-TEST(BoundaryTable, givesANameToEveryHydraulicCode) {
+TEST(BoundaryTable, GivesANameToEveryHydraulicCode) {
   std::set<int> codes;
   for (const BoundaryType& type : boundaryTypes()) {
     codes.insert({setup::numberOf(type.code), codes::numberOf(type.receivingCode)});
@@ -56,7 +56,7 @@ TEST(BoundaryTable, givesANameToEveryHydraulicCode) {
                                  324, 325, 326, 327, 328, 329, 330, 331));
 }
 
-TEST(BoundaryTable, namesStandOnceAndAreFound) {
+TEST(BoundaryTable, NamesStandOnceAndAreFound) {
   std::set<std::string> names;
   for (const BoundaryType& type : boundaryTypes()) {
     EXPECT_TRUE(names.insert(type.name).second) << type.name;
@@ -65,7 +65,7 @@ TEST(BoundaryTable, namesStandOnceAndAreFound) {
   EXPECT_THROW(setup::typeNamed("none", boundaryTypes()), std::out_of_range);
 }
 
-TEST(BoundaryTable, everyPositionIsWrittenOnceAndBeforeItIsRead) {
+TEST(BoundaryTable, EveryPositionIsWrittenOnceAndBeforeItIsRead) {
   for (const BoundaryType& type : boundaryTypes()) {
     std::set<int> written;
     for (const Input& input : type.inputs) {
@@ -81,7 +81,7 @@ TEST(BoundaryTable, everyPositionIsWrittenOnceAndBeforeItIsRead) {
   }
 }
 
-TEST(BoundaryTable, whatTheFluxReadsIsWritten) {
+TEST(BoundaryTable, WhatTheFluxReadsIsWritten) {
   for (const BoundaryType& type : boundaryTypes()) {
     std::set<int> written;
     for (const Input& input : type.inputs) written.insert(input.position);
@@ -94,7 +94,7 @@ TEST(BoundaryTable, whatTheFluxReadsIsWritten) {
   }
 }
 
-TEST(BoundaryTable, onlyLinksHaveASecondCode) {
+TEST(BoundaryTable, OnlyLinksHaveASecondCode) {
   for (const BoundaryType& type : boundaryTypes()) {
     EXPECT_EQ(type.receivingCode.has_value(), type.place == setup::Place::Link) << type.name;
     EXPECT_EQ(setup::numberOf(type.code) / 100 == 1, type.place == setup::Place::Edge) << type.name;
@@ -103,7 +103,7 @@ TEST(BoundaryTable, onlyLinksHaveASecondCode) {
   }
 }
 
-TEST(BoundaryTable, onlyCodesThatUseANormalDepthNeedFriction) {
+TEST(BoundaryTable, OnlyCodesThatUseANormalDepthNeedFriction) {
   for (const BoundaryType& type : boundaryTypes()) {
     EXPECT_EQ(type.needsFriction,
               setup::numberOf(type.code) == 100 || setup::numberOf(type.code) == 104)
@@ -111,7 +111,7 @@ TEST(BoundaryTable, onlyCodesThatUseANormalDepthNeedFriction) {
   }
 }
 
-TEST(BoundaryTable, seriesCanBeLookedUpWhereThereAreSome) {
+TEST(BoundaryTable, SeriesCanBeLookedUpWhereThereAreSome) {
   for (const BoundaryType& type : boundaryTypes()) {
     bool hasSeries = false;
     for (const Input& input : type.inputs) {
@@ -123,7 +123,7 @@ TEST(BoundaryTable, seriesCanBeLookedUpWhereThereAreSome) {
   }
 }
 
-TEST(BoundaryTable, lookupsHaveTheKeysOfTheRunFile) {
+TEST(BoundaryTable, LookupsHaveTheKeysOfTheRunFile) {
   using model::InterpolationKey;
   using setup::Lookup;
   EXPECT_EQ(setup::keyOf(Lookup::Time), InterpolationKey::Time);

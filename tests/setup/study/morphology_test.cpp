@@ -22,16 +22,16 @@ class Morphology : public studies::MovingBed {
 
 }  // namespace
 
-TEST_F(Morphology, isNotThereIfTheStudyDoesNotAskForIt) {
+TEST_F(Morphology, IsNotThereIfTheStudyDoesNotAskForIt) {
   EXPECT_FALSE(folder.read(GEOMETRY, FLOW).morphology);
 }
 
-TEST_F(Morphology, startsAtOnceIfNothingElseIsSaid) {
+TEST_F(Morphology, StartsAtOnceIfNothingElseIsSaid) {
   EXPECT_EQ(read("").start, 0.0);
   EXPECT_EQ(read(R"("PARAMETER": {"start": 600})").start, 600.0);
 }
 
-TEST_F(Morphology, slopeCorrectionsHaveTheNumbersOfTheRunFile) {
+TEST_F(Morphology, SlopeCorrectionsHaveTheNumbersOfTheRunFile) {
   EXPECT_FALSE(read("").incipientMotion);
   for (const auto& [name, type] : {std::pair{"van_rijn_1989", 1}, {"chen_2010", 2}}) {
     const setup::IncipientMotion motion =
@@ -42,7 +42,7 @@ TEST_F(Morphology, slopeCorrectionsHaveTheNumbersOfTheRunFile) {
   }
 }
 
-TEST_F(Morphology, theCriticalValueOfTheFormulaIsThatOfAllCells) {
+TEST_F(Morphology, TheCriticalValueOfTheFormulaIsThatOfAllCells) {
   const setup::Domain domain = folder.build(
       GEOMETRY, FLOW,
       bed(GRAINS,

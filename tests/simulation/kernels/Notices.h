@@ -11,8 +11,8 @@
 #include <cstdio>
 #include <string>
 
-#include "simulation/kernels/diagnostics.h"
-#include "simulation/notices.h"
+#include "simulation/kernels/Diagnostics.h"
+#include "simulation/loops/notices.h"
 
 namespace support {
 

@@ -31,7 +31,7 @@ bool same(double a, double b) {
   return a == b || (std::isnan(a) && std::isnan(b));
 }
 
-TEST(Fmin, isThatOfTheLibraryForAllSpecialValues) {
+TEST(Fmin, IsThatOfTheLibraryForAllSpecialValues) {
   for (const double x : VALUES) {
     for (const double y : VALUES) {
       EXPECT_TRUE(same(kernels::fmin(x, y), std::fmin(x, y))) << x << ' ' << y;
@@ -39,7 +39,7 @@ TEST(Fmin, isThatOfTheLibraryForAllSpecialValues) {
   }
 }
 
-TEST(Fmax, isThatOfTheLibraryForAllSpecialValues) {
+TEST(Fmax, IsThatOfTheLibraryForAllSpecialValues) {
   for (const double x : VALUES) {
     for (const double y : VALUES) {
       EXPECT_TRUE(same(kernels::fmax(x, y), std::fmax(x, y))) << x << ' ' << y;
@@ -47,7 +47,7 @@ TEST(Fmax, isThatOfTheLibraryForAllSpecialValues) {
   }
 }
 
-TEST(Inverse, isZeroBelowTheLimitAndForNegativeValues) {
+TEST(Inverse, IsZeroBelowTheLimitAndForNegativeValues) {
   EXPECT_EQ(kernels::inverse(4.0), 0.25);
   EXPECT_EQ(kernels::inverse(1e-12), 1.0 / 1e-12);
   EXPECT_EQ(kernels::inverse(std::nextafter(1e-12, 0.0)), 0.0);
@@ -55,7 +55,7 @@ TEST(Inverse, isZeroBelowTheLimitAndForNegativeValues) {
   EXPECT_EQ(kernels::inverse(-4.0), 0.0);
 }
 
-TEST(InverseOfAbsolute, isZeroNextToZeroOnly) {
+TEST(InverseOfAbsolute, IsZeroNextToZeroOnly) {
   EXPECT_EQ(kernels::inverseOfAbsolute(4.0), 0.25);
   EXPECT_EQ(kernels::inverseOfAbsolute(-4.0), -0.25);
   EXPECT_EQ(kernels::inverseOfAbsolute(-1e-12), -1.0 / 1e-12);
@@ -63,7 +63,7 @@ TEST(InverseOfAbsolute, isZeroNextToZeroOnly) {
   EXPECT_EQ(kernels::inverseOfAbsolute(0.0), 0.0);
 }
 
-TEST(InverseDepth, isZeroBelowTheMinimumAndNotAtIt) {
+TEST(InverseDepth, IsZeroBelowTheMinimumAndNotAtIt) {
   EXPECT_EQ(kernels::inverseDepth(0.5, 0.5), 2.0);
   EXPECT_EQ(kernels::inverseDepth(std::nextafter(0.5, 0.0), 0.5), 0.0);
   EXPECT_EQ(kernels::inverseDepth(-1.0, 0.5), 0.0);

@@ -7,8 +7,8 @@
 #include <string>
 #include <type_traits>
 
-#include "op/op_seq.h"
-#include "simulation/kernels/Parameters.h"
+#include "op/core/op_seq.h"
+#include "simulation/kernels/RunParameters.h"
 
 static_assert(std::is_same_v<decltype(op_par_loop_kernel_MORPHOLOGY_WallFluxes),
                              void(const char*, op_set, op_arg)>);
@@ -49,7 +49,7 @@ class Frames : public support::Parameters {
   std::array<int, 2> wetted{-1, -1};
 };
 
-TEST_F(Frames, takeAnArgumentEachAndRunTheirBodyWithTheParametersOfTheRun) {
+TEST_F(Frames, TakeAnArgumentEachAndRunTheirBodyWithTheParametersOfTheRun) {
   op_par_loop_kernel_HYDRAULICS_InitializeCellFeatures(
       "wet", cells, direct(state, "state", OP_READ), direct(bed, "bed", OP_READ),
       direct(wetted, "wetted", OP_WRITE));
@@ -58,7 +58,7 @@ TEST_F(Frames, takeAnArgumentEachAndRunTheirBodyWithTheParametersOfTheRun) {
   EXPECT_EQ(OP_kernels[0].count, 1);
 }
 
-TEST_F(Frames, areFoundByTheirDescription) {
+TEST_F(Frames, AreFoundByTheirDescription) {
   static_assert(loops::FrameOf<loops::InitCellHydFeatures>::run ==
                 op_par_loop_kernel_HYDRAULICS_InitializeCellFeatures);
   EXPECT_EQ(loops::FrameOf<loops::InitCellHydFeatures>::name,

@@ -61,7 +61,7 @@ std::vector<Row> rowsOfAll() {
   return rows;
 }
 
-TEST(Loops, haveTheirSlotsNamesEntriesKindsAndReductions) {
+TEST(Loops, HaveTheirSlotsNamesEntriesKindsAndReductions) {
   // clang-format off
   const std::vector<Row> expected = {
     { 0, "kernel_HYDRAULICS_InitializeCellFeatures",      3, true,  ""},
@@ -142,7 +142,7 @@ void expectSameAsCatalogue() {
   for (const MapID map : useOf<L>().maps) EXPECT_EQ(maps.count(map), 1U) << static_cast<int>(map);
 }
 
-TEST(Loops, nameTheSetsDataAndMapsOfTheCatalogue) {
+TEST(Loops, NameTheSetsDataAndMapsOfTheCatalogue) {
   loops::forEach([]<class L>() { expectSameAsCatalogue<L>(); });
 }
 
@@ -179,7 +179,7 @@ void expectShapes() {
   (std::make_index_sequence<L::rows>{});
 }
 
-TEST(Loops, reachDataThroughMapsOfFittingSetsWithTheirSizesAndTypes) {
+TEST(Loops, ReachDataThroughMapsOfFittingSetsWithTheirSizesAndTypes) {
   loops::forEach([]<class L>() { expectShapes<L>(); });
 }
 
@@ -191,7 +191,7 @@ std::set<KernelID> ordered() {
   return found;
 }
 
-TEST(Loops, whoseResultDependsOnTheOrderOfElementsSaySo) {
+TEST(Loops, WhoseResultDependsOnTheOrderOfElementsSaySo) {
   EXPECT_EQ(ordered(),
             (std::set<KernelID>{KernelID::Update, KernelID::HydSource, KernelID::MorSource,
                                 KernelID::EdgeDataModification, KernelID::CellDataModification,

@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
-#include "op/op_lib_core.h"
+#include "op/core/op_lib_core.h"
 
 namespace verification {
 

@@ -10,8 +10,8 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "op/op_lib_core.h"
-#include "simulation/kernels/parameters.h"
+#include "op/core/op_lib_core.h"
+#include "simulation/kernels/Parameters.h"
 #include "support/Process.h"
 #include "system/verification/Solution.h"
 
@@ -117,7 +117,7 @@ void BedRun::watchUpdate(const std::function<void()>& update) {
 }
 
 void BedRun::countBoundaries() {
-  if (currentTime < kernels::real(ParameterID::MorphStart)) return;
+  if (currentTime < kernels::Parameters::ofRun().real(ParameterID::MorphStart)) return;
   const auto* const flux = values<double>(DataID::FluxesMo);
   const auto* const length = values<double>(DataID::GeomLeng);
   const int* const sides = maps.at(MapID::EdgesAll_CellsAll)->map;

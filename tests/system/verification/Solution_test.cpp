@@ -17,20 +17,20 @@ Solution twoCells(double firstSurface, double secondSurface) {
   return run;
 }
 
-TEST(Solution, hasTheCentroidOfACell) {
+TEST(Solution, HasTheCentroidOfACell) {
   const Solution run = twoCells(1.0, 2.0);
   EXPECT_EQ(run.centroid(0).x, 1.0);
   EXPECT_EQ(run.centroid(1).y, 2.0);
 }
 
-TEST(Solution, countsWaterFromTheBedUp) {
+TEST(Solution, CountsWaterFromTheBedUp) {
   const Solution run = twoCells(1.5, 2.25);
   EXPECT_EQ(run.depth(run.last(), 1), 0.25);
   EXPECT_EQ(volume(run, run.last()), 4.5 * 0.5 + 10.0 * 0.25);
   EXPECT_EQ(countDeeper(run, run.last(), 0.25), 1U);
 }
 
-TEST(Solution, hasAVolumeThatKeepsWhatASumOfDoublesLoses) {
+TEST(Solution, HasAVolumeThatKeepsWhatASumOfDoublesLoses) {
   Solution run = twoCells(1.0, 2.0);
   run.areas = {1.0, 1.0, 1.0};
   run.bed = {0.0, 0.0, 0.0};
@@ -38,13 +38,13 @@ TEST(Solution, hasAVolumeThatKeepsWhatASumOfDoublesLoses) {
   EXPECT_EQ(volume(run, run.last()), 1.0);
 }
 
-TEST(Solution, tellsTheLeastDepthOfAllRecords) {
+TEST(Solution, TellsTheLeastDepthOfAllRecords) {
   Solution run = twoCells(1.5, 1.75);
   run.records.push_back({1.0, {1.5, 2.5}, {0.0, 0.0}, {0.0, 0.0}});
   EXPECT_EQ(leastDepth(run), -0.25);
 }
 
-TEST(CallsOf, readsTheNumberBeforeTheNameOfTheKernel) {
+TEST(CallsOf, ReadsTheNumberBeforeTheNameOfTheKernel) {
   const std::string console =
       " -> simulation finished! (cpu-time = 1s)\n"
       "  count   plan time    kernel name \n"

@@ -9,7 +9,7 @@ namespace {
 
 constexpr double EARTH = 9.81;
 
-TEST(Ritter, hasFourNinthsOfTheDepthAtTheDamAtAllTimes) {
+TEST(Ritter, HasFourNinthsOfTheDepthAtTheDamAtAllTimes) {
   const Ritter wave(9.0, EARTH);
   for (const double t : {0.1, 1.0, 50.0}) {
     EXPECT_NEAR(wave.at(0.0, t).depth, 4.0, 1e-14);
@@ -17,7 +17,7 @@ TEST(Ritter, hasFourNinthsOfTheDepthAtTheDamAtAllTimes) {
   }
 }
 
-TEST(Ritter, reachesFromOneCelerityBehindTheDamToTwoBeforeIt) {
+TEST(Ritter, ReachesFromOneCelerityBehindTheDamToTwoBeforeIt) {
   const Ritter wave(4.0, 4.0);  // celerity 4 m/s
   EXPECT_EQ(wave.frontSpeed(), 8.0);
   EXPECT_EQ(wave.at(-8.01, 2.0).depth, 4.0);
@@ -28,28 +28,28 @@ TEST(Ritter, reachesFromOneCelerityBehindTheDamToTwoBeforeIt) {
   EXPECT_EQ(wave.at(16.01, 2.0).velocity, 0.0);
 }
 
-TEST(Ritter, hasAQuarterOfTheDepthHalfACelerityBeforeTheDam) {
+TEST(Ritter, HasAQuarterOfTheDepthHalfACelerityBeforeTheDam) {
   const Ritter wave(4.0, 4.0);
   EXPECT_NEAR(wave.at(4.0, 2.0).depth, 1.0, 1e-15);
   EXPECT_NEAR(wave.at(4.0, 2.0).velocity, 4.0, 1e-15);
 }
 
 // Found by solving for the speed of the bore instead of the depth behind it.
-TEST(Stoker, agreesWithTheTenToOneDamBreak) {
+TEST(Stoker, AgreesWithTheTenToOneDamBreak) {
   const Stoker wave(10.0, 1.0, EARTH);
   EXPECT_NEAR(wave.middleDepth(), 3.961748167994428, 1e-12);
   EXPECT_NEAR(wave.middleVelocity(), 7.340769044034992, 1e-12);
   EXPECT_NEAR(wave.boreSpeed(), 9.819294775345174, 1e-12);
 }
 
-TEST(Stoker, isRittersWaveAtTheDamIfTheWaterBeforeItIsBelowTheCriticalRatio) {
+TEST(Stoker, IsRittersWaveAtTheDamIfTheWaterBeforeItIsBelowTheCriticalRatio) {
   constexpr double criticalRatio = 0.13827014109599195;
   EXPECT_NEAR(Stoker(1.0, criticalRatio, EARTH).middleDepth(), 4.0 / 9.0, 1e-14);
   EXPECT_NEAR(Stoker(1.0, 0.13, EARTH).at(0.0, 1.0).depth, 4.0 / 9.0, 1e-14);
   EXPECT_GT(Stoker(1.0, 0.15, EARTH).at(0.0, 1.0).depth, 4.0 / 9.0 + 1e-3);
 }
 
-TEST(Stoker, conservesMassAndMomentumOverTheBore) {
+TEST(Stoker, ConservesMassAndMomentumOverTheBore) {
   const Stoker wave(2.0, 0.3, EARTH);
   const double h = wave.middleDepth();
   const double u = wave.middleVelocity();
@@ -57,7 +57,7 @@ TEST(Stoker, conservesMassAndMomentumOverTheBore) {
   EXPECT_NEAR(wave.boreSpeed() * h * u, h * u * u + 0.5 * EARTH * (h * h - 0.3 * 0.3), 1e-12);
 }
 
-TEST(Stoker, hasStillWaterOnBothSidesOfItsWavesAndNoStepAtTheRarefaction) {
+TEST(Stoker, HasStillWaterOnBothSidesOfItsWavesAndNoStepAtTheRarefaction) {
   const Stoker wave(1.0, 0.1, EARTH);
   EXPECT_EQ(wave.at(-100.0, 1.0).depth, 1.0);
   EXPECT_EQ(wave.at(100.0, 1.0).depth, 0.1);

@@ -16,7 +16,7 @@ double slope(const std::function<double(double)>& f, double at) {
   return (f(at + STEP) - f(at - STEP)) / (2.0 * STEP);
 }
 
-TEST(FallingBed, fulfilsTheEquationsOfMotionAndOfExner) {
+TEST(FallingBed, FulfilsTheEquationsOfMotionAndOfExner) {
   const FallingBed exact({.discharge = 1.0, .coefficient = 0.005, .porosity = 0.4, .gravity = g},
                          0.005, 0.005);
   for (const double x : {0.5, 3.0, 6.5}) {
@@ -45,7 +45,7 @@ TravellingHump hump() {
           10.0};
 }
 
-TEST(TravellingHump, isInTheFlowOfEvenEnergy) {
+TEST(TravellingHump, IsInTheFlowOfEvenEnergy) {
   const TravellingHump exact = hump();
   EXPECT_NEAR(exact.velocity(0.0), 0.6 * std::sqrt(g), 1e-12);
   const double u = exact.velocity(0.05);
@@ -54,7 +54,7 @@ TEST(TravellingHump, isInTheFlowOfEvenEnergy) {
   EXPECT_LT(depth, 0.95);  // the surface is lower over the hump
 }
 
-TEST(TravellingHump, movesHeightsAtTheSlopeOfTheBedload) {
+TEST(TravellingHump, MovesHeightsAtTheSlopeOfTheBedload) {
   const TravellingHump exact = hump();
   for (const double bed : {0.0, 0.02, 0.05}) {
     const double derivative = slope([&exact](double z) { return exact.bedload(z); }, bed) / 0.6;
@@ -62,7 +62,7 @@ TEST(TravellingHump, movesHeightsAtTheSlopeOfTheBedload) {
   }
 }
 
-TEST(TravellingHump, beginsInItsShapeAndMovesItsCrestAtTheSpeedOfTheCrest) {
+TEST(TravellingHump, BeginsInItsShapeAndMovesItsCrestAtTheSpeedOfTheCrest) {
   const TravellingHump exact = hump();
   for (const double x : {-6.0, -2.0, 0.0, 3.0, 5.0}) {
     EXPECT_NEAR(exact.bed(x, 0.0), exact.shape(x), 1e-12);
@@ -73,7 +73,7 @@ TEST(TravellingHump, beginsInItsShapeAndMovesItsCrestAtTheSpeedOfTheCrest) {
   EXPECT_NEAR(exact.bed(exact.speed(0.05) * 40.0, 40.0), 0.05, 1e-9);
 }
 
-TEST(TravellingHump, keepsVolumeAndMovesItsCentreEvenlyUntilItBreaks) {
+TEST(TravellingHump, KeepsVolumeAndMovesItsCentreEvenlyUntilItBreaks) {
   const TravellingHump exact = hump();
   const double time = 0.9 * exact.breakingTime();
   double volume = 0.0;
@@ -87,7 +87,7 @@ TEST(TravellingHump, keepsVolumeAndMovesItsCentreEvenlyUntilItBreaks) {
   EXPECT_NEAR(moment / volume, exact.centreSpeed() * time, 1e-3);
 }
 
-TEST(TravellingHump, breaksWhereTheFrontIsUpright) {
+TEST(TravellingHump, BreaksWhereTheFrontIsUpright) {
   const TravellingHump exact = hump();
   const auto steepest = [&exact](double t) {
     double least = 0.0;

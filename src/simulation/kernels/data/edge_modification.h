@@ -9,8 +9,8 @@
 
 #include "catalogue/Codes.h"
 #include "catalogue/Limits.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::data {
 

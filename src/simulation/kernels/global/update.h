@@ -5,7 +5,7 @@
 // both sides of an edge, so it is picked by position and never multiplied by the sign.
 #pragma once
 
-#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/Diagnostics.h"
 #include "simulation/kernels/hydraulics/wetting.h"
 
 namespace kernels::global {

@@ -8,8 +8,8 @@
 #include <array>
 #include <cmath>
 
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::hydraulics {
 

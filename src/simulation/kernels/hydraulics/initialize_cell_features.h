@@ -2,7 +2,7 @@
 #pragma once
 
 #include "catalogue/wet.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 
 namespace kernels::hydraulics {
 

@@ -1,9 +1,9 @@
 // Prepares the cells before the time marching: their squared Chezy value.
 #pragma once
 
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/hydraulics/chezy.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::hydraulics {
 

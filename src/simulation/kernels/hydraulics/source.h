@@ -5,7 +5,7 @@
 #pragma once
 
 #include "catalogue/Codes.h"
-#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/Diagnostics.h"
 #include "simulation/kernels/hydraulics/wetting.h"
 #include "simulation/kernels/numeric.h"
 

@@ -7,8 +7,8 @@
 
 #include <cmath>
 
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::hydraulics {
 

@@ -15,8 +15,8 @@
 
 #include "catalogue/Codes.h"
 #include "catalogue/Limits.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
 

@@ -6,7 +6,7 @@
 #include <cmath>
 
 #include "catalogue/Codes.h"
-#include "simulation/kernels/parameters.h"
+#include "simulation/kernels/Parameters.h"
 
 namespace kernels::morphology {
 

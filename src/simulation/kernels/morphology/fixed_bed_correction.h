@@ -6,9 +6,9 @@
 // pass is repeated until no cell falls short by more than FixBedAccuracy.
 #pragma once
 
-#include "simulation/kernels/diagnostics.h"
+#include "simulation/kernels/Diagnostics.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
 

@@ -12,8 +12,8 @@
 
 #include <cmath>
 
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
 

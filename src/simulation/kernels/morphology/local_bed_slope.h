@@ -13,8 +13,8 @@
 
 #include "catalogue/Codes.h"
 #include "catalogue/wet.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::morphology {
 

@@ -16,9 +16,9 @@
 
 #include "catalogue/Limits.h"
 #include "catalogue/wet.h"
+#include "simulation/kernels/Parameters.h"
 #include "simulation/kernels/morphology/bedload_formulas.h"
 #include "simulation/kernels/numeric.h"
-#include "simulation/kernels/parameters.h"
 
 namespace kernels::topology {
 

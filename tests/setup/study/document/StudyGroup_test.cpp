@@ -24,7 +24,7 @@ class StudyGroup : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(StudyGroup, givesTheValuesOfItsKeys) {
+TEST_F(StudyGroup, GivesTheValuesOfItsKeys) {
   double depth = 0.0;
   int count = 0;
   std::string name;
@@ -42,7 +42,7 @@ TEST_F(StudyGroup, givesTheValuesOfItsKeys) {
   EXPECT_THAT(at, ElementsAre(1.0, 2.5));
 }
 
-TEST_F(StudyGroup, leavesAValueAsItIsIfItLacksTheKey) {
+TEST_F(StudyGroup, LeavesAValueAsItIsIfItLacksTheKey) {
   double width = 7.0;
   std::optional<double> height;
   std::array<int, 2> cells{4, 5};
@@ -54,26 +54,26 @@ TEST_F(StudyGroup, leavesAValueAsItIsIfItLacksTheKey) {
   EXPECT_THAT(cells, ElementsAre(4, 5));
 }
 
-TEST_F(StudyGroup, fillsAnOptionalValueIfItHoldsTheKey) {
+TEST_F(StudyGroup, FillsAnOptionalValueIfItHoldsTheKey) {
   std::optional<std::array<double, 2>> at;
   basin.take("at", at);
   ASSERT_TRUE(at);
   EXPECT_THAT(*at, ElementsAre(1.0, 2.5));
 }
 
-TEST_F(StudyGroup, refusesAListOfAnotherLength) {
+TEST_F(StudyGroup, RefusesAListOfAnotherLength) {
   EXPECT_EQ((refusalOf("at", std::array<double, 3>())),
             "study file <s.json>: key </BASIN/at> must be a list of 3 numbers, but is [1,2.5]");
   EXPECT_EQ((refusalOf("at", std::array<double, 1>())),
             "study file <s.json>: key </BASIN/at> must be a list of 1 numbers, but is [1,2.5]");
 }
 
-TEST_F(StudyGroup, refusesAFlagThatIsNeitherTrueNorFalse) {
+TEST_F(StudyGroup, RefusesAFlagThatIsNeitherTrueNorFalse) {
   EXPECT_EQ(refusalOf("closed", true),
             "study file <s.json>: key </BASIN/closed> must be true or false, but is 1");
 }
 
-TEST_F(StudyGroup, givesTheGroupsOfAListInOrderAndWithTheirPlaces) {
+TEST_F(StudyGroup, GivesTheGroupsOfAListInOrderAndWithTheirPlaces) {
   const std::vector<setup::StudyGroup> gates = basin.groups("GATES");
   ASSERT_EQ(gates.size(), 2U);
   EXPECT_EQ(gates[0].path(), "/BASIN/GATES/0");
@@ -81,11 +81,11 @@ TEST_F(StudyGroup, givesTheGroupsOfAListInOrderAndWithTheirPlaces) {
   EXPECT_EQ(gates[1]["sill"], 2);
 }
 
-TEST_F(StudyGroup, hasNoGroupsInAListThatIsNotThere) {
+TEST_F(StudyGroup, HasNoGroupsInAListThatIsNotThere) {
   EXPECT_TRUE(basin.groups("WEIRS").empty());
 }
 
-TEST_F(StudyGroup, namesItselfInRefusals) {
+TEST_F(StudyGroup, NamesItselfInRefusals) {
   EXPECT_EQ(faults::messageOf([this] { basin.refuse("leaks at ", 3, " places"); }),
             "study file <s.json>: </BASIN> leaks at 3 places");
   EXPECT_EQ(faults::messageOf([this] { basin.groups("GATES")[0].refuseKey("sill", "is high"); }),

@@ -48,7 +48,7 @@ class StudyDocument : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(StudyDocument, isGivenAsItIsAndWithoutAWord) {
+TEST_F(StudyDocument, IsGivenAsItIsAndWithoutAWord) {
   for (const json& study : studies::all()) {
     ::testing::internal::CaptureStdout();
     EXPECT_EQ(read(study.dump(2)), study);
@@ -56,23 +56,23 @@ TEST_F(StudyDocument, isGivenAsItIsAndWithoutAWord) {
   }
 }
 
-TEST_F(StudyDocument, mayBeginWithAByteOrderMark) {
+TEST_F(StudyDocument, MayBeginWithAByteOrderMark) {
   EXPECT_EQ(read("\xEF\xBB\xBF" + studies::withFile().dump()), studies::withFile());
 }
 
-TEST_F(StudyDocument, isRefusedIfTheFileCannotBeRead) {
+TEST_F(StudyDocument, IsRefusedIfTheFileCannotBeRead) {
   EXPECT_EQ(faults::messageOf([&] { setup::readStudyDocument(dir.file("none.json")); }),
             "study file <" + dir.file("none.json") + "> cannot be read");
 }
 
-TEST_F(StudyDocument, isRefusedIfItIsNotJson) {
+TEST_F(StudyDocument, IsRefusedIfItIsNotJson) {
   const Refusal refusal = refusalOf("{\"SETUP\": \n oops}");
   EXPECT_EQ(refusal.report, "");
   EXPECT_THAT(refusal.message, AllOf(StartsWith(start + " is not a JSON document: "),
                                      HasSubstr("line 2, column 2")));
 }
 
-TEST_F(StudyDocument, isRefusedIfItIsNestedTooDeeply) {
+TEST_F(StudyDocument, IsRefusedIfItIsNestedTooDeeply) {
   const Refusal refusal = refusalOf(std::string(100000, '[') + std::string(100000, ']'));
   EXPECT_EQ(refusal.report,
             "Parsing the JSON data file failed: nested too deeply, at most 1024 levels can be "
@@ -80,7 +80,7 @@ TEST_F(StudyDocument, isRefusedIfItIsNestedTooDeeply) {
   EXPECT_EQ(refusal.message, terminating + ".");
 }
 
-TEST_F(StudyDocument, isRefusedForAKeyThatStandsTwice) {
+TEST_F(StudyDocument, IsRefusedForAKeyThatStandsTwice) {
   EXPECT_EQ(
       refusalOf(studies::document("{}", R"({"INITIAL": {"water_level": 1, "water_level": 2}})"))
           .message,
@@ -89,23 +89,23 @@ TEST_F(StudyDocument, isRefusedForAKeyThatStandsTwice) {
             start + ": key </SETUP> stands twice in one group");
 }
 
-TEST_F(StudyDocument, isRefusedForAKeyThatStandsTwiceInAGroupOfAList) {
+TEST_F(StudyDocument, IsRefusedForAKeyThatStandsTwiceInAGroupOfAList) {
   EXPECT_EQ(refusalOf(R"({"A": [1, [2, 3], {"b": 4}, {"b": [5], "c": {}, "b": 6}]})").message,
             start + ": key </A/3/b> stands twice in one group");
 }
 
-TEST_F(StudyDocument, mayHoldTheSameKeyInDifferentGroups) {
+TEST_F(StudyDocument, MayHoldTheSameKeyInDifferentGroups) {
   EXPECT_NO_THROW(read(studies::withFile().dump()));
 }
 
-TEST_F(StudyDocument, isRefusedForAMisspeltKey) {
+TEST_F(StudyDocument, IsRefusedForAMisspeltKey) {
   const std::string place = studies::HYDRAULICS + "/PARAMETER/gravty";
   const Refusal refusal = refusalOf(place, 9.81);
   EXPECT_EQ(refusal.report, place + ": The value of this item will not be used.\n");
   EXPECT_EQ(refusal.message, terminating + ": a study must not hold keys that are not used.");
 }
 
-TEST_F(StudyDocument, isRefusedForPhysicsThatCannotBeSetUp) {
+TEST_F(StudyDocument, IsRefusedForPhysicsThatCannotBeSetUp) {
   const std::string place = studies::HYDRAULICS + "/TURBULENCE";
   const Refusal refusal = refusalOf(place, {{"type", "mixing"}});
   EXPECT_EQ(refusal.report, place + ": The value of this item will not be used.\n" + place +
@@ -113,14 +113,14 @@ TEST_F(StudyDocument, isRefusedForPhysicsThatCannotBeSetUp) {
   EXPECT_EQ(refusal.message, terminating + ": a study must not hold keys that are not used.");
 }
 
-TEST_F(StudyDocument, aSlashInAKeyDoesNotReachIntoAGroup) {
+TEST_F(StudyDocument, ASlashInAKeyDoesNotReachIntoAGroup) {
   json study = studies::withFile();
   study["SETUP/DOMAIN"] = 1;
   EXPECT_EQ(refusalOf(study.dump()).report,
             "/SETUP~1DOMAIN: The value of this item will not be used.\n");
 }
 
-TEST_F(StudyDocument, isRefusedForErrorsAllOfWhichAreReported) {
+TEST_F(StudyDocument, IsRefusedForErrorsAllOfWhichAreReported) {
   json study = studies::withRectangle();
   study[json::json_pointer(studies::HYDRAULICS + "/PARAMETER/cfl")] = 2;
   study[json::json_pointer(studies::HYDRAULICS + "/PARAMETER/gravty")] = 9.81;
@@ -144,7 +144,7 @@ struct EmptyValue {
 
 class EmptyValues : public StudyDocument, public ::testing::WithParamInterface<EmptyValue> {};
 
-TEST_P(EmptyValues, areRefused) {
+TEST_P(EmptyValues, AreRefused) {
   const auto& [name, place, value] = GetParam();
   const Refusal refusal = refusalOf(place, json::parse(value));
   EXPECT_EQ(refusal.report, "");
@@ -164,12 +164,12 @@ INSTANTIATE_TEST_SUITE_P(All, EmptyValues, ::testing::Values(
 ), [](const ::testing::TestParamInfo<EmptyValue>& empty) { return empty.param.name; });
 // clang-format on
 
-TEST_F(StudyDocument, anEmptyFloodGroupWouldTrackNothing) {
+TEST_F(StudyDocument, AnEmptyFloodGroupWouldTrackNothing) {
   EXPECT_EQ(refusalOf(studies::HYDRAULICS + "/FLOOD", json::object()).report,
             studies::HYDRAULICS + "/FLOOD/track: This item is required but missing.\n");
 }
 
-TEST_F(StudyDocument, anEmptyDocumentLacksItsGroup) {
+TEST_F(StudyDocument, AnEmptyDocumentLacksItsGroup) {
   const Refusal refusal = refusalOf("{}");
   EXPECT_EQ(refusal.report, "/SETUP: This item is required but missing.\n");
   EXPECT_EQ(refusal.message, terminating + ".");

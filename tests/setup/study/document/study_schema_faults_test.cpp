@@ -27,7 +27,7 @@ struct SchemaFault {
 
 class StudySchemaFaults : public ::testing::TestWithParam<SchemaFault> {};
 
-TEST_P(StudySchemaFaults, areReported) {
+TEST_P(StudySchemaFaults, AreReported) {
   const auto& [name, place, value, report] = GetParam();
   json study = place.find("CHANNEL") != std::string::npos ? studies::withChannel()
                                                           : studies::withRectangle();

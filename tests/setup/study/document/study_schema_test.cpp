@@ -130,7 +130,7 @@ json withoutBackticks(const std::string& cell) {
 
 }  // namespace
 
-TEST(StudySchema, completeStudiesAreClean) {
+TEST(StudySchema, CompleteStudiesAreClean) {
   for (const json& study : studies::all()) {
     const Report report = validate(study);
     EXPECT_EQ(report.verdict, 0);
@@ -138,14 +138,14 @@ TEST(StudySchema, completeStudiesAreClean) {
   }
 }
 
-TEST(StudySchema, theExampleIsClean) {
+TEST(StudySchema, TheExampleIsClean) {
   const Report report = validate(
       json::parse(support::readFile(std::string(EXAMPLES_FOLDER) + "/dam_break/study.json")));
   EXPECT_EQ(report.verdict, 0);
   EXPECT_EQ(report.text, "");
 }
 
-TEST(StudySchema, hasNoKeyThatTheStudiesOfTheTestsLack) {
+TEST(StudySchema, HasNoKeyThatTheStudiesOfTheTestsLack) {
   std::set<std::string> keys;
   for (const json& study : studies::all()) {
     forEachValue(study, Pointer(), "",
@@ -154,13 +154,13 @@ TEST(StudySchema, hasNoKeyThatTheStudiesOfTheTestsLack) {
   EXPECT_EQ(keys, keysOfTheSchema());
 }
 
-TEST(StudySchema, describesEachKey) {
+TEST(StudySchema, DescribesEachKey) {
   forEachKey([](const std::string& path, const json& schema, bool) {
     EXPECT_FALSE(schema.value("description", "").empty()) << path;
   });
 }
 
-TEST(StudySchema, anUnknownKeyIsReportedAtEachLevel) {
+TEST(StudySchema, AnUnknownKeyIsReportedAtEachLevel) {
   for (const json& study : studies::all()) {
     const auto check = [&study](const json& value, const Pointer& place, const std::string&) {
       if (!value.is_object()) return;
@@ -176,7 +176,7 @@ TEST(StudySchema, anUnknownKeyIsReportedAtEachLevel) {
   }
 }
 
-TEST(StudySchema, aValueOfAnotherTypeIsReportedForEachKey) {
+TEST(StudySchema, AValueOfAnotherTypeIsReportedForEachKey) {
   std::map<std::string, std::string> types;
   forEachKey([&types](const std::string& path, const json& schema, bool) {
     types[path] = schema.value("type", "");
@@ -199,14 +199,14 @@ TEST(StudySchema, aValueOfAnotherTypeIsReportedForEachKey) {
   }
 }
 
-TEST(StudySchema, holdsThePathsOfAllAggregates) {
+TEST(StudySchema, HoldsThePathsOfAllAggregates) {
   const std::set<std::string> keys = keysOfTheSchema();
   for (const auto& [id, paths] : model::Aggregate2CmdFilePaths) {
     for (const std::string& path : paths) EXPECT_EQ(keys.count("/" + path), 1U) << path;
   }
 }
 
-TEST(StudySchema, tellsTheDefaultsOfTheProgram) {
+TEST(StudySchema, TellsTheDefaultsOfTheProgram) {
   std::map<std::string, json> defaults;
   forEachKey([&defaults](const std::string& path, const json& schema, bool) {
     if (schema.contains("default")) defaults[path] = schema.at("default");
@@ -253,7 +253,7 @@ TEST(StudySchema, tellsTheDefaultsOfTheProgram) {
   EXPECT_EQ(defaults, expected);
 }
 
-TEST(StudySchema, namesTheTypesOfTheProgram) {
+TEST(StudySchema, NamesTheTypesOfTheProgram) {
   std::map<std::string, std::set<std::string>> choices;
   forEachKey([&choices](const std::string& path, const json& schema, bool) {
     if (schema.contains("enum")) choices[path] = schema.at("enum").get<std::set<std::string>>();
@@ -289,7 +289,7 @@ TEST(StudySchema, namesTheTypesOfTheProgram) {
   for (const auto& [key, names] : expected) EXPECT_EQ(choices.at(key), names) << key;
 }
 
-TEST(StudySchema, boundsTheInputsOfBoundariesAsTheirTableDoes) {
+TEST(StudySchema, BoundsTheInputsOfBoundariesAsTheirTableDoes) {
   std::map<std::string, json> schemas;
   forEachKey(
       [&schemas](const std::string& path, const json& schema, bool) { schemas[path] = schema; });
@@ -312,13 +312,13 @@ TEST(StudySchema, boundsTheInputsOfBoundariesAsTheirTableDoes) {
   }
 }
 
-TEST(StudySchema, eachKeyIsOnThePageAndEachKeyOfThePageIsInTheSchema) {
+TEST(StudySchema, EachKeyIsOnThePageAndEachKeyOfThePageIsInTheSchema) {
   std::set<std::string> keys;
   for (const auto& [path, cell] : readPage()) keys.insert(path);
   EXPECT_EQ(keys, keysOfTheSchema());
 }
 
-TEST(StudySchema, thePageTellsWhatIsRequiredAndTheDefaults) {
+TEST(StudySchema, ThePageTellsWhatIsRequiredAndTheDefaults) {
   const Page page = readPage();
   forEachKey([&page](const std::string& path, const json& schema, bool isRequired) {
     const auto entry = page.find(path);

@@ -29,21 +29,21 @@ std::vector<std::string_view> wordsOf(std::string_view line) {
 
 }  // namespace
 
-TEST(Cards, linesEndWithAnyOfTheLineEndsAndAreCounted) {
+TEST(Cards, LinesEndWithAnyOfTheLineEndsAndAreCounted) {
   EXPECT_THAT(linesOf("a\r\nb\n\nc\rd"),
               ElementsAre(Pair(1, "a"), Pair(2, "b"), Pair(3, ""), Pair(4, "c"), Pair(5, "d")));
 }
 
-TEST(Cards, aTextWithoutCharactersHasNoLine) {
+TEST(Cards, ATextWithoutCharactersHasNoLine) {
   EXPECT_TRUE(linesOf("").empty());
 }
 
-TEST(Cards, wordsAreSeparatedByBlanksAndTabs) {
+TEST(Cards, WordsAreSeparatedByBlanksAndTabs) {
   EXPECT_THAT(wordsOf(" ND\t1  2.5 "), ElementsAre("ND", "1", "2.5"));
   EXPECT_TRUE(wordsOf(" \t ").empty());
 }
 
-TEST(Cards, aWordIsANumberOnlyAsAWhole) {
+TEST(Cards, AWordIsANumberOnlyAsAWhole) {
   EXPECT_EQ(setup::toNumber("-1.5e3"), -1500.0);
   EXPECT_EQ(setup::toNumber("+2.5"), 2.5);
   for (const char* word : {"", "1,5", "1.5m", "+-1", "nan", "inf", "1e999"}) {
@@ -51,7 +51,7 @@ TEST(Cards, aWordIsANumberOnlyAsAWhole) {
   }
 }
 
-TEST(Cards, aWordIsAWholeNumberOnlyAsAWhole) {
+TEST(Cards, AWordIsAWholeNumberOnlyAsAWhole) {
   EXPECT_EQ(setup::toInteger("-17"), -17);
   EXPECT_EQ(setup::toInteger("+17"), 17);
   for (const char* word : {"", "1.0", "1a", "--1", "99999999999999999999"}) {
@@ -59,19 +59,19 @@ TEST(Cards, aWordIsAWholeNumberOnlyAsAWhole) {
   }
 }
 
-TEST(Cards, aFileIsReadWithoutItsByteOrderMark) {
+TEST(Cards, AFileIsReadWithoutItsByteOrderMark) {
   const support::TempDir dir;
   support::writeFile(dir.file("a.txt"), "\xEF\xBB\xBFone\r\ntwo");
   EXPECT_EQ(setup::readTextFile(dir.file("a.txt")), "one\r\ntwo");
 }
 
-TEST(Cards, anEmptyFileIsAnEmptyText) {
+TEST(Cards, AnEmptyFileIsAnEmptyText) {
   const support::TempDir dir;
   support::writeFile(dir.file("a.txt"), "");
   EXPECT_EQ(setup::readTextFile(dir.file("a.txt")), "");
 }
 
-TEST(Cards, aMissingFileAndAFolderCannotBeRead) {
+TEST(Cards, AMissingFileAndAFolderCannotBeRead) {
   const support::TempDir dir;
   EXPECT_FALSE(setup::readTextFile(dir.file("none")));
   EXPECT_FALSE(setup::readTextFile(dir.path()));

@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(

@@ -9,7 +9,7 @@
 #include <type_traits>
 
 #include "simulation/kernels/Notices.h"
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::global::update), loops::Update::Body>);
@@ -56,7 +56,7 @@ class Update : public support::Parameters {
   int massKept = 9;
 };
 
-TEST_F(Update, withoutFluxesKeepsTheStateAndFlagsTheCellWet) {
+TEST_F(Update, WithoutFluxesKeepsTheStateAndFlagsTheCellWet) {
   EXPECT_EQ(step(), "");
   EXPECT_EQ(state, (State{3.0, 1.0, -1.0}));
   EXPECT_EQ(bed, 1.0);
@@ -64,7 +64,7 @@ TEST_F(Update, withoutFluxesKeepsTheStateAndFlagsTheCellWet) {
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(Update, takesWhatLeavesThroughTheEdgesByLengthTimeAndArea) {
+TEST_F(Update, TakesWhatLeavesThroughTheEdgesByLengthTimeAndArea) {
   fluxHy[0] = {1.0, 8.0, 16.0, 99.0, 99.0};
   fluxHy[1] = {2.0, 4.0, -8.0, 99.0, 99.0};
   fluxHy[2] = {-1.0, 2.0, 4.0, 99.0, 99.0};
@@ -72,7 +72,7 @@ TEST_F(Update, takesWhatLeavesThroughTheEdgesByLengthTimeAndArea) {
   EXPECT_EQ(state, (State{3.0 - 0.125 * 1.0, 1.0 - 0.125 * 24.0, -1.0 - 0.125 * 16.0}));
 }
 
-TEST_F(Update, aCellOnTheRightReadsItsOwnMomentumAndGetsTheMass) {
+TEST_F(Update, ACellOnTheRightReadsItsOwnMomentumAndGetsTheMass) {
   sign = {-1, 1, -1};
   fluxHy[0] = {1.0, 99.0, 99.0, 8.0, 16.0};
   fluxHy[1] = {2.0, 4.0, -8.0, 99.0, 99.0};
@@ -81,14 +81,14 @@ TEST_F(Update, aCellOnTheRightReadsItsOwnMomentumAndGetsTheMass) {
   EXPECT_EQ(state, (State{3.0 - 0.125 * 1.0, 1.0 - 0.125 * 24.0, -1.0 - 0.125 * 16.0}));
 }
 
-TEST_F(Update, aCellOnTheRightOfAWallFeelsNoPressure) {
+TEST_F(Update, ACellOnTheRightOfAWallFeelsNoPressure) {
   sign = {-1, 1, 1};
   fluxHy[0] = {0.0, 8.0, 16.0, 0.0, 0.0};
   step();
   EXPECT_EQ(state, (State{3.0, 1.0, -1.0}));
 }
 
-TEST_F(Update, aDepthAtTheMinimumIsDryAndAtRest) {
+TEST_F(Update, ADepthAtTheMinimumIsDryAndAtRest) {
   drainTo(0.25);
   step();
   EXPECT_EQ(wetted, 0);
@@ -100,7 +100,7 @@ TEST_F(Update, aDepthAtTheMinimumIsDryAndAtRest) {
   EXPECT_EQ(state[1], 1.0);
 }
 
-TEST_F(Update, aMomentumFluxIntoACellThatFallsDryIsDiscarded) {
+TEST_F(Update, AMomentumFluxIntoACellThatFallsDryIsDiscarded) {
   drainTo(0.5);
   fluxHy[2] = {0.75, -50.0, 50.0, 0.0, 0.0};
   EXPECT_EQ(step(), "");
@@ -108,7 +108,7 @@ TEST_F(Update, aMomentumFluxIntoACellThatFallsDryIsDiscarded) {
   EXPECT_EQ(wetted, 0);
 }
 
-TEST_F(Update, aSurfaceAHairBelowTheBedIsDryAndStaysThere) {
+TEST_F(Update, ASurfaceAHairBelowTheBedIsDryAndStaysThere) {
   bed = 0.0;
   drainTo(-1e-13);
   EXPECT_EQ(step(), "");
@@ -120,7 +120,7 @@ TEST_F(Update, aSurfaceAHairBelowTheBedIsDryAndStaysThere) {
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(Update, aNegativeDepthIsReportedAndLeavesTheCellAsComputed) {
+TEST_F(Update, ANegativeDepthIsReportedAndLeavesTheCellAsComputed) {
   drainTo(0.5);
   fluxHy[2] = {2.0, 4.0, 8.0, 0.0, 0.0};
   EXPECT_EQ(step(), "MASS BALANCE PROBLEM: h = -0.5 < 0.0\n");
@@ -129,26 +129,26 @@ TEST_F(Update, aNegativeDepthIsReportedAndLeavesTheCellAsComputed) {
   EXPECT_EQ(massKept, 0);
 }
 
-TEST_F(Update, aNegativeDepthNamesTheCellInDebugMode) {
+TEST_F(Update, ANegativeDepthNamesTheCellInDebugMode) {
   G_Debug = 1;
   drainTo(-0.125);
   EXPECT_EQ(step(), "MASS BALANCE PROBLEM: h = -0.125 < 0.0\n... in cell 17\n");
 }
 
-TEST_F(Update, theLimitOfTheReportIsStrict) {
+TEST_F(Update, TheLimitOfTheReportIsStrict) {
   bed = 0.0;
   state[0] = std::nextafter(-1e-12, -1.0);
   EXPECT_EQ(step(), "MASS BALANCE PROBLEM: h = -1e-12 < 0.0\n");
   EXPECT_EQ(massKept, 0);
 }
 
-TEST_F(Update, theVerdictOfACellReplacesThatOfTheOneBefore) {
+TEST_F(Update, TheVerdictOfACellReplacesThatOfTheOneBefore) {
   massKept = 0;
   step();
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(Update, aNotANumberCountsAsDry) {
+TEST_F(Update, ANotANumberCountsAsDry) {
   state[0] = std::numeric_limits<double>::quiet_NaN();
   EXPECT_EQ(step(), "");
   EXPECT_EQ(wetted, 0);
@@ -156,14 +156,14 @@ TEST_F(Update, aNotANumberCountsAsDry) {
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(Update, beforeTheBedMovesBedFluxesAreNotLookedAt) {
+TEST_F(Update, BeforeTheBedMovesBedFluxesAreNotLookedAt) {
   fluxMo = {1.0, 1.0, 1.0};
   step();
   EXPECT_EQ(state[0], 3.0);
   EXPECT_EQ(bed, 1.0);
 }
 
-TEST_F(Update, aBedFluxLiftsTheWaterWithTheBed) {
+TEST_F(Update, ABedFluxLiftsTheWaterWithTheBed) {
   morphology = 1;
   fluxMo = {2.0, -1.0, 0.5};
   step();
@@ -172,7 +172,7 @@ TEST_F(Update, aBedFluxLiftsTheWaterWithTheBed) {
   EXPECT_EQ(wetted, 1);
 }
 
-TEST_F(Update, aBedFluxFollowsTheSignOfTheEdge) {
+TEST_F(Update, ABedFluxFollowsTheSignOfTheEdge) {
   morphology = 1;
   sign = {-1, -1, 1};
   fluxMo = {2.0, -1.0, 0.5};
@@ -181,7 +181,7 @@ TEST_F(Update, aBedFluxFollowsTheSignOfTheEdge) {
   EXPECT_EQ(state[0], 3.0 - 0.125 * 2.0);
 }
 
-TEST_F(Update, onlyTheLiquidFluxChangesTheDepth) {
+TEST_F(Update, OnlyTheLiquidFluxChangesTheDepth) {
   morphology = 1;
   fluxMo = {2.0, -1.0, 0.5};
   fluxHy[0][0] = 2.0;
@@ -189,7 +189,7 @@ TEST_F(Update, onlyTheLiquidFluxChangesTheDepth) {
   EXPECT_EQ(state[0] - bed, 2.0 - 0.125 * 2.0);
 }
 
-TEST_F(Update, keepsTheOrderOfItsOperations) {
+TEST_F(Update, KeepsTheOrderOfItsOperations) {
   dt = 0.0137;
   area = 0.71;
   length = {0.11, 1.3, 0.97};

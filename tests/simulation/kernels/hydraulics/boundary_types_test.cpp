@@ -5,7 +5,7 @@
 #include <array>
 #include <cmath>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 
 namespace {
 
@@ -26,7 +26,7 @@ class BoundaryTypes : public support::Parameters {
   }
 };
 
-TEST_F(BoundaryTypes, aCellIsSeenInTheFrameOfTheEdge) {
+TEST_F(BoundaryTypes, ACellIsSeenInTheFrameOfTheEdge) {
   const hydraulics::BoundaryCell seen = cell(3.0, 3.0, 4.0, 1.0);
   EXPECT_EQ(seen.H, 3.0);
   EXPECT_EQ(seen.z, 1.0);
@@ -36,30 +36,30 @@ TEST_F(BoundaryTypes, aCellIsSeenInTheFrameOfTheEdge) {
   EXPECT_EQ(seen.q, 5.0);
 }
 
-TEST_F(BoundaryTypes, pressureIsThatOfTheSurfaceOverTheBed) {
+TEST_F(BoundaryTypes, PressureIsThatOfTheSurfaceOverTheBed) {
   EXPECT_EQ(hydraulics::hydrostaticPressure(par(), 4.0, 1.0), (2.0 - 1.0) * (4.0 * 8.0));
 }
 
-TEST_F(BoundaryTypes, theFroudeNumberIsSpeedOverCelerity) {
+TEST_F(BoundaryTypes, TheFroudeNumberIsSpeedOverCelerity) {
   EXPECT_EQ(hydraulics::froudeNumber(par(), cell(3.0, 3.0, 4.0, 1.0)), 5.0 / (4.0 * 2.0));
 }
 
-TEST_F(BoundaryTypes, theFroudeNumberOfNoDepthIsZero) {
+TEST_F(BoundaryTypes, TheFroudeNumberOfNoDepthIsZero) {
   EXPECT_EQ(hydraulics::froudeNumber(par(), cell(1.0, 3.0, 4.0, 1.0)), 0.0);
   EXPECT_EQ(hydraulics::froudeNumber(par(), cell(0.0, 3.0, 4.0, 1.0)), 0.0);
 }
 
-TEST_F(BoundaryTypes, theNormalDepthHasNoSign) {
+TEST_F(BoundaryTypes, TheNormalDepthHasNoSign) {
   EXPECT_EQ(hydraulics::normalDepth(par(), 4.0, 2.0, 0.125), 2.0);
   EXPECT_EQ(hydraulics::normalDepth(par(), -4.0, 2.0, 0.125), 2.0);
 }
 
-TEST_F(BoundaryTypes, aDepthBelowTheMinimumHasNoInverse) {
+TEST_F(BoundaryTypes, ADepthBelowTheMinimumHasNoInverse) {
   EXPECT_EQ(hydraulics::inverseWetDepth(par(), 0.25), 4.0);
   EXPECT_EQ(hydraulics::inverseWetDepth(par(), std::nextafter(0.25, 0.0)), 0.0);
 }
 
-TEST_F(BoundaryTypes, aOneSidedFluxIsTurnedIntoTheAxesAndSparesTheRightCell) {
+TEST_F(BoundaryTypes, AOneSidedFluxIsTurnedIntoTheAxesAndSparesTheRightCell) {
   const std::array<double, 2> normal{0.5, -0.25};
   Flux flux{9.0, 9.0, 9.0, 9.0, 9.0};
   hydraulics::oneSidedFlux(normal.data(), 3.0, 8.0, 4.0, flux.data());

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(
@@ -48,23 +48,23 @@ class CalcCurvature : public support::Parameters {
   std::array<double, 6> weight{0.5, 0.25, -0.25, 1.0, 2.0, 4.0};
 };
 
-TEST_F(CalcCurvature, ofUniformFlowIsZero) {
+TEST_F(CalcCurvature, OfUniformFlowIsZero) {
   EXPECT_EQ(curvature(), 0.0);
 }
 
-TEST_F(CalcCurvature, ofACellAtRestIsZero) {
+TEST_F(CalcCurvature, OfACellAtRestIsZero) {
   state = {3.0, 0.0, 0.0};
   neighbours[0].state = {3.0, 5.0, 6.0};
   EXPECT_EQ(curvature(), 0.0);
 }
 
-TEST_F(CalcCurvature, ofADryCellIsZeroWhateverItsDischarge) {
+TEST_F(CalcCurvature, OfADryCellIsZeroWhateverItsDischarge) {
   state = {1.125, 2.0, 1.0};
   neighbours[0].state = {3.0, 5.0, 6.0};
   EXPECT_EQ(curvature(), 0.0);
 }
 
-TEST_F(CalcCurvature, countsADifferenceByItsProjectionOnTheFlow) {
+TEST_F(CalcCurvature, CountsADifferenceByItsProjectionOnTheFlow) {
   neighbours[0].state = {3.0, 2.0, 1.0};  // dv = 0.5, straight ahead at 2 m
   EXPECT_EQ(curvature(), 0.5 * (0.5 * 2.0));
   neighbours[0].state = {3.0, 2.0, 0.0};
@@ -72,12 +72,12 @@ TEST_F(CalcCurvature, countsADifferenceByItsProjectionOnTheFlow) {
   EXPECT_EQ(curvature(), 0.0);
 }
 
-TEST_F(CalcCurvature, theProjectionHasNoSign) {
+TEST_F(CalcCurvature, TheProjectionHasNoSign) {
   neighbours[1].state = {3.0, 2.0, 1.0};  // behind: |-0.6 * 5| = 3
   EXPECT_DOUBLE_EQ(curvature(), -0.25 * (0.5 * 3.0));
 }
 
-TEST_F(CalcCurvature, aDryNeighbourCountsWithVelocityZero) {
+TEST_F(CalcCurvature, ADryNeighbourCountsWithVelocityZero) {
   state = {3.0, 2.0, 2.0};  // u = v = 1, U^2 = 2
   for (Neighbour& neighbour : neighbours) neighbour.state = state;
   neighbours[0].state = {1.125, 2.0, 2.0};
@@ -87,7 +87,7 @@ TEST_F(CalcCurvature, aDryNeighbourCountsWithVelocityZero) {
   EXPECT_NE(curvature(), 0.0);
 }
 
-TEST_F(CalcCurvature, aDepthAtTheMinimumStillFlows) {
+TEST_F(CalcCurvature, ADepthAtTheMinimumStillFlows) {
   state = {1.25, 0.25, 0.0};  // u = 1
   neighbours[0].state = {1.25, 0.25, 0.125};
   neighbours[1].state = {1.25, 0.25, 0.0};
@@ -95,7 +95,7 @@ TEST_F(CalcCurvature, aDepthAtTheMinimumStillFlows) {
   EXPECT_EQ(curvature(), 0.5 * (0.5 * 2.0));
 }
 
-TEST_F(CalcCurvature, takesAllNeighboursWeightsAndDirections) {
+TEST_F(CalcCurvature, TakesAllNeighboursWeightsAndDirections) {
   state = {3.0, 1.0, 2.0};  // u = 0.5, v = 1
   const double u = 0.5;
   const double v = 1.0;
@@ -116,7 +116,7 @@ TEST_F(CalcCurvature, takesAllNeighboursWeightsAndDirections) {
   EXPECT_NEAR(curvature(), turn / (U * U * U), 1e-14);
 }
 
-TEST_F(CalcCurvature, ofAVelocityNextToZeroIsZero) {
+TEST_F(CalcCurvature, OfAVelocityNextToZeroIsZero) {
   state = {3.0, 1e-4, 0.0};  // U^3 is below 1e-12, U is not
   neighbours[0].state = {3.0, 1e-4, 1.0};
   EXPECT_EQ(curvature(), 0.0);

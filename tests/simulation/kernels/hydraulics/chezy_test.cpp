@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 
 namespace {
 

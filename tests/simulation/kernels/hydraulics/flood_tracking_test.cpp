@@ -26,17 +26,17 @@ class FloodTracking : public ::testing::Test {
   Flood flood{};
 };
 
-TEST_F(FloodTracking, aDryCellIsPassedOver) {
+TEST_F(FloodTracking, ADryCellIsPassedOver) {
   track(5.0, 0, 2.0, 3.0, 4.0);
   EXPECT_EQ(flood, (Flood{}));
 }
 
-TEST_F(FloodTracking, keepsArrivalDepthVelocityAndDischarge) {
+TEST_F(FloodTracking, KeepsArrivalDepthVelocityAndDischarge) {
   track(5.0, 1, 2.0, 3.0, -4.0);
   EXPECT_EQ(flood, (Flood{5.0, 2.0, 2.5, 5.0}));
 }
 
-TEST_F(FloodTracking, arrivalIsTheFirstWetStepAfterTimeZero) {
+TEST_F(FloodTracking, ArrivalIsTheFirstWetStepAfterTimeZero) {
   track(0.0, 1, 2.0, 0.0, 0.0);
   EXPECT_EQ(flood[0], 0.0);
   track(0.25, 1, 2.0, 0.0, 0.0);
@@ -45,20 +45,20 @@ TEST_F(FloodTracking, arrivalIsTheFirstWetStepAfterTimeZero) {
   EXPECT_EQ(flood[0], 0.25);
 }
 
-TEST_F(FloodTracking, aCellThatFallsDryAndFloodsAgainKeepsArrivalAndMaxima) {
+TEST_F(FloodTracking, ACellThatFallsDryAndFloodsAgainKeepsArrivalAndMaxima) {
   track(5.0, 1, 2.0, 3.0, 4.0);
   track(6.0, 0, 0.0, 0.0, 0.0);
   track(7.0, 1, 1.0, 0.0, 0.5);
   EXPECT_EQ(flood, (Flood{5.0, 2.0, 2.5, 5.0}));
 }
 
-TEST_F(FloodTracking, eachMaximumHasATimeOfItsOwn) {
+TEST_F(FloodTracking, EachMaximumHasATimeOfItsOwn) {
   track(5.0, 1, 4.0, 1.0, 0.0);
   track(6.0, 1, 0.5, 0.0, 2.0);
   EXPECT_EQ(flood, (Flood{5.0, 4.0, 4.0, 2.0}));
 }
 
-TEST_F(FloodTracking, aDepthNextToZeroHasNoVelocity) {
+TEST_F(FloodTracking, ADepthNextToZeroHasNoVelocity) {
   const double time = 5.0;
   const double bed = 0.0;
   const int wetted = 1;
@@ -67,7 +67,7 @@ TEST_F(FloodTracking, aDepthNextToZeroHasNoVelocity) {
   EXPECT_EQ(flood, (Flood{5.0, 1e-13, 0.0, 1.0}));
 }
 
-TEST_F(FloodTracking, aNotANumberDoesNotReplaceAMaximum) {
+TEST_F(FloodTracking, ANotANumberDoesNotReplaceAMaximum) {
   track(5.0, 1, 2.0, 3.0, 4.0);
   track(6.0, 1, 1.0, std::numeric_limits<double>::quiet_NaN(), 0.0);
   EXPECT_EQ(flood, (Flood{5.0, 2.0, 2.5, 5.0}));

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::friction), loops::HydFriction::Body>);

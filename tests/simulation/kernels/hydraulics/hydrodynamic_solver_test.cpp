@@ -7,7 +7,7 @@
 #include <limits>
 #include <vector>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 
 namespace {
 
@@ -47,14 +47,14 @@ class HydrodynamicSolver : public support::Parameters {
   std::array<double, 2> normal{1.0, 0.0};
 };
 
-TEST_F(HydrodynamicSolver, leavesALakeAtRestOverABedStepAtRest) {
+TEST_F(HydrodynamicSolver, LeavesALakeAtRestOverABedStepAtRest) {
   EXPECT_EQ(flux({4.0, 0.0, 0.0, 1.0, 1}, {4.0, 0.0, 0.0, 2.0, 1}),
             (Flux{0.0, pressure(4.0, 1.0), 0.0, -pressure(4.0, 2.0), 0.0}));
   EXPECT_EQ(flux({4.0, 0.0, 0.0, 2.0, 1}, {4.0, 0.0, 0.0, 1.0, 1}),
             (Flux{0.0, pressure(4.0, 2.0), 0.0, -pressure(4.0, 1.0), 0.0}));
 }
 
-TEST_F(HydrodynamicSolver, pushesACellOfALakeAtRestEquallyHardThroughAllItsEdges) {
+TEST_F(HydrodynamicSolver, PushesACellOfALakeAtRestEquallyHardThroughAllItsEdges) {
   const Cell cell{4.0, 0.0, 0.0, 1.0, 1};
   const double alone = flux(cell, cell)[1];
   for (const double bed : {-2.0, 0.5, 1.0, 3.0, 3.9375}) {
@@ -63,19 +63,19 @@ TEST_F(HydrodynamicSolver, pushesACellOfALakeAtRestEquallyHardThroughAllItsEdges
   }
 }
 
-TEST_F(HydrodynamicSolver, leavesStillWaterBelowADryBankAtRest) {
+TEST_F(HydrodynamicSolver, LeavesStillWaterBelowADryBankAtRest) {
   EXPECT_EQ(flux({2.0, 0.0, 0.0, 1.0, 1}, {4.0, 0.0, 0.0, 4.0, 0}),
             (Flux{0.0, pressure(2.0, 1.0), 0.0, -pressure(4.0, 4.0), 0.0}));
   EXPECT_EQ(flux({4.0, 0.0, 0.0, 4.0, 0}, {2.0, 0.0, 0.0, 1.0, 1}),
             (Flux{0.0, pressure(4.0, 4.0), 0.0, -pressure(2.0, 1.0), 0.0}));
 }
 
-TEST_F(HydrodynamicSolver, givesPurePressureWhereBothEdgeDepthsAreZero) {
+TEST_F(HydrodynamicSolver, GivesPurePressureWhereBothEdgeDepthsAreZero) {
   EXPECT_EQ(flux({2.0, 0.0, 0.0, 2.0, 0}, {2.0, 0.0, 0.0, 2.0, 0}),
             (Flux{0.0, pressure(2.0, 2.0), 0.0, -pressure(2.0, 2.0), 0.0}));
 }
 
-TEST_F(HydrodynamicSolver, runsTheStarBranchWhereBothEdgeDepthsAreBelowTheMinimum) {
+TEST_F(HydrodynamicSolver, RunsTheStarBranchWhereBothEdgeDepthsAreBelowTheMinimum) {
   use(2.0, 1.0);
   // c is 1 and 0.5, so SL = -1, SR = 2, D = -0.75, the contact moves at 1 and hk = 0.25.
   const Flux result = flux({0.5, 0.0, 0.0, 0.0, 0}, {0.125, 0.0, 0.0, 0.0, 0});
@@ -84,7 +84,7 @@ TEST_F(HydrodynamicSolver, runsTheStarBranchWhereBothEdgeDepthsAreBelowTheMinimu
   EXPECT_DOUBLE_EQ(result[3], -result[1]);
 }
 
-TEST_F(HydrodynamicSolver, drainsAWetCellThatFlowsAwayFromADryOne) {
+TEST_F(HydrodynamicSolver, DrainsAWetCellThatFlowsAwayFromADryOne) {
   use(2.0, 0.125);
   // c = 1, u = 0.25: the dry-bed front moves at -1.75, and so does the contact; SR = 1.25.
   const double momentum = 0.25 * 0.125 + 2.0 * 0.5 * 0.25;
@@ -95,13 +95,13 @@ TEST_F(HydrodynamicSolver, drainsAWetCellThatFlowsAwayFromADryOne) {
   EXPECT_DOUBLE_EQ(result[2], 0.0625 + 1.25 * (star * 0.5 - 0.25));
 }
 
-TEST_F(HydrodynamicSolver, treatsAnEmergingStepAsAWallForTheDischarge) {
+TEST_F(HydrodynamicSolver, TreatsAnEmergingStepAsAWallForTheDischarge) {
   const Cell bank{4.0, 0.0, 0.0, 4.0, 0};
   EXPECT_EQ(flux({2.0, 7.0, -3.0, 1.0, 1}, bank), flux({2.0, 0.0, 0.0, 1.0, 1}, bank));
   EXPECT_EQ(flux(bank, {2.0, 7.0, -3.0, 1.0, 1}), flux(bank, {2.0, 0.0, 0.0, 1.0, 1}));
 }
 
-TEST_F(HydrodynamicSolver, takesAnEmptyStarStateWhereWaveAndContactCoincide) {
+TEST_F(HydrodynamicSolver, TakesAnEmptyStarStateWhereWaveAndContactCoincide) {
   use(2.0, 0.125);
   const double h = 1e-27;  // celerities next to zero: SL - Sc is above -1e-12
   const double c = std::sqrt(2.0 * h);
@@ -110,7 +110,7 @@ TEST_F(HydrodynamicSolver, takesAnEmptyStarStateWhereWaveAndContactCoincide) {
   EXPECT_TRUE(std::isfinite(result[1]));
 }
 
-TEST_F(HydrodynamicSolver, takesTheUpstreamFluxOfSupercriticalFlow) {
+TEST_F(HydrodynamicSolver, TakesTheUpstreamFluxOfSupercriticalFlow) {
   // h = 2 and c = 4 on both sides; u = 5 and v = 3.
   const Flux toTheRight = flux({2.0, 10.0, 6.0, 0.0, 1}, {2.0, 11.0, 0.0, 0.0, 1});
   EXPECT_EQ(toTheRight, (Flux{10.0, 16.0 + 50.0, 30.0, -66.0, -30.0}));
@@ -118,7 +118,7 @@ TEST_F(HydrodynamicSolver, takesTheUpstreamFluxOfSupercriticalFlow) {
   EXPECT_EQ(toTheLeft, (Flux{-10.0, 16.0 + 50.0, -30.0, -66.0, 30.0}));
 }
 
-TEST_F(HydrodynamicSolver, looksTheSameFromBothSides) {
+TEST_F(HydrodynamicSolver, LooksTheSameFromBothSides) {
   const Cell one{2.0, 0.75, -0.5, 0.25, 1};
   const Cell other{1.5, -0.25, 1.0, 0.5, 1};
   const Flux seen = flux(one, other);
@@ -131,14 +131,14 @@ TEST_F(HydrodynamicSolver, looksTheSameFromBothSides) {
   EXPECT_DOUBLE_EQ(mirrored[4], seen[2]);
 }
 
-TEST_F(HydrodynamicSolver, turnsWithTheEdge) {
+TEST_F(HydrodynamicSolver, TurnsWithTheEdge) {
   const Flux east = flux({2.0, 0.75, -0.5, 0.25, 1}, {1.5, -0.25, 1.0, 0.5, 1});
   normal = {0.0, 1.0};
   const Flux north = flux({2.0, 0.5, 0.75, 0.25, 1}, {1.5, -1.0, -0.25, 0.5, 1});
   EXPECT_EQ(north, (Flux{east[0], -east[2], east[1], -east[4], east[3]}));
 }
 
-TEST_F(HydrodynamicSolver, onlyTheFlagOneCountsAsWet) {
+TEST_F(HydrodynamicSolver, OnlyTheFlagOneCountsAsWet) {
   const Cell right{1.5, -0.25, 1.0, 0.5, 1};
   const Flux dry = flux({2.0, 0.0, 0.0, 0.25, 1}, right);
   EXPECT_EQ(flux({2.0, 0.75, -0.5, 0.25, 2}, right), dry);
@@ -146,12 +146,12 @@ TEST_F(HydrodynamicSolver, onlyTheFlagOneCountsAsWet) {
   EXPECT_NE(flux({2.0, 0.75, -0.5, 0.25, 1}, right), dry);
 }
 
-TEST_F(HydrodynamicSolver, anEdgeDepthAtTheMinimumStillHasAVelocity) {
+TEST_F(HydrodynamicSolver, AnEdgeDepthAtTheMinimumStillHasAVelocity) {
   const Cell left{0.125, 1.0, 0.0, 0.0, 1};
   EXPECT_EQ(flux(left, left)[0], 1.0);  // u = 8, c = 1: supercritical
 }
 
-TEST_F(HydrodynamicSolver, passesANotANumberOn) {
+TEST_F(HydrodynamicSolver, PassesANotANumberOn) {
   const double nothing = std::numeric_limits<double>::quiet_NaN();
   EXPECT_TRUE(std::isnan(flux({2.0, nothing, 0.0, 0.0, 1}, {2.0, 0.0, 0.0, 0.0, 1})[0]));
 }
@@ -244,7 +244,7 @@ std::vector<Cell> cells() {
 }
 
 // Mass is solved once: the second problem of an emerging edge serves momentum only.
-TEST_F(HydrodynamicSolver, keepsTheOrderOfItsOperationsInAllBranches) {
+TEST_F(HydrodynamicSolver, KeepsTheOrderOfItsOperationsInAllBranches) {
   use(9.81, 0.001);
   normal = {0.6, -0.8};
   StepByStep stepByStep(9.81, 0.001);

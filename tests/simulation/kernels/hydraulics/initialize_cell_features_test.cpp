@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::initialize_cell_features),
@@ -26,19 +26,19 @@ class InitializeHydCellFeatures : public support::Parameters {
   }
 };
 
-TEST_F(InitializeHydCellFeatures, aCellAboveTheMinimumDepthIsWet) {
+TEST_F(InitializeHydCellFeatures, ACellAboveTheMinimumDepthIsWet) {
   EXPECT_EQ(wettedAt(std::nextafter(1.5, 2.0), 1.0), 1);
 }
 
-TEST_F(InitializeHydCellFeatures, aCellAtTheMinimumDepthIsDry) {
+TEST_F(InitializeHydCellFeatures, ACellAtTheMinimumDepthIsDry) {
   EXPECT_EQ(wettedAt(1.5, 1.0), 0);
 }
 
-TEST_F(InitializeHydCellFeatures, aSurfaceBelowTheBedIsDry) {
+TEST_F(InitializeHydCellFeatures, ASurfaceBelowTheBedIsDry) {
   EXPECT_EQ(wettedAt(0.0, 1.0), 0);
 }
 
-TEST_F(InitializeHydCellFeatures, withoutAMinimumAnyWaterIsWet) {
+TEST_F(InitializeHydCellFeatures, WithoutAMinimumAnyWaterIsWet) {
   set(ParameterID::MinWaterDepth, 0.0);
   EXPECT_EQ(wettedAt(1.0, 1.0), 0);
   EXPECT_EQ(wettedAt(std::nextafter(1.0, 2.0), 1.0), 1);

@@ -5,7 +5,7 @@
 #include <array>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(
@@ -15,7 +15,7 @@ namespace {
 
 class InternalFluxes : public support::Parameters {};
 
-TEST_F(InternalFluxes, areThoseOfTheSolverForTheTwoCells) {
+TEST_F(InternalFluxes, AreThoseOfTheSolverForTheTwoCells) {
   set(ParameterID::Gravity, 9.81);
   set(ParameterID::MinWaterDepth, 0.001);
   const std::array<double, 2> normal{0.6, -0.8};

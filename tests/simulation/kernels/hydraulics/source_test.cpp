@@ -8,7 +8,7 @@
 #include <type_traits>
 
 #include "simulation/kernels/Notices.h"
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::hydraulics::source), loops::HydSource::Body>);

@@ -7,7 +7,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(
@@ -37,43 +37,43 @@ class TimeStep : public support::Parameters {
   double bedRight = 3.0;
 };
 
-TEST_F(TimeStep, betweenDryCellsLeavesTheRunningMinimumAlone) {
+TEST_F(TimeStep, BetweenDryCellsLeavesTheRunningMinimumAlone) {
   wettedLeft = 0;
   wettedRight = 0;
   EXPECT_EQ(bound(100.0), 100.0);
   EXPECT_EQ(bound(2e12), 1e12);
 }
 
-TEST_F(TimeStep, ofACellAtRestIsItsSizeOverTheCelerity) {
+TEST_F(TimeStep, OfACellAtRestIsItsSizeOverTheCelerity) {
   wettedRight = 0;
   EXPECT_EQ(bound(), 8.0 / (4.0 + 1e-12));
 }
 
-TEST_F(TimeStep, takesTheSmallerOfBothSides) {
+TEST_F(TimeStep, TakesTheSmallerOfBothSides) {
   EXPECT_EQ(bound(), 4.0 / (4.0 + 1e-12));
   size = {4.0, 8.0};
   EXPECT_EQ(bound(), 4.0 / (4.0 + 1e-12));
 }
 
-TEST_F(TimeStep, aDryRightCellLeavesTheLeftOneAsTheOnlyLimit) {
+TEST_F(TimeStep, ADryRightCellLeavesTheLeftOneAsTheOnlyLimit) {
   size = {8.0, 1e-9};
   wettedRight = 0;
   EXPECT_EQ(bound(), 8.0 / (4.0 + 1e-12));
 }
 
-TEST_F(TimeStep, aDryLeftCellLeavesTheRightOneAsTheOnlyLimit) {
+TEST_F(TimeStep, ADryLeftCellLeavesTheRightOneAsTheOnlyLimit) {
   size = {1e-9, 4.0};
   wettedLeft = 0;
   EXPECT_EQ(bound(), 4.0 / (4.0 + 1e-12));
 }
 
-TEST_F(TimeStep, onlyTheFlagOneIsWet) {
+TEST_F(TimeStep, OnlyTheFlagOneIsWet) {
   wettedLeft = 2;
   wettedRight = -1;
   EXPECT_EQ(bound(), 100.0);
 }
 
-TEST_F(TimeStep, theNormalVelocityShortensItWhateverItsDirection) {
+TEST_F(TimeStep, TheNormalVelocityShortensItWhateverItsDirection) {
   wettedRight = 0;
   left = {3.0, 6.0, 8.0};  // qn = 10, so the speed is 5
   EXPECT_DOUBLE_EQ(bound(), 8.0 / (4.0 + 5.0 + 1e-12));
@@ -81,18 +81,18 @@ TEST_F(TimeStep, theNormalVelocityShortensItWhateverItsDirection) {
   EXPECT_DOUBLE_EQ(bound(), 8.0 / (4.0 + 5.0 + 1e-12));
 }
 
-TEST_F(TimeStep, flowAlongTheEdgeDoesNotCount) {
+TEST_F(TimeStep, FlowAlongTheEdgeDoesNotCount) {
   wettedRight = 0;
   normal = {1.0, 0.0};
   left = {3.0, 0.0, 50.0};
   EXPECT_EQ(bound(), 8.0 / (4.0 + 1e-12));
 }
 
-TEST_F(TimeStep, aLowerRunningMinimumStays) {
+TEST_F(TimeStep, ALowerRunningMinimumStays) {
   EXPECT_EQ(bound(0.25), 0.25);
 }
 
-TEST_F(TimeStep, aNotANumberAtOneSideDoesNotSetIt) {
+TEST_F(TimeStep, ANotANumberAtOneSideDoesNotSetIt) {
   left[1] = std::numeric_limits<double>::quiet_NaN();
   EXPECT_EQ(bound(), 4.0 / (4.0 + 1e-12));
   wettedRight = 0;

@@ -5,7 +5,7 @@
 #include <array>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/kernels/hydraulics/hydrodynamic_solver.h"
 #include "simulation/loops/descriptions.h"
 
@@ -34,23 +34,23 @@ class WallFluxes : public support::Parameters {
   std::array<double, 2> normal{0.5, -0.75};
 };
 
-TEST_F(WallFluxes, holdNothingButThePressureOfTheCell) {
+TEST_F(WallFluxes, HoldNothingButThePressureOfTheCell) {
   // (0.5 * 4 - 1) * 4 * 8 = 32
   EXPECT_EQ(flux(), (Flux{0.0, 16.0, -24.0, 0.0, 0.0}));
 }
 
-TEST_F(WallFluxes, doNotSeeTheDischarge) {
+TEST_F(WallFluxes, DoNotSeeTheDischarge) {
   state = {4.0, 7.0, -5.0};
   EXPECT_EQ(flux(), (Flux{0.0, 16.0, -24.0, 0.0, 0.0}));
 }
 
-TEST_F(WallFluxes, ofADryCellFollowTheSameFormula) {
+TEST_F(WallFluxes, OfADryCellFollowTheSameFormula) {
   state = {1.0, 0.0, 0.0};  // (0.5 - 1) * 8 = -4
   EXPECT_EQ(flux(), (Flux{0.0, -2.0, 3.0, 0.0, 0.0}));
 }
 
 // What keeps a lake at rest still next to a wall: an edge between cells pushes just as hard.
-TEST_F(WallFluxes, balanceTheInnerEdgesOfALakeAtRest) {
+TEST_F(WallFluxes, BalanceTheInnerEdgesOfALakeAtRest) {
   const int wet = 1;
   const double otherBed = 2.0;
   Flux inner{};

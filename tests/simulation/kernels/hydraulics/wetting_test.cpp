@@ -4,7 +4,7 @@
 
 #include <array>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 
 namespace {
 
@@ -18,24 +18,24 @@ class Wetting : public support::Parameters {
   int wetted = 7;
 };
 
-TEST_F(Wetting, aCellAboveTheMinimumIsWetAndKeepsItsMotion) {
+TEST_F(Wetting, ACellAboveTheMinimumIsWetAndKeepsItsMotion) {
   EXPECT_TRUE(settle(par(), 0.011, state.data(), &wetted));
   EXPECT_EQ(wetted, 1);
   EXPECT_EQ(state, (std::array<double, 3>{1.0, 2.0, 3.0}));
 }
 
-TEST_F(Wetting, aCellAtTheMinimumIsDryAndKeepsItsWaterOnly) {
+TEST_F(Wetting, ACellAtTheMinimumIsDryAndKeepsItsWaterOnly) {
   EXPECT_TRUE(settle(par(), 0.01, state.data(), &wetted));
   EXPECT_EQ(wetted, 0);
   EXPECT_EQ(state, (std::array<double, 3>{1.0, 0.0, 0.0}));
 }
 
-TEST_F(Wetting, roundOffBelowTheBedIsDry) {
+TEST_F(Wetting, RoundOffBelowTheBedIsDry) {
   EXPECT_TRUE(settle(par(), -1e-12, state.data(), &wetted));
   EXPECT_EQ(wetted, 0);
 }
 
-TEST_F(Wetting, aNegativeDepthLeavesTheCellAlone) {
+TEST_F(Wetting, ANegativeDepthLeavesTheCellAlone) {
   EXPECT_FALSE(settle(par(), -1.1e-12, state.data(), &wetted));
   EXPECT_EQ(wetted, 7);
   EXPECT_EQ(state, (std::array<double, 3>{1.0, 2.0, 3.0}));

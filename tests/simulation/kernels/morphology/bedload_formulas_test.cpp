@@ -5,7 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 
 namespace {
 
@@ -33,14 +33,14 @@ class MorBedloadFormulas : public support::Parameters {
   }
 };
 
-TEST_F(MorBedloadFormulas, inverseChezyIsTheSmallestNormalNumberWithoutFriction) {
+TEST_F(MorBedloadFormulas, InverseChezyIsTheSmallestNormalNumberWithoutFriction) {
   const double chezy = 4.0;
   EXPECT_EQ(inverseChezy(0, nullptr), 2.2250738585072014e-308);
   EXPECT_EQ(inverseChezy(2, &chezy), 2.2250738585072014e-308);
   EXPECT_EQ(inverseChezy(1, &chezy), 0.25);
 }
 
-TEST_F(MorBedloadFormulas, inverseChezyIsZeroOnlyBelowTheTolerance) {
+TEST_F(MorBedloadFormulas, InverseChezyIsZeroOnlyBelowTheTolerance) {
   double chezy = 1e-12;
   EXPECT_EQ(inverseChezy(1, &chezy), 1.0 / 1e-12);
   chezy = std::nextafter(chezy, 0.0);
@@ -49,14 +49,14 @@ TEST_F(MorBedloadFormulas, inverseChezyIsZeroOnlyBelowTheTolerance) {
   EXPECT_EQ(inverseChezy(1, &chezy), 0.0);
 }
 
-TEST_F(MorBedloadFormulas, grassIsAPowerOfTheExcessVelocity) {
+TEST_F(MorBedloadFormulas, GrassIsAPowerOfTheExcessVelocity) {
   setPower(2.0, 2.0);
   const BedloadRate rate = grassBedload(par(), {2.0, 0.5, NaN, NaN, 0.5});
   EXPECT_EQ(rate.capacity, 0.5);    // 2 * 0.5^2
   EXPECT_EQ(rate.derivative, 1.0);  // 2 * 2 * 0.5 * 0.5
 }
 
-TEST_F(MorBedloadFormulas, grassIsZeroAtAndBelowTheThreshold) {
+TEST_F(MorBedloadFormulas, GrassIsZeroAtAndBelowTheThreshold) {
   for (const double B : {0.5, 1.0, 1.5, 3.0}) {
     setPower(2.0, B);
     EXPECT_EQ(grassBedload(par(), {1.0, 0.5, NaN, NaN, 0.5}).capacity, 0.0) << B;
@@ -64,7 +64,7 @@ TEST_F(MorBedloadFormulas, grassIsZeroAtAndBelowTheThreshold) {
   }
 }
 
-TEST_F(MorBedloadFormulas, derivativesAreZeroAtTheThresholdForEveryExponent) {
+TEST_F(MorBedloadFormulas, DerivativesAreZeroAtTheThresholdForEveryExponent) {
   setSediment(1.0, 1.0, 1.0);
   for (const double B : {-1.0, 0.0, 0.5, 1.0, 3.0}) {
     setPower(2.0, B);
@@ -73,7 +73,7 @@ TEST_F(MorBedloadFormulas, derivativesAreZeroAtTheThresholdForEveryExponent) {
   }
 }
 
-TEST_F(MorBedloadFormulas, derivativesAreNotCappedJustAboveTheThreshold) {
+TEST_F(MorBedloadFormulas, DerivativesAreNotCappedJustAboveTheThreshold) {
   setPower(2.0, 0.5);
   EXPECT_DOUBLE_EQ(grassBedload(par(), {4e-12, 1.0, NaN, NaN, 0.0}).derivative, 5e5);
   EXPECT_DOUBLE_EQ(grassBedload(par(), {1e-12, 1.0, NaN, NaN, 0.0}).derivative, 1e6);
@@ -82,7 +82,7 @@ TEST_F(MorBedloadFormulas, derivativesAreNotCappedJustAboveTheThreshold) {
   EXPECT_GT(grassBedload(par(), {below, 1.0, NaN, NaN, 0.0}).capacity, 0.0);
 }
 
-TEST_F(MorBedloadFormulas, aCriticalValueThatIsNoNumberStopsTheTransport) {
+TEST_F(MorBedloadFormulas, ACriticalValueThatIsNoNumberStopsTheTransport) {
   setPower(2.0, 1.5);
   setSediment(1.0, 1.0, 1.0);
   for (const BedloadRate rate : {grassBedload(par(), {3.0, 1.0, 1.0, 1.0, NaN}),
@@ -92,7 +92,7 @@ TEST_F(MorBedloadFormulas, aCriticalValueThatIsNoNumberStopsTheTransport) {
   }
 }
 
-TEST_F(MorBedloadFormulas, powerLawIsQuadraticInTheDischarge) {
+TEST_F(MorBedloadFormulas, PowerLawIsQuadraticInTheDischarge) {
   setSediment(NaN, 2.0, 4.0);
   // E = 2 * (0.05 * 2) * sqrt(4) / 0.5 = 0.8, Ec = 0.25 * 0.8 * 0.5 = 0.1
   const BedloadRate rate = powerLawBedload(par(), {2.0, 0.5, 0.25, 0.5, NaN});
@@ -101,13 +101,13 @@ TEST_F(MorBedloadFormulas, powerLawIsQuadraticInTheDischarge) {
   EXPECT_DOUBLE_EQ(powerLawBedload(par(), {4.0, 0.5, 0.25, 0.5, NaN}).capacity, 0.1 * 16.0 / 32.0);
 }
 
-TEST_F(MorBedloadFormulas, powerLawUsesNeitherThresholdNorCoefficients) {
+TEST_F(MorBedloadFormulas, PowerLawUsesNeitherThresholdNorCoefficients) {
   setSediment(NaN, 2.0, 4.0);
   setPower(NaN, NaN);
   EXPECT_GT(powerLawBedload(par(), {2.0, 0.5, 0.25, 0.5, 1e9}).capacity, 0.0);
 }
 
-TEST_F(MorBedloadFormulas, powerLawIsZeroOnlyForGrainsBelowTheTolerance) {
+TEST_F(MorBedloadFormulas, PowerLawIsZeroOnlyForGrainsBelowTheTolerance) {
   setSediment(NaN, 2.0, 4.0);
   EXPECT_GT(powerLawBedload(par(), {2.0, 0.5, 0.25, 1e-12, NaN}).capacity, 0.0);
   const double below = std::nextafter(1e-12, 0.0);
@@ -115,7 +115,7 @@ TEST_F(MorBedloadFormulas, powerLawIsZeroOnlyForGrainsBelowTheTolerance) {
   EXPECT_EQ(powerLawBedload(par(), {2.0, 0.5, 0.25, below, NaN}).derivative, 0.0);
 }
 
-TEST_F(MorBedloadFormulas, mpmIsAPowerOfTheExcessStress) {
+TEST_F(MorBedloadFormulas, MpmIsAPowerOfTheExcessStress) {
   setSediment(2.0, 0.5, 2.0);
   setPower(3.0, 2.0);
   // E = sqrt(1 * 2 * 2) = 2, K1 = 0.5 * 0.5 / 2 = 0.125, t = 16 * 0.125 = 2, K2 = 8
@@ -124,7 +124,7 @@ TEST_F(MorBedloadFormulas, mpmIsAPowerOfTheExcessStress) {
   EXPECT_EQ(rate.derivative, 18.0);  // 3 * 2 * 2 * 1.5 * 0.125 * 8
 }
 
-TEST_F(MorBedloadFormulas, mpmIsZeroAtAndBelowTheThreshold) {
+TEST_F(MorBedloadFormulas, MpmIsZeroAtAndBelowTheThreshold) {
   setSediment(1.0, 1.0, 1.0);
   for (const double B : {0.5, 1.0, 1.5, 3.0}) {
     setPower(2.0, B);
@@ -133,7 +133,7 @@ TEST_F(MorBedloadFormulas, mpmIsZeroAtAndBelowTheThreshold) {
   }
 }
 
-TEST_F(MorBedloadFormulas, mpmVanishesWithoutFriction) {
+TEST_F(MorBedloadFormulas, MpmVanishesWithoutFriction) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(8.0, 1.5);
   const BedloadRate rate = mpmBedload(par(), {5.0, 1.0, inverseChezy(0, nullptr), 0.01, 0.047});
@@ -141,13 +141,13 @@ TEST_F(MorBedloadFormulas, mpmVanishesWithoutFriction) {
   EXPECT_EQ(rate.derivative, 0.0);
 }
 
-TEST_F(MorBedloadFormulas, mpmIsNotGuardedAgainstGrainsWithoutSize) {
+TEST_F(MorBedloadFormulas, MpmIsNotGuardedAgainstGrainsWithoutSize) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(8.0, 1.5);
   EXPECT_TRUE(std::isnan(mpmBedload(par(), {5.0, 1.0, 0.01, 0.0, 0.047}).capacity));
 }
 
-TEST_F(MorBedloadFormulas, allAreZeroWithoutDepth) {
+TEST_F(MorBedloadFormulas, AllAreZeroWithoutDepth) {
   setSediment(1.0, 1.0, 1.0);
   setPower(2.0, 1.5);
   const BedloadCell cell{3.0, 0.0, 1.0, 1.0, 0.047};
@@ -158,12 +158,12 @@ TEST_F(MorBedloadFormulas, allAreZeroWithoutDepth) {
   }
 }
 
-TEST_F(MorBedloadFormulas, grassMovesWithoutDepthBelowANegativeThreshold) {
+TEST_F(MorBedloadFormulas, GrassMovesWithoutDepthBelowANegativeThreshold) {
   setPower(2.0, 1.0);
   EXPECT_EQ(grassBedload(par(), {3.0, 0.0, 1.0, 1.0, -0.5}).capacity, 1.0);
 }
 
-TEST_F(MorBedloadFormulas, derivativesAreThoseOfTheCapacities) {
+TEST_F(MorBedloadFormulas, DerivativesAreThoseOfTheCapacities) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(4.0, 1.5);
   const double q = 2.0;
@@ -177,7 +177,7 @@ TEST_F(MorBedloadFormulas, derivativesAreThoseOfTheCapacities) {
   }
 }
 
-TEST_F(MorBedloadFormulas, roundInOrder) {
+TEST_F(MorBedloadFormulas, RoundInOrder) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(0.0037, 1.0);
   const BedloadRate grass = grassBedload(par(), {0.73, 1.0 / 0.37, NaN, NaN, 0.21});
@@ -192,7 +192,7 @@ TEST_F(MorBedloadFormulas, roundInOrder) {
   EXPECT_EQ(mpm.derivative, 0.01153741301765839);
 }
 
-TEST_F(MorBedloadFormulas, areChosenByTheType) {
+TEST_F(MorBedloadFormulas, AreChosenByTheType) {
   setSediment(9.81, 1.0 / 9.81, 1.65);
   setPower(4.0, 1.5);
   const BedloadCell cell{2.0, 1.25, 0.02, 0.01, 0.05};

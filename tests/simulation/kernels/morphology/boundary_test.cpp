@@ -8,7 +8,7 @@
 #include <limits>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(
@@ -47,31 +47,31 @@ class MorBoundary : public support::Parameters {
   }
 };
 
-TEST_F(MorBoundary, raisesALowerCellToTheElevation) {
+TEST_F(MorBoundary, RaisesALowerCellToTheElevation) {
   D[0] = 1.25;
   EXPECT_EQ(flux(400), -2.0);
 }
 
-TEST_F(MorBoundary, doesNotRaiseACellAtOrAboveTheElevation) {
+TEST_F(MorBoundary, DoesNotRaiseACellAtOrAboveTheElevation) {
   D[0] = 1.0;
   EXPECT_EQ(flux(400), 0.0);
   D[0] = 0.75;
   EXPECT_EQ(flux(400), 0.0);
 }
 
-TEST_F(MorBoundary, lowersAHigherCellToTheElevation) {
+TEST_F(MorBoundary, LowersAHigherCellToTheElevation) {
   D[0] = 0.75;
   EXPECT_EQ(flux(402), 2.0);
 }
 
-TEST_F(MorBoundary, doesNotLowerACellAtOrBelowTheElevation) {
+TEST_F(MorBoundary, DoesNotLowerACellAtOrBelowTheElevation) {
   D[0] = 1.0;
   EXPECT_EQ(flux(402), 0.0);
   D[0] = 1.25;
   EXPECT_EQ(flux(402), 0.0);
 }
 
-TEST_F(MorBoundary, setsElevationsWithoutTheFactorsOfTheFormulas) {
+TEST_F(MorBoundary, SetsElevationsWithoutTheFactorsOfTheFormulas) {
   set(ParameterID::InvBedPorosity, 0.0);
   set(ParameterID::BedloadFactor, 0.0);
   D[0] = 1.25;
@@ -80,7 +80,7 @@ TEST_F(MorBoundary, setsElevationsWithoutTheFactorsOfTheFormulas) {
   EXPECT_EQ(flux(402), 2.0);
 }
 
-TEST_F(MorBoundary, dividesByATimeStepOfZero) {
+TEST_F(MorBoundary, DividesByATimeStepOfZero) {
   dt = 0.0;
   D[0] = 1.25;
   EXPECT_EQ(flux(400), -std::numeric_limits<double>::infinity());
@@ -88,14 +88,14 @@ TEST_F(MorBoundary, dividesByATimeStepOfZero) {
   EXPECT_EQ(flux(402), std::numeric_limits<double>::infinity());
 }
 
-TEST_F(MorBoundary, dividesNothingAtTheElevation) {
+TEST_F(MorBoundary, DividesNothingAtTheElevation) {
   dt = 0.0;
   D[0] = bed;
   EXPECT_EQ(flux(400), 0.0);
   EXPECT_EQ(flux(402), 0.0);
 }
 
-TEST_F(MorBoundary, dividesByALengthOfZero) {
+TEST_F(MorBoundary, DividesByALengthOfZero) {
   length = 0.0;
   D[0] = 1.25;
   EXPECT_EQ(flux(400), -std::numeric_limits<double>::infinity());
@@ -103,14 +103,14 @@ TEST_F(MorBoundary, dividesByALengthOfZero) {
   EXPECT_EQ(flux(402), std::numeric_limits<double>::infinity());
 }
 
-TEST_F(MorBoundary, bringsInAGivenInflow) {
+TEST_F(MorBoundary, BringsInAGivenInflow) {
   D[1] = -0.25;
   EXPECT_EQ(flux(404), -0.75);  // -0.25 * 1.5 * 2
   EXPECT_EQ(flux(406), -3.0);   // times the depth of 4
   EXPECT_EQ(flux(408), -18.0);  // times 4 sqrt(9 * 4)
 }
 
-TEST_F(MorBoundary, turnsTheStoredValueByTheSignOfTheEdge) {
+TEST_F(MorBoundary, TurnsTheStoredValueByTheSignOfTheEdge) {
   sign = -1;
   D[1] = 0.25;
   EXPECT_EQ(flux(404), -0.75);
@@ -118,7 +118,7 @@ TEST_F(MorBoundary, turnsTheStoredValueByTheSignOfTheEdge) {
   EXPECT_EQ(flux(408), -18.0);
 }
 
-TEST_F(MorBoundary, neverTakesOutAGivenInflow) {
+TEST_F(MorBoundary, NeverTakesOutAGivenInflow) {
   for (const double value : {0.0, 0.25}) {
     for (const int code : {404, 406, 408}) {
       sign = 1;
@@ -131,7 +131,7 @@ TEST_F(MorBoundary, neverTakesOutAGivenInflow) {
   }
 }
 
-TEST_F(MorBoundary, bringsInAShareOfTheCapacity) {
+TEST_F(MorBoundary, BringsInAShareOfTheCapacity) {
   D[0] = 0.5;
   D[1] = 0.25;
   EXPECT_EQ(flux(410), -0.375);  // -(0.5 * 1.5 * 2) * 0.25
@@ -139,7 +139,7 @@ TEST_F(MorBoundary, bringsInAShareOfTheCapacity) {
   EXPECT_EQ(flux(414), -9.0);    // times 4 sqrt(9 * 4)
 }
 
-TEST_F(MorBoundary, keepsTheSignOfAShareOfTheCapacity) {
+TEST_F(MorBoundary, KeepsTheSignOfAShareOfTheCapacity) {
   D[0] = 0.5;
   D[1] = -0.25;
   EXPECT_EQ(flux(410), 0.375);
@@ -147,7 +147,7 @@ TEST_F(MorBoundary, keepsTheSignOfAShareOfTheCapacity) {
   EXPECT_EQ(flux(414), 9.0);
 }
 
-TEST_F(MorBoundary, takesSharesOfTheCapacityWhateverTheSignOfTheEdge) {
+TEST_F(MorBoundary, TakesSharesOfTheCapacityWhateverTheSignOfTheEdge) {
   sign = -1;
   D[0] = 0.5;
   D[1] = 0.25;
@@ -156,7 +156,7 @@ TEST_F(MorBoundary, takesSharesOfTheCapacityWhateverTheSignOfTheEdge) {
   EXPECT_EQ(flux(414), -9.0);
 }
 
-TEST_F(MorBoundary, weighsADryCellWithZero) {
+TEST_F(MorBoundary, WeighsADryCellWithZero) {
   surface = bed;
   D[0] = 0.5;
   D[1] = -0.25;
@@ -165,7 +165,7 @@ TEST_F(MorBoundary, weighsADryCellWithZero) {
   EXPECT_EQ(flux(410), 0.375);
 }
 
-TEST_F(MorBoundary, hasNoConveyanceAtANegativeDepth) {
+TEST_F(MorBoundary, HasNoConveyanceAtANegativeDepth) {
   surface = bed - 0.5;
   D[0] = 0.5;
   D[1] = -0.25;
@@ -174,7 +174,7 @@ TEST_F(MorBoundary, hasNoConveyanceAtANegativeDepth) {
   EXPECT_EQ(flux(406), 0.375);
 }
 
-TEST_F(MorBoundary, needsNoFrictionWithoutConveyance) {
+TEST_F(MorBoundary, NeedsNoFrictionWithoutConveyance) {
   D[0] = 1.25;
   D[1] = -0.25;
   for (const int code : {400, 404, 406, 410, 412}) {
@@ -182,7 +182,7 @@ TEST_F(MorBoundary, needsNoFrictionWithoutConveyance) {
   }
 }
 
-TEST_F(MorBoundary, letsNothingPassForAnyOtherCode) {
+TEST_F(MorBoundary, LetsNothingPassForAnyOtherCode) {
   D[0] = 0.5;
   D[1] = -0.25;
   for (const int code : {0, 399, 401, 403, 405, 407, 409, 411, 413, 415, 416, 100, -404}) {
@@ -190,7 +190,7 @@ TEST_F(MorBoundary, letsNothingPassForAnyOtherCode) {
   }
 }
 
-TEST_F(MorBoundary, roundsTheElevationsInOrder) {
+TEST_F(MorBoundary, RoundsTheElevationsInOrder) {
   bed = 0.47;
   D[0] = 0.52;
   area = 2.7;
@@ -202,7 +202,7 @@ TEST_F(MorBoundary, roundsTheElevationsInOrder) {
   EXPECT_EQ(flux(402), 0.23809523809523828);
 }
 
-TEST_F(MorBoundary, multipliesByPorosityAndFactorOneAfterTheOther) {
+TEST_F(MorBoundary, MultipliesByPorosityAndFactorOneAfterTheOther) {
   set(ParameterID::InvBedPorosity, 1.0 / (1.0 - 0.37));
   set(ParameterID::BedloadFactor, 1.48);
   surface = 0.97;

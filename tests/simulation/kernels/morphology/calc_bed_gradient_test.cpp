@@ -23,29 +23,29 @@ Vector gradientOf(double bed, const std::array<double, 3>& neighbours, const Wei
   return gradient;
 }
 
-TEST(MorCalcBedGradient, isZeroOnAHorizontalBed) {
+TEST(MorCalcBedGradient, IsZeroOnAHorizontalBed) {
   EXPECT_EQ(gradientOf(2.5, {2.5, 2.5, 2.5}, {1.0, 2.0, 3.0, 4.0, 5.0, 6.0}), (Vector{0.0, 0.0}));
 }
 
-TEST(MorCalcBedGradient, takesOnePairOfWeightsPerNeighbour) {
+TEST(MorCalcBedGradient, TakesOnePairOfWeightsPerNeighbour) {
   const Weights weights{1.0, 10.0, 2.0, 20.0, 4.0, 40.0};
   EXPECT_EQ(gradientOf(1.0, {1.5, 1.0, 1.0}, weights), (Vector{0.5, 5.0}));
   EXPECT_EQ(gradientOf(1.0, {1.0, 1.5, 1.0}, weights), (Vector{1.0, 10.0}));
   EXPECT_EQ(gradientOf(1.0, {1.0, 1.0, 1.5}, weights), (Vector{2.0, 20.0}));
 }
 
-TEST(MorCalcBedGradient, pointsUphill) {
+TEST(MorCalcBedGradient, PointsUphill) {
   // Neighbours at (1, 0), (-1, 0) and (0, 1) on the plane z = 0.25 x - 0.5 y.
   const Weights weights{0.5, 0.0, -0.5, 0.0, 0.0, 1.0};
   EXPECT_EQ(gradientOf(0.0, {0.25, -0.25, -0.5}, weights), (Vector{0.25, -0.5}));
 }
 
-TEST(MorCalcBedGradient, sumsInTheOrderOfTheNeighbours) {
+TEST(MorCalcBedGradient, SumsInTheOrderOfTheNeighbours) {
   const Vector gradient = gradientOf(0.2, {0.37, 0.11, 0.53}, {0.1, 0.7, -0.3, 0.2, 1.1, -0.9});
   EXPECT_EQ(gradient, (Vector{0.40700000000000003, -0.19600000000000006}));
 }
 
-TEST(MorCalcBedGradient, neverYieldsANegativeZeroFromAFlatBed) {
+TEST(MorCalcBedGradient, NeverYieldsANegativeZeroFromAFlatBed) {
   const Vector gradient = gradientOf(1.0, {1.0, 1.0, 1.0}, {-1.0, -1.0, -1.0, -1.0, -1.0, -1.0});
   EXPECT_FALSE(std::signbit(gradient[0]));
   EXPECT_FALSE(std::signbit(gradient[1]));

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::calc_bedload_transport),
@@ -51,7 +51,7 @@ class MorCalcBedloadTransport : public support::Parameters {
   }
 };
 
-TEST_F(MorCalcBedloadTransport, pointsAlongTheFlowWithoutCorrections) {
+TEST_F(MorCalcBedloadTransport, PointsAlongTheFlowWithoutCorrections) {
   gradient = {0.25, 0.5};
   curvature = 0.5;
   run();
@@ -60,7 +60,7 @@ TEST_F(MorCalcBedloadTransport, pointsAlongTheFlowWithoutCorrections) {
   EXPECT_EQ(derivative, (Vector{12.0, 0.0}));  // 2 * 2 * 1.5 * 2
 }
 
-TEST_F(MorCalcBedloadTransport, followsAnObliqueFlow) {
+TEST_F(MorCalcBedloadTransport, FollowsAnObliqueFlow) {
   state = {1.5, -0.6, 0.8};
   run();
   EXPECT_DOUBLE_EQ(capacity[0], -0.6 * 4.5);
@@ -69,7 +69,7 @@ TEST_F(MorCalcBedloadTransport, followsAnObliqueFlow) {
   EXPECT_DOUBLE_EQ(derivative[1], 0.8 * 12.0);
 }
 
-TEST_F(MorCalcBedloadTransport, isZeroWithoutDepth) {
+TEST_F(MorCalcBedloadTransport, IsZeroWithoutDepth) {
   state[0] = bed;
   for (const int type : {MPM, GRASS}) {
     setInt(ParameterID::BeadloadType, type);
@@ -79,7 +79,7 @@ TEST_F(MorCalcBedloadTransport, isZeroWithoutDepth) {
   }
 }
 
-TEST_F(MorCalcBedloadTransport, isZeroAtRestWhateverTheFormula) {
+TEST_F(MorCalcBedloadTransport, IsZeroAtRestWhateverTheFormula) {
   state = {1.5, 0.0, 0.0};
   gradient = {0.25, 0.5};
   curvature = 0.5;
@@ -96,7 +96,7 @@ TEST_F(MorCalcBedloadTransport, isZeroAtRestWhateverTheFormula) {
   }
 }
 
-TEST_F(MorCalcBedloadTransport, takesThinFilmsForWhatTheyAre) {
+TEST_F(MorCalcBedloadTransport, TakesThinFilmsForWhatTheyAre) {
   set(ParameterID::MinWaterDepth, 0.1);
   bed = 0.0;
   state = {1e-12, 1e-12, 0.0};  // 1 m/s in a film that still counts as water
@@ -107,7 +107,7 @@ TEST_F(MorCalcBedloadTransport, takesThinFilmsForWhatTheyAre) {
   EXPECT_EQ(capacity, (Vector{0.0, 0.0}));
 }
 
-TEST_F(MorCalcBedloadTransport, readsNoChezyValueWithoutFriction) {
+TEST_F(MorCalcBedloadTransport, ReadsNoChezyValueWithoutFriction) {
   setInt(ParameterID::BeadloadType, MPM);
   friction = 0;
   run(nullptr);
@@ -115,7 +115,7 @@ TEST_F(MorCalcBedloadTransport, readsNoChezyValueWithoutFriction) {
   EXPECT_EQ(derivative, (Vector{0.0, 0.0}));
 }
 
-TEST_F(MorCalcBedloadTransport, usesTheStressOfTheMpmForm) {
+TEST_F(MorCalcBedloadTransport, UsesTheStressOfTheMpmForm) {
   setInt(ParameterID::BeadloadType, MPM);
   run();
   // E = 0.125, K1 = 0.25 / 0.25, t = 4, T = 3.5: 2 * 0.125 * 12.25
@@ -123,7 +123,7 @@ TEST_F(MorCalcBedloadTransport, usesTheStressOfTheMpmForm) {
   EXPECT_EQ(derivative, (Vector{14.0, 0.0}));  // 0.25 * 2 * 3.5 * 1 * 8
 }
 
-TEST_F(MorCalcBedloadTransport, isZeroForACellWithoutChezyValue) {
+TEST_F(MorCalcBedloadTransport, IsZeroForACellWithoutChezyValue) {
   chezy = 0.0;
   for (const int type : {MPM, POWER}) {
     setInt(ParameterID::BeadloadType, type);
@@ -132,7 +132,7 @@ TEST_F(MorCalcBedloadTransport, isZeroForACellWithoutChezyValue) {
   }
 }
 
-TEST_F(MorCalcBedloadTransport, turnsDownALateralSlope) {
+TEST_F(MorCalcBedloadTransport, TurnsDownALateralSlope) {
   setInt(ParameterID::BedloadInts, 0, 1);
   set(ParameterID::BedloadIkeda, 3.0);
   gradient = {0.0, 0.5};  // rises to the left; the lateral stress is 4
@@ -144,7 +144,7 @@ TEST_F(MorCalcBedloadTransport, turnsDownALateralSlope) {
   EXPECT_DOUBLE_EQ(derivative[1], -12.0 * 0.6);
 }
 
-TEST_F(MorCalcBedloadTransport, isNotTurnedByASlopeAlongTheFlow) {
+TEST_F(MorCalcBedloadTransport, IsNotTurnedByASlopeAlongTheFlow) {
   setInt(ParameterID::BedloadInts, 0, 1);
   set(ParameterID::BedloadIkeda, 3.0);
   gradient = {0.5, 0.0};
@@ -152,7 +152,7 @@ TEST_F(MorCalcBedloadTransport, isNotTurnedByASlopeAlongTheFlow) {
   EXPECT_EQ(capacity, (Vector{4.5, 0.0}));
 }
 
-TEST_F(MorCalcBedloadTransport, seesASlopeInXAcrossAFlowInY) {
+TEST_F(MorCalcBedloadTransport, SeesASlopeInXAcrossAFlowInY) {
   setInt(ParameterID::BedloadInts, 0, 1);
   set(ParameterID::BedloadIkeda, 3.0);
   state = {1.5, 0.0, 1.0};
@@ -162,7 +162,7 @@ TEST_F(MorCalcBedloadTransport, seesASlopeInXAcrossAFlowInY) {
   EXPECT_DOUBLE_EQ(capacity[1], 4.5 * 0.8);
 }
 
-TEST_F(MorCalcBedloadTransport, turnsByTheCurvatureOfTheFlow) {
+TEST_F(MorCalcBedloadTransport, TurnsByTheCurvatureOfTheFlow) {
   setInt(ParameterID::BedloadInts, 1, 1);
   set(ParameterID::BedloadCurvature, 3.0);
   curvature = 0.5;
@@ -171,14 +171,14 @@ TEST_F(MorCalcBedloadTransport, turnsByTheCurvatureOfTheFlow) {
   EXPECT_DOUBLE_EQ(capacity[1], 4.5 * 0.6);
 }
 
-TEST_F(MorCalcBedloadTransport, doesNotApplyTheCalibrationFactor) {
+TEST_F(MorCalcBedloadTransport, DoesNotApplyTheCalibrationFactor) {
   set(ParameterID::BedloadFactor, 100.0);
   set(ParameterID::InvBedPorosity, 100.0);
   run();
   EXPECT_EQ(capacity, (Vector{4.5, 0.0}));
 }
 
-TEST_F(MorCalcBedloadTransport, passesOnACriticalValueThatIsNoNumberAsZero) {
+TEST_F(MorCalcBedloadTransport, PassesOnACriticalValueThatIsNoNumberAsZero) {
   critical = std::nan("");
   for (const int type : {MPM, GRASS}) {
     setInt(ParameterID::BeadloadType, type);
@@ -187,7 +187,7 @@ TEST_F(MorCalcBedloadTransport, passesOnACriticalValueThatIsNoNumberAsZero) {
   }
 }
 
-TEST_F(MorCalcBedloadTransport, roundsInOrder) {
+TEST_F(MorCalcBedloadTransport, RoundsInOrder) {
   set(ParameterID::Gravity, 9.81);
   set(ParameterID::InvGravity, 1.0 / 9.81);
   set(ParameterID::SedRelDensity, 1.65);

@@ -18,25 +18,25 @@ double largest(double fixedBed, double newBed, double start) {
   return deviation;
 }
 
-TEST(MorFixedBedCorrectionFindMax, takesALargerDeviation) {
+TEST(MorFixedBedCorrectionFindMax, TakesALargerDeviation) {
   EXPECT_EQ(largest(2.0, 1.5, 0.001), 0.5);
 }
 
-TEST(MorFixedBedCorrectionFindMax, keepsALargerStart) {
+TEST(MorFixedBedCorrectionFindMax, KeepsALargerStart) {
   EXPECT_EQ(largest(2.0, 1.5, 0.75), 0.75);
 }
 
-TEST(MorFixedBedCorrectionFindMax, countsABedAboveItsFixedBedAsZero) {
+TEST(MorFixedBedCorrectionFindMax, CountsABedAboveItsFixedBedAsZero) {
   EXPECT_EQ(largest(1.0, 3.0, 0.001), 0.001);
   EXPECT_EQ(largest(1.0, 3.0, -5.0), 0.0);
   EXPECT_EQ(largest(1.0, 1.0, -5.0), 0.0);
 }
 
-TEST(MorFixedBedCorrectionFindMax, doesNotTakeANaN) {
+TEST(MorFixedBedCorrectionFindMax, DoesNotTakeANaN) {
   EXPECT_EQ(largest(std::numeric_limits<double>::quiet_NaN(), 1.0, 0.25), 0.25);
 }
 
-TEST(MorFixedBedCorrectionFindMax, runsOverSeveralCells) {
+TEST(MorFixedBedCorrectionFindMax, RunsOverSeveralCells) {
   double deviation = 0.01;
   const double fixedBed = 1.0;
   for (const double newBed : {0.75, 0.25, 0.5}) {

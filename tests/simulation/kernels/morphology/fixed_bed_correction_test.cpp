@@ -9,7 +9,7 @@
 #include <type_traits>
 
 #include "simulation/kernels/Notices.h"
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(std::is_same_v<decltype(kernels::morphology::fixed_bed_correction),
@@ -43,27 +43,27 @@ class MorFixedBedCorrection : public support::Parameters {
   }
 };
 
-TEST_F(MorFixedBedCorrection, leavesTheFluxesAloneWithoutAnOverdraft) {
+TEST_F(MorFixedBedCorrection, LeavesTheFluxesAloneWithoutAnOverdraft) {
   flux = {0.5, 0.25, -0.5};
   correct();
   EXPECT_EQ(newBed, 0.875);
   EXPECT_EQ(flux, (Fluxes{0.5, 0.25, -0.5}));
 }
 
-TEST_F(MorFixedBedCorrection, leavesTheFluxesAloneIfTheOutflowIsExactlyTheRoom) {
+TEST_F(MorFixedBedCorrection, LeavesTheFluxesAloneIfTheOutflowIsExactlyTheRoom) {
   flux = {0.5, 0.5, 0.0};
   correct();
   EXPECT_EQ(newBed, 0.5);
   EXPECT_EQ(flux, (Fluxes{0.5, 0.5, 0.0}));
 }
 
-TEST_F(MorFixedBedCorrection, scalesTheOutflowDownToTheRoom) {
+TEST_F(MorFixedBedCorrection, ScalesTheOutflowDownToTheRoom) {
   flux = {1.0, 1.0, 0.0};  // digs 1 m where 0.5 m may go
   correct();
   EXPECT_EQ(flux, (Fluxes{0.5, 0.5, 0.0}));
 }
 
-TEST_F(MorFixedBedCorrection, reportsTheNewBedFromBeforeTheCorrection) {
+TEST_F(MorFixedBedCorrection, ReportsTheNewBedFromBeforeTheCorrection) {
   flux = {1.0, 1.0, 0.0};
   correct();
   EXPECT_EQ(newBed, 0.0);
@@ -71,7 +71,7 @@ TEST_F(MorFixedBedCorrection, reportsTheNewBedFromBeforeTheCorrection) {
   EXPECT_EQ(newBed, 0.5);
 }
 
-TEST_F(MorFixedBedCorrection, takesFluxesAgainstNegativeSignsAsOutflow) {
+TEST_F(MorFixedBedCorrection, TakesFluxesAgainstNegativeSignsAsOutflow) {
   sign = {-1, 1, -1};
   flux = {-1.0, 1.0, 0.25};  // the third comes in
   correct();
@@ -80,14 +80,14 @@ TEST_F(MorFixedBedCorrection, takesFluxesAgainstNegativeSignsAsOutflow) {
   EXPECT_EQ(flux, (Fluxes{-0.625, 0.625, 0.25}));
 }
 
-TEST_F(MorFixedBedCorrection, letsAnInflowPreventTheOverdraft) {
+TEST_F(MorFixedBedCorrection, LetsAnInflowPreventTheOverdraft) {
   flux = {1.5, -1.0, 0.0};
   correct();
   EXPECT_EQ(newBed, 0.75);
   EXPECT_EQ(flux, (Fluxes{1.5, -1.0, 0.0}));
 }
 
-TEST_F(MorFixedBedCorrection, weighsTheFluxesByTheLengths) {
+TEST_F(MorFixedBedCorrection, WeighsTheFluxesByTheLengths) {
   length = {2.0, 4.0, 1.0};
   flux = {0.5, 0.25, 0.0};
   correct();
@@ -95,7 +95,7 @@ TEST_F(MorFixedBedCorrection, weighsTheFluxesByTheLengths) {
   EXPECT_EQ(flux, (Fluxes{0.25, 0.125, 0.0}));
 }
 
-TEST_F(MorFixedBedCorrection, countsAnEdgeWithoutSignInNeitherDirection) {
+TEST_F(MorFixedBedCorrection, CountsAnEdgeWithoutSignInNeitherDirection) {
   sign = {1, 0, 0};
   flux = {2.0, 5.0, -5.0};
   correct();
@@ -103,14 +103,14 @@ TEST_F(MorFixedBedCorrection, countsAnEdgeWithoutSignInNeitherDirection) {
   EXPECT_EQ(flux, (Fluxes{1.0, 5.0, -5.0}));
 }
 
-TEST_F(MorFixedBedCorrection, stopsAllOutflowOfACellTooFarBelow) {
+TEST_F(MorFixedBedCorrection, StopsAllOutflowOfACellTooFarBelow) {
   fixedBed = 3.0;
   flux = {1.0, 0.5, -0.25};
   correct();
   EXPECT_EQ(flux, (Fluxes{0.0, 0.0, -0.25}));
 }
 
-TEST_F(MorFixedBedCorrection, changesNothingBelowTheFixedBedWithoutOutflow) {
+TEST_F(MorFixedBedCorrection, ChangesNothingBelowTheFixedBedWithoutOutflow) {
   fixedBed = 3.0;
   flux = {-1.0, 0.0, -0.25};
   correct();
@@ -118,7 +118,7 @@ TEST_F(MorFixedBedCorrection, changesNothingBelowTheFixedBedWithoutOutflow) {
   EXPECT_EQ(flux, (Fluxes{-1.0, 0.0, -0.25}));
 }
 
-TEST_F(MorFixedBedCorrection, neverEnlargesAnOutflow) {
+TEST_F(MorFixedBedCorrection, NeverEnlargesAnOutflow) {
   length = {-1.0, 1.0, 1.0};  // a negative outflow: 1 - 1.5 / -0.5 is 4
   fixedBed = 3.0;
   flux = {1.0, 0.0, 0.0};
@@ -127,7 +127,7 @@ TEST_F(MorFixedBedCorrection, neverEnlargesAnOutflow) {
   EXPECT_EQ(flux, (Fluxes{1.0, 0.0, 0.0}));
 }
 
-TEST_F(MorFixedBedCorrection, passesOverANaN) {
+TEST_F(MorFixedBedCorrection, PassesOverANaN) {
   flux = {std::numeric_limits<double>::quiet_NaN(), 2.0, 0.0};
   correct();
   EXPECT_TRUE(std::isnan(newBed));
@@ -135,7 +135,7 @@ TEST_F(MorFixedBedCorrection, passesOverANaN) {
   EXPECT_EQ(flux[1], 2.0);
 }
 
-TEST_F(MorFixedBedCorrection, roundsInTheOrderOfItsSums) {
+TEST_F(MorFixedBedCorrection, RoundsInTheOrderOfItsSums) {
   dt = 0.7;
   area = 1.2;
   fixedBed = 0.98;
@@ -147,7 +147,7 @@ TEST_F(MorFixedBedCorrection, roundsInTheOrderOfItsSums) {
   EXPECT_EQ(flux, (Fluxes{0.02291384950926937, -0.03504471101417668, -0.03}));
 }
 
-TEST_F(MorFixedBedCorrection, letsTheSecondCellOfAnEdgeSeeTheCorrectedFlux) {
+TEST_F(MorFixedBedCorrection, LetsTheSecondCellOfAnEdgeSeeTheCorrectedFlux) {
   flux = {2.0, 0.0, 0.0};
   correct();  // this cell lets only half of it out
   EXPECT_EQ(flux[0], 1.0);
@@ -158,21 +158,21 @@ TEST_F(MorFixedBedCorrection, letsTheSecondCellOfAnEdgeSeeTheCorrectedFlux) {
   EXPECT_EQ(flux, (Fluxes{1.0, 2.0, 0.0}));
 }
 
-TEST_F(MorFixedBedCorrection, namesTheCellInDebugMode) {
+TEST_F(MorFixedBedCorrection, NamesTheCellInDebugMode) {
   G_Debug = 1;
   const int cell = 17;
   flux = {1.0, 1.0, 0.0};
   EXPECT_EQ(correct(&cell), "overdraft in cell 17 by dz = 0.500000 [m]\n");
 }
 
-TEST_F(MorFixedBedCorrection, isSilentInDebugModeWithoutAnOverdraft) {
+TEST_F(MorFixedBedCorrection, IsSilentInDebugModeWithoutAnOverdraft) {
   G_Debug = 1;
   const int cell = 17;
   flux = {0.5, 0.5, 0.0};
   EXPECT_EQ(correct(&cell), "");
 }
 
-TEST_F(MorFixedBedCorrection, isSilentOutsideDebugMode) {
+TEST_F(MorFixedBedCorrection, IsSilentOutsideDebugMode) {
   flux = {1.0, 1.0, 0.0};
   EXPECT_EQ(correct(nullptr), "");
 }

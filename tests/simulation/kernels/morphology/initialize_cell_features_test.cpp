@@ -12,7 +12,7 @@ static_assert(std::is_same_v<decltype(kernels::morphology::initialize_cell_featu
 
 namespace {
 
-TEST(MorInitializeCellFeatures, clearsCurvatureAndBothComponentsOfTheGradient) {
+TEST(MorInitializeCellFeatures, ClearsCurvatureAndBothComponentsOfTheGradient) {
   const double bed = 4.2;
   double curvature = 1.5;
   std::array<double, 2> gradient{0.3, -0.4};

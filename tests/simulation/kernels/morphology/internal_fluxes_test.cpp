@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(
@@ -50,7 +50,7 @@ class MorInternalFluxes : public support::Parameters {
   }
 };
 
-TEST_F(MorInternalFluxes, averagesTheCapacitiesByTheOuterSpeeds) {
+TEST_F(MorInternalFluxes, AveragesTheCapacitiesByTheOuterSpeeds) {
   set(ParameterID::InvBedPorosity, 1.5);
   set(ParameterID::BedloadFactor, 2.0);
   left = {1, {1.0, 3.0, 0.0}, 0.0, {2.0, 0.0}, {3.0, 0.0}};     // speeds -1 and 3
@@ -59,12 +59,12 @@ TEST_F(MorInternalFluxes, averagesTheCapacitiesByTheOuterSpeeds) {
   EXPECT_EQ(flux(), -1.5);
 }
 
-TEST_F(MorInternalFluxes, hasNoUpwindBranch) {
+TEST_F(MorInternalFluxes, HasNoUpwindBranch) {
   setSpeedsOfOneSign();
   EXPECT_EQ(flux(), 2.25);  // (2 * 2.5 - 1 * 0.5) / 2
 }
 
-TEST_F(MorInternalFluxes, takesTheSpeedsOfTheOtherSideForANegativeRadicand) {
+TEST_F(MorInternalFluxes, TakesTheSpeedsOfTheOtherSideForANegativeRadicand) {
   setSpeedsOfOneSign();
   left.derivative = {-2.0, 0.0};  // 4 - 8
   EXPECT_EQ(flux(), 2.25);
@@ -74,14 +74,14 @@ TEST_F(MorInternalFluxes, takesTheSpeedsOfTheOtherSideForANegativeRadicand) {
   EXPECT_EQ(flux(), 2.0 * 1.5 - 1.0 * 0.5);
 }
 
-TEST_F(MorInternalFluxes, isNaNIfBothRadicandsAreNegative) {
+TEST_F(MorInternalFluxes, IsNaNIfBothRadicandsAreNegative) {
   setSpeedsOfOneSign();
   left.derivative = {-2.0, 0.0};
   right.derivative = {-3.0, 0.0};
   EXPECT_TRUE(std::isnan(flux()));
 }
 
-TEST_F(MorInternalFluxes, letNothingPassToOrFromADryCell) {
+TEST_F(MorInternalFluxes, LetNothingPassToOrFromADryCell) {
   setSpeedsOfOneSign();
   left.wetted = 0;
   EXPECT_EQ(flux(), 0.0);
@@ -92,31 +92,31 @@ TEST_F(MorInternalFluxes, letNothingPassToOrFromADryCell) {
   EXPECT_EQ(flux(), 0.0);
 }
 
-TEST_F(MorInternalFluxes, areZeroInStillWaterOverALevelBed) {
+TEST_F(MorInternalFluxes, AreZeroInStillWaterOverALevelBed) {
   left.state = right.state = {2.3, 0.0, 0.0};
   left.bed = right.bed = 0.7;
   EXPECT_EQ(flux(), 0.0);
 }
 
-TEST_F(MorInternalFluxes, areZeroInStillWaterOverABedStep) {
+TEST_F(MorInternalFluxes, AreZeroInStillWaterOverABedStep) {
   left.state = right.state = {2.3, 0.0, 0.0};
   left.bed = 0.7;
   right.bed = 1.9;
   EXPECT_EQ(flux(), 0.0);
 }
 
-TEST_F(MorInternalFluxes, areZeroWhereTheSpeedsOfBothSidesCollapse) {
+TEST_F(MorInternalFluxes, AreZeroWhereTheSpeedsOfBothSidesCollapse) {
   left = right = {1, {0.5, 0.25, 0.125}, 0.5, {1.0, 1.0}, {1.0, 1.0}};
   EXPECT_EQ(flux(), 0.0);
 }
 
-TEST_F(MorInternalFluxes, takeTheSpeedsOfOneSideWhereTheOtherHasNoDepth) {
+TEST_F(MorInternalFluxes, TakeTheSpeedsOfOneSideWhereTheOtherHasNoDepth) {
   left = {1, {1.0, 3.0, 0.0}, 0.0, {2.0, 0.0}, {3.0, 0.0}};  // speeds -1 and 3
   right = {1, {0.0, 0.0, 0.0}, 0.0, {1.0, 0.0}, {1.0, 0.0}};
   EXPECT_EQ(flux(), 1.75);  // (2 * 3 + 1 * 1) / 4
 }
 
-TEST_F(MorInternalFluxes, areTheCapacityItselfBetweenEqualStates) {
+TEST_F(MorInternalFluxes, AreTheCapacityItselfBetweenEqualStates) {
   set(ParameterID::InvBedPorosity, 1.5);
   set(ParameterID::BedloadFactor, 0.5);
   normal = {0.6, 0.8};
@@ -127,7 +127,7 @@ TEST_F(MorInternalFluxes, areTheCapacityItselfBetweenEqualStates) {
   }
 }
 
-TEST_F(MorInternalFluxes, projectTheDerivativeOnTheDirectionOfTheFlow) {
+TEST_F(MorInternalFluxes, ProjectTheDerivativeOnTheDirectionOfTheFlow) {
   // The flow is at 45 degrees to the normal, so dn = 4 cos(45) and the radicand 1 + 4 dn.
   left = {1, {1.0, 2.0, 2.0}, 0.0, {1.0, 0.0}, {4.0, 7.0}};
   right = {1, {0.0, 0.0, 0.0}, 0.0, {0.0, 0.0}, {0.0, 0.0}};
@@ -136,7 +136,7 @@ TEST_F(MorInternalFluxes, projectTheDerivativeOnTheDirectionOfTheFlow) {
 }
 
 /// With weak transport the bed itself moves at d c^2 u / (c^2 - u^2).
-TEST_F(MorInternalFluxes, takeAFasterBedThanThereIsTheMoreTheSlowerTheFlow) {
+TEST_F(MorInternalFluxes, TakeAFasterBedThanThereIsTheMoreTheSlowerTheFlow) {
   const double weak = 1e-9;
   for (const double froude : {0.1, 0.2, 0.4, 0.6}) {
     const std::array<double, 3> state{1.0, froude, 0.0};  // the celerity is 1
@@ -154,7 +154,7 @@ TEST_F(MorInternalFluxes, takeAFasterBedThanThereIsTheMoreTheSlowerTheFlow) {
   }
 }
 
-TEST_F(MorInternalFluxes, areZeroOnlyForSpeedsCloserThanTheTolerance) {
+TEST_F(MorInternalFluxes, AreZeroOnlyForSpeedsCloserThanTheTolerance) {
   // In still water the speeds are -c and 0: their distance is the celerity.
   left.state = right.state = {1.0, 0.0, 0.0};
   right.capacity = {1.0, 0.0};
@@ -165,7 +165,7 @@ TEST_F(MorInternalFluxes, areZeroOnlyForSpeedsCloserThanTheTolerance) {
   EXPECT_EQ(flux(), 0.0);
 }
 
-TEST_F(MorInternalFluxes, roundInOrder) {
+TEST_F(MorInternalFluxes, RoundInOrder) {
   set(ParameterID::Gravity, 9.81);
   set(ParameterID::InvBedPorosity, 1.0 / (1.0 - 0.37));
   normal = {0.6, 0.8};

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <type_traits>
 
-#include "simulation/kernels/Parameters.h"
+#include "simulation/kernels/RunParameters.h"
 #include "simulation/loops/descriptions.h"
 
 static_assert(
@@ -39,29 +39,29 @@ class MorLocalBedSlope : public support::Parameters {
   }
 };
 
-TEST_F(MorLocalBedSlope, keepsTheCriticalValueOnAHorizontalBed) {
+TEST_F(MorLocalBedSlope, KeepsTheCriticalValueOnAHorizontalBed) {
   EXPECT_DOUBLE_EQ(on({0.0, 0.0}), CRITICAL);
 }
 
-TEST_F(MorLocalBedSlope, keepsTheCriticalValueOnAHorizontalBedAfterChen) {
+TEST_F(MorLocalBedSlope, KeepsTheCriticalValueOnAHorizontalBedAfterChen) {
   setInt(ParameterID::IncipientMotType, CHEN_TYPE);
   // c is the cosine of the double next to pi/2; X is a rounding away from tan(p)^2.
   EXPECT_NEAR(on({0.0, 0.0}), CRITICAL, 1e-15);
 }
 
-TEST_F(MorLocalBedSlope, leavesADryCellAlone) {
+TEST_F(MorLocalBedSlope, LeavesADryCellAlone) {
   state[0] = bed + 0.125;
   EXPECT_EQ(on({0.1, 0.0}), 99.0);
 }
 
-TEST_F(MorLocalBedSlope, aDepthOfTheMinimumIsDry) {
+TEST_F(MorLocalBedSlope, ADepthOfTheMinimumIsDry) {
   state[0] = bed + 0.25;
   EXPECT_EQ(on({0.1, 0.0}), 99.0);
   state[0] = std::nextafter(state[0], 10.0);
   EXPECT_NE(on({0.1, 0.0}), 99.0);
 }
 
-TEST_F(MorLocalBedSlope, aWetCellAtRestHasNoCriticalValue) {
+TEST_F(MorLocalBedSlope, AWetCellAtRestHasNoCriticalValue) {
   state = {3.0, 0.0, 0.0};
   EXPECT_TRUE(std::isnan(on({0.1, 0.0})));
   critical = 99.0;
@@ -69,52 +69,52 @@ TEST_F(MorLocalBedSlope, aWetCellAtRestHasNoCriticalValue) {
   EXPECT_TRUE(std::isnan(on({0.1, 0.0})));
 }
 
-TEST_F(MorLocalBedSlope, isHigherUpslopeAndLowerDownslope) {
+TEST_F(MorLocalBedSlope, IsHigherUpslopeAndLowerDownslope) {
   EXPECT_DOUBLE_EQ(on({0.1, 0.0}), 0.05360262453204253);
   EXPECT_DOUBLE_EQ(on({-0.1, 0.0}), 0.039930871347696441);
 }
 
-TEST_F(MorLocalBedSlope, isLowerOnALateralSlopeToEitherSide) {
+TEST_F(MorLocalBedSlope, IsLowerOnALateralSlopeToEitherSide) {
   EXPECT_DOUBLE_EQ(on({0.1, 0.2}), 0.05026552405106665);
   EXPECT_DOUBLE_EQ(on({0.1, -0.2}), 0.05026552405106665);
 }
 
-TEST_F(MorLocalBedSlope, splitsTheGradientByTheFlowDirection) {
+TEST_F(MorLocalBedSlope, SplitsTheGradientByTheFlowDirection) {
   state = {3.0, 0.0, -0.5};  // along -y, so the slope along is -Gy
   EXPECT_DOUBLE_EQ(on({0.2, -0.1}), 0.05026552405106665);
   state = {3.0, 3.0, 4.0};  // 0.1 along (0.6, 0.8), 0.2 along (-0.8, 0.6)
   EXPECT_DOUBLE_EQ(on({0.06 - 0.16, 0.08 + 0.12}), 0.05026552405106665);
 }
 
-TEST_F(MorLocalBedSlope, addsTheCosineAfterChenWithoutAFactor) {
+TEST_F(MorLocalBedSlope, AddsTheCosineAfterChenWithoutAFactor) {
   setInt(ParameterID::IncipientMotType, CHEN_TYPE);
   EXPECT_DOUBLE_EQ(on({0.1, 0.0}), 0.14627046696086851);
   EXPECT_DOUBLE_EQ(on({-0.1, 0.0}), -0.052736971081129409);
   EXPECT_DOUBLE_EQ(on({0.1, 0.2}), 0.1433875826880564);
 }
 
-TEST_F(MorLocalBedSlope, isVanRijnForEveryTypeButChens) {
+TEST_F(MorLocalBedSlope, IsVanRijnForEveryTypeButChens) {
   for (const int type : {-2, 0, 1, 3}) {
     setInt(ParameterID::IncipientMotType, type);
     EXPECT_DOUBLE_EQ(on({0.1, 0.0}), 0.05360262453204253) << type;
   }
 }
 
-TEST_F(MorLocalBedSlope, hasNoCriticalValueBeyondTheAngleOfRepose) {
+TEST_F(MorLocalBedSlope, HasNoCriticalValueBeyondTheAngleOfRepose) {
   const double steep = std::tan(REPOSE) * 1.01;
   EXPECT_TRUE(std::isnan(on({0.0, steep})));
   setInt(ParameterID::IncipientMotType, CHEN_TYPE);
   EXPECT_TRUE(std::isnan(on({0.0, steep})));
 }
 
-TEST_F(MorLocalBedSlope, ignoresAnAngleOfReposeNextToZero) {
+TEST_F(MorLocalBedSlope, IgnoresAnAngleOfReposeNextToZero) {
   for (const double angle : {1e-13, -1e-13}) {
     set(ParameterID::ReposeAngle, angle);
     EXPECT_DOUBLE_EQ(on({0.0, 1.0}), CRITICAL / std::sqrt(2.0)) << angle;
   }
 }
 
-TEST_F(MorLocalBedSlope, countsANegativeAngleOfReposeByItsSize) {
+TEST_F(MorLocalBedSlope, CountsANegativeAngleOfReposeByItsSize) {
   set(ParameterID::ReposeAngle, -REPOSE);
   EXPECT_TRUE(std::isnan(on({0.0, std::tan(REPOSE) * 1.01})));
 }

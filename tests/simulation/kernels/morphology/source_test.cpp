@@ -37,30 +37,30 @@ class MorSourceType : public MorSource, public ::testing::WithParamInterface<int
 
 INSTANTIATE_TEST_SUITE_P(all, MorSourceType, ::testing::Values(30, 31, 32));
 
-TEST_P(MorSourceType, addsAPositiveAmountWithoutLimit) {
+TEST_P(MorSourceType, AddsAPositiveAmountWithoutLimit) {
   run(GetParam(), 4.0);
   EXPECT_EQ(bed, 4.0);
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_P(MorSourceType, liftsTheWaterSurfaceWithTheBedAndKeepsTheDischarges) {
+TEST_P(MorSourceType, LiftsTheWaterSurfaceWithTheBedAndKeepsTheDischarges) {
   run(GetParam(), 4.0);
   EXPECT_EQ(state, (std::array<double, 3>{7.0, 0.25, -0.75}));
 }
 
-TEST_P(MorSourceType, doesNothingAtARateOfZero) {
+TEST_P(MorSourceType, DoesNothingAtARateOfZero) {
   run(GetParam(), 0.0);
   EXPECT_EQ(bed, 2.0);
   EXPECT_EQ(state[0], 5.0);
 }
 
-TEST_P(MorSourceType, doesNothingAtARateOfNegativeZero) {
+TEST_P(MorSourceType, DoesNothingAtARateOfNegativeZero) {
   run(GetParam(), -0.0);
   EXPECT_EQ(bed, 2.0);
   EXPECT_EQ(state[0], 5.0);
 }
 
-TEST_F(MorSource, exactRemovesTheWholeAmount) {
+TEST_F(MorSource, ExactRemovesTheWholeAmount) {
   run(30, -1.0);
   EXPECT_EQ(bed, 1.5);
   EXPECT_EQ(state[0], 4.5);
@@ -68,7 +68,7 @@ TEST_F(MorSource, exactRemovesTheWholeAmount) {
   EXPECT_EQ(text, "");
 }
 
-TEST_F(MorSource, exactReportsABedBelowTheFixedBed) {
+TEST_F(MorSource, ExactReportsABedBelowTheFixedBed) {
   run(30, -4.0);
   EXPECT_EQ(bed, 0.0);
   EXPECT_EQ(state[0], 3.0);
@@ -76,47 +76,47 @@ TEST_F(MorSource, exactReportsABedBelowTheFixedBed) {
   EXPECT_EQ(text, "MASS BALANCE PROBLEM: z = 0 < zFix = 1\n");
 }
 
-TEST_F(MorSource, availableRemovesTheAmountThatIsThere) {
+TEST_F(MorSource, AvailableRemovesTheAmountThatIsThere) {
   run(31, -1.0);
   EXPECT_EQ(bed, 1.5);
   EXPECT_EQ(state[0], 4.5);
 }
 
-TEST_F(MorSource, availableStopsAtTheFixedBed) {
+TEST_F(MorSource, AvailableStopsAtTheFixedBed) {
   run(31, -4.0);
   EXPECT_EQ(bed, 1.0);
   EXPECT_EQ(state[0], 4.0);
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(MorSource, availableTakesNothingFromACellAtItsFixedBed) {
+TEST_F(MorSource, AvailableTakesNothingFromACellAtItsFixedBed) {
   bed = 1.0;
   run(31, -4.0);
   EXPECT_EQ(bed, 1.0);
   EXPECT_EQ(state[0], 5.0);
 }
 
-TEST_F(MorSource, availableLiftsACellFromBelowItsFixedBed) {
+TEST_F(MorSource, AvailableLiftsACellFromBelowItsFixedBed) {
   bed = 0.75;
   run(31, -4.0);
   EXPECT_EQ(bed, 1.0);
   EXPECT_EQ(state[0], 5.25);
 }
 
-TEST_F(MorSource, infinityLowersTheCellToTheFixedBedAtOnce) {
+TEST_F(MorSource, InfinityLowersTheCellToTheFixedBedAtOnce) {
   run(32, -1e-30);
   EXPECT_EQ(bed, 1.0);
   EXPECT_EQ(state[0], 4.0);
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(MorSource, infinityStopsAtTheFixedBed) {
+TEST_F(MorSource, InfinityStopsAtTheFixedBed) {
   run(32, -100.0);
   EXPECT_EQ(bed, 1.0);
   EXPECT_EQ(state[0], 4.0);
 }
 
-TEST_F(MorSource, unknownTypesChangeNothing) {
+TEST_F(MorSource, UnknownTypesChangeNothing) {
   for (const int type : {0, 10, 12, 20, 29, 33}) {
     run(type, -4.0);
     EXPECT_EQ(bed, 2.0) << type;
@@ -124,14 +124,14 @@ TEST_F(MorSource, unknownTypesChangeNothing) {
   }
 }
 
-TEST_F(MorSource, unknownTypesAreCheckedAllTheSame) {
+TEST_F(MorSource, UnknownTypesAreCheckedAllTheSame) {
   bed = 0.5;
   run(0, 0.0);
   EXPECT_EQ(massKept, 0);
   EXPECT_EQ(text, "MASS BALANCE PROBLEM: z = 0.5 < zFix = 1\n");
 }
 
-TEST_F(MorSource, aDifferenceOfExactlyTheToleranceIsNoDeficit) {
+TEST_F(MorSource, ADifferenceOfExactlyTheToleranceIsNoDeficit) {
   bed = -1e-12;
   fixedBed = 0.0;
   run(30, 0.0);
@@ -139,7 +139,7 @@ TEST_F(MorSource, aDifferenceOfExactlyTheToleranceIsNoDeficit) {
   EXPECT_EQ(text, "");
 }
 
-TEST_F(MorSource, aDifferenceJustBeyondTheToleranceIsADeficit) {
+TEST_F(MorSource, ADifferenceJustBeyondTheToleranceIsADeficit) {
   bed = std::nextafter(-1e-12, -1.0);
   fixedBed = 0.0;
   run(30, 0.0);
@@ -147,7 +147,7 @@ TEST_F(MorSource, aDifferenceJustBeyondTheToleranceIsADeficit) {
   EXPECT_EQ(text, "MASS BALANCE PROBLEM: z = -1e-12 < zFix = 0\n");
 }
 
-TEST_F(MorSource, theVerdictIsThatOfTheLastCell) {
+TEST_F(MorSource, TheVerdictIsThatOfTheLastCell) {
   run(30, -4.0);
   EXPECT_EQ(massKept, 0);
   bed = 2.0;
@@ -155,7 +155,7 @@ TEST_F(MorSource, theVerdictIsThatOfTheLastCell) {
   EXPECT_EQ(massKept, 1);
 }
 
-TEST_F(MorSource, sourcesOfOneCellAddUp) {
+TEST_F(MorSource, SourcesOfOneCellAddUp) {
   run(30, 1.0);
   run(30, 0.5);
   EXPECT_EQ(bed, 2.75);

@@ -11,7 +11,7 @@ static_assert(
 
 namespace {
 
-TEST(MorWallFluxes, letNothingPass) {
+TEST(MorWallFluxes, LetNothingPass) {
   double flux = 3.7;
   kernels::morphology::wall_fluxes(&flux);
   EXPECT_EQ(flux, 0.0);

@@ -1,0 +1,5 @@
+#include "simulation/kernels/Parameters.h"
+
+double G_REAL[PARAMETER_SLOTS] = {};
+int G_INT[PARAMETER_SLOTS] = {};
+int G_Debug = 0;

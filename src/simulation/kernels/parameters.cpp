@@ -1,5 +1,0 @@
-#include "simulation/kernels/parameters.h"
-
-double G_REAL[PARAMETER_SLOTS] = {};
-int G_INT[PARAMETER_SLOTS] = {};
-int G_Debug = 0;
