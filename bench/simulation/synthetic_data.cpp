@@ -40,7 +40,7 @@ const std::map<DataID, std::vector<double>>& columns() {
     {NodeStrg_EdgeSign, {1}},
     {StateVar,          {2.0, 40.0, 80.0, 0.0, 0.0, 40.0}},
     {TotalLen,          {40.0}},
-    {InSeries_ListSize, {12000}},
+    {InSeries_ListSize, {model::SERIES_VALUES}},
     {EdInterp_KeyPostn, {0, 2}},                    // against time
     {ClInterp_KeyPostn, {0, 0}},
     {EdModDat_ModfInfo, {4, 3, 0}},                 // discharge per wetted area

@@ -301,7 +301,8 @@ TEST_F(BadNames, ResultsThatWouldReplaceTheRunFile) {
   const support::Outcome run =
       program({"-f", "command.json", "-r", "run_results.h5", "-o", "run.h5"});
   EXPECT_EQ(run.status, 1);
-  EXPECT_THAT(run.err, HasSubstr(" -> Unable to create file run_results.h5 "));
+  EXPECT_THAT(run.err,
+              HasSubstr(" -> file <run_results.h5> is the run file itself: give another name\n"));
   EXPECT_EQ(support::readFile(dir.file("run_results.h5")), before);
 }
 
