@@ -5,6 +5,7 @@
 #include <map>
 
 #include "catalogue/Data.h"
+#include "catalogue/Limits.h"
 #include "simulation/kernels/Parameters.h"
 
 namespace bench {
