@@ -4,7 +4,7 @@
 #include "dataio/H5Writer.h"
 #include "dataio/JSONReader.h"
 #include "dataio/ResultReader.h"
-#include "dataio/XdmfWriter.h"
+#include "dataio/xdmf/XdmfWriter.h"
 
 namespace dataio {
 

@@ -44,4 +44,9 @@ bool ExecutionPlan::checkExecution(const double& time) {
   return true;
 }
 
+api::IExecutionPlan* Factory::createExecutionPlan(const double& start, const double& increment,
+                                                  const double& end) {
+  return new ExecutionPlan(start, increment, end);
+}
+
 }  // namespace simulation

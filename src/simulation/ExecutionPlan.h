@@ -34,4 +34,12 @@ class ExecutionPlan : public api::IExecutionPlan {
   double next;
 };
 
+/// Makes the objects of the driver; the caller owns what it gets.
+class Factory {
+ public:
+  /// See ExecutionPlan for the meaning of the arguments.
+  static api::IExecutionPlan* createExecutionPlan(const double& start, const double& increment,
+                                                  const double& end);
+};
+
 }  // namespace simulation

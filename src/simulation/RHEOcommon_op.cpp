@@ -23,7 +23,7 @@
 #include "op/core/op_rt_support.h"
 #include "op/core/op_seq.h"
 #include "op/io/op_hdf5.h"
-#include "simulation/Factory.h"
+#include "simulation/ExecutionPlan.h"
 #include "simulation/InputChecks.h"
 #include "simulation/SeriesGuard.h"
 #include "simulation/SignalWatch.h"

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <memory>
 #include <vector>
 
 namespace {
@@ -111,6 +112,15 @@ TEST(ExecutionPlan, CheckingCountsAsAFiring) {
 TEST(ExecutionPlan, TellsItsIncrement) {
   EXPECT_EQ(ExecutionPlan(0.0, 2.0, 10.0).getIncrement(), 2.0);
   EXPECT_EQ(ExecutionPlan(3.0, 7.0, 3.0).getIncrement(), 7.0);
+}
+
+TEST(SimulationFactory, MakesPlansThatTheCallerOwns) {
+  const std::unique_ptr<api::IExecutionPlan> plan(
+      simulation::Factory::createExecutionPlan(1.0, 2.0, 4.0));
+  EXPECT_EQ(plan->getIncrement(), 2.0);
+  EXPECT_FALSE(plan->execute(0.0));
+  EXPECT_TRUE(plan->execute(1.0));
+  EXPECT_FALSE(plan->execute(5.0));
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "dataio/XdmfWriter.h"
+#include "dataio/xdmf/XdmfWriter.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "dataio/SimpleXdmf.h"
+#include "dataio/xdmf/SimpleXdmf.h"
 
 #include <algorithm>
 #include <array>

@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "api/IXdmfWriter.h"
-#include "dataio/SimpleXdmf.h"
+#include "dataio/xdmf/SimpleXdmf.h"
 
 namespace dataio {
 
