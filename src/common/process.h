@@ -1,4 +1,4 @@
-// How each executable starts, and the one way in which it fails.
+// How each executable starts, and the ways in which it ends.
 //
 //   int main(int argc, char** argv) {
 //     common::startProcess();
@@ -24,6 +24,12 @@ void startProcess();
 /// else is run: HDF5 and what builds on it fall over what a failed write has left when they clean
 /// up.
 [[noreturn]] void endFailed(const std::exception& fault);
+
+/// Ends the process with status 0. Like above, nothing else is run: what has to be on the disk is
+/// there, and a library that falls over the closing of a file is not asked to.
+/// @throws BaseException if some of what has been told on standard output is lost, as on a full
+///         disk.
+[[noreturn]] void endWell();
 
 /// @throws BaseException if some of what has been told on standard output is lost, as on a full
 ///         disk.

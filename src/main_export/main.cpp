@@ -65,9 +65,8 @@ int main(int argc, char** argv) {
     if (forPeople) console::printHeader("sequential");
     exporter::run(request);
     if (forPeople) console::printFooter();
-    common::requireStandardOutput();
+    common::endWell();
   } catch (const std::exception& fault) {
     common::endFailed(fault);
   }
-  return 0;
 }

@@ -162,9 +162,9 @@ void NcFile::writeEqualEntries(int variable, const double* values) {
   }
 }
 
-void NcFile::close() {
+void NcFile::finish() {
   startWriting(0);
-  require(nc_close(id));
+  h5::Descriptor(name, O_RDWR).sync();
 }
 
 }  // namespace exporter

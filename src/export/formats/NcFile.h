@@ -6,11 +6,13 @@
 //   file.attach(depth, "units", "m");
 //   file.endDefinitions();
 //   file.write(depth, values.data());
-//   file.close();
+//   file.finish();
 //
 // Each operation throws std::runtime_error with the words of the library if it fails. Nothing is
-// begun for which there is no room on the disk: the library can leave a file that it cannot close,
-// and brings the whole program down at its end.
+// begun for which there is no room on the disk.
+//
+// A file stays open until the process ends by common::endWell() or endFailed(): the library falls
+// over any failure while it closes one.
 #pragma once
 
 #include <netcdf.h>
@@ -25,8 +27,6 @@ class NcFile {
   /// Replaces a file of this name. Its values are compressed, of any size, and read by programs
   /// that know the older data model only.
   explicit NcFile(const std::string& fileName);
-  /// A file that has not been closed stays open until the process ends: the library falls over what
-  /// a failed write has left when it gives up a file.
   ~NcFile() = default;
   NcFile(const NcFile&) = delete;
   NcFile& operator=(const NcFile&) = delete;
@@ -60,8 +60,8 @@ class NcFile {
   /// The same for all entries of the first of two dimensions.
   void writeEqualEntries(int variable, const double* values);
 
-  /// What has been written is complete only after this.
-  void close();
+  /// What has been written is complete, and on the disk, only after this.
+  void finish();
 
  private:
   void startWriting(std::size_t bytes);

@@ -40,7 +40,7 @@ class UgridFile {
     writeTimes();
     if (!strings.empty()) writeStrings();
     for (const api::IOutput* output : results.outputs()) writeOutput(*output);
-    file.close();
+    file.finish();
   }
 
  private:

@@ -36,7 +36,7 @@ TEST_F(NcFileTest, HoldsVariablesAndAttributes) {
   file.write(letters, "abc");
   const std::vector<int> two = {-1, 8};
   file.write(numbers, two.data());
-  file.close();
+  file.finish();
 
   const samples::NcReader nc(name);
   EXPECT_THAT(nc.values("table"),
@@ -59,7 +59,7 @@ TEST_F(NcFileTest, EqualEntriesCostLittle) {
     file.expectEqualEntries(variable);
     file.endDefinitions();
     file.writeEqualEntries(variable, values.data());
-    file.close();
+    file.finish();
     return std::filesystem::file_size(target);
   };
   EXPECT_LT(write(dir.file("many.nc"), 300), 10 * write(dir.file("one.nc"), 1));
@@ -77,7 +77,7 @@ TEST_F(NcFileTest, ManyEntriesAreWrittenInNarrowPieces) {
   file.endDefinitions();
   const std::vector<double> values = {1, 2, 3, 4, 5};
   file.writeEqualEntries(variable, values.data());
-  file.close();
+  file.finish();
   const std::vector<double> all = samples::NcReader(name).values("v");
   for (std::size_t i = 0; i < all.size(); ++i) ASSERT_EQ(all[i], values[i % 5]);
 }
