@@ -8,9 +8,11 @@
 #include <filesystem>
 #include <limits>
 #include <new>
+#include <optional>
 #include <utility>
 
 #include "api/IResultReader.h"
+#include "common/NewFile.h"
 #include "common/check.h"
 #include "common/console.h"
 #include "dataio/Archive.h"
@@ -77,12 +79,18 @@ RHEOcommon::~RHEOcommon() {
   op_exit();
 }
 
+// A file gets the text as a whole or not at all; a device or the target of a link as it comes.
 void RHEOcommon::printHash(const std::string& file) {
   console::info("restoring the model configuration to file <", file, ">");
-  if (!dataio::Archive::restore(runFile.get(), file)) {
+  std::error_code ignored;
+  const std::filesystem::file_status place = std::filesystem::symlink_status(file, ignored);
+  std::optional<common::NewFile> whole;
+  if (!exists(place) || is_regular_file(place)) whole.emplace(file, common::Sources());
+  if (!dataio::Archive::restore(runFile.get(), whole ? whole->unfinished() : file)) {
     console::fail("file <", file,
                   "> cannot be written: is the disk full, or the folder not yours?");
   }
+  if (whole) whole->finish();
 }
 
 void RHEOcommon::setParallel(const int& threads) {

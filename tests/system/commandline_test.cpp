@@ -258,13 +258,23 @@ TEST_F(CommandLine, ArchiveRestoresFromAResultsFileAsWell) {
 }
 
 TEST_F(CommandLine, ArchiveTellsOfAPlaceThatCannotBeWritten) {
-  for (const std::string place : {"nofolder/out.txt", ".", "/dev/full"}) {
+  const std::vector<std::pair<std::string, std::string>> places = {
+      {"nofolder/out.txt", "there is no folder <nofolder>"},
+      {".", "is the disk full, or the folder not yours?"},
+      {"/dev/full", "is the disk full, or the folder not yours?"}};
+  for (const auto& [place, reason] : places) {
     const Outcome run = simulate({"--archive", place});
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, " -> file <" + place +
-                           "> cannot be written: is the disk full, or the folder not yours?\n"
-                           " -> ... unfortunately RHEOMARK is killed!\n");
+    EXPECT_EQ(run.err, " -> file <" + place + "> cannot be written: " + reason +
+                           "\n -> ... unfortunately RHEOMARK is killed!\n");
   }
+}
+
+TEST_F(CommandLine, ArchiveFollowsALink) {
+  std::filesystem::create_symlink("out.txt", dir.file("link.txt"));
+  ASSERT_EQ(simulate({"--archive", "link.txt"}).status, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(dir.file("link.txt")));
+  EXPECT_EQ(support::readFile(dir.file("out.txt")), support::readText(runFile, ".config/model"));
 }
 
 TEST_F(CommandLine, ArchiveDoesNotReplaceTheFilesThatAreRead) {
