@@ -87,7 +87,9 @@ void putInPlace(const Descriptor& replacement, const std::string& name) {
     replacement.link(unfinished);
   }
   if (std::rename(unfinished.c_str(), name.c_str()) != 0) {
-    throw std::system_error(errno, std::generic_category(), "cannot replace file " + name);
+    const std::system_error fault(errno, std::generic_category(), "cannot replace file " + name);
+    ::unlink(unfinished.c_str());
+    throw fault;
   }
 }
 
