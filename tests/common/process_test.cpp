@@ -58,6 +58,15 @@ TEST(ProcessDeathTest, ALimitOnTheSizeOfFilesLetsWritesFail) {
       ExitedWithCode(3), "");
 }
 
+TEST(ProcessDeathTest, EndsWellWithoutCleaningUp) {
+  EXPECT_EXIT(
+      {
+        std::atexit([] { std::cerr << "cleaned up" << std::endl; });
+        common::endWell();
+      },
+      ExitedWithCode(0), "^$");
+}
+
 TEST(ProcessDeathTest, StandardOutputThatIsLostIsAFailure) {
   EXPECT_EXIT(
       {

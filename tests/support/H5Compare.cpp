@@ -66,8 +66,18 @@ std::vector<double> numbersOf(hid_t dataset) {
   return values;
 }
 
+std::vector<std::string> lettersOf(hid_t dataset, const Handle& type) {
+  std::string letters(countOf(dataset) * H5Tget_size(type), '\0');
+  if (H5Dread(dataset, type, H5S_ALL, H5S_ALL, H5P_DEFAULT, letters.data()) < 0) {
+    throw std::runtime_error("cannot read letters");
+  }
+  return {letters};
+}
+
+/// Texts of one length come as one text.
 std::vector<std::string> textsOf(hid_t dataset) {
   const Handle type(H5Dget_type(dataset), H5Tclose, "type");
+  if (H5Tis_variable_str(type) == 0) return lettersOf(dataset, type);
   const Handle space(H5Dget_space(dataset), H5Sclose, "dataspace");
   std::vector<char*> texts(countOf(dataset));
   if (H5Dread(dataset, type, H5S_ALL, H5S_ALL, H5P_DEFAULT, texts.data()) < 0) {

@@ -142,7 +142,7 @@ Function* next(const char* name) {
     if (fails("fallocate")) return -1;                                          \
     return NEXT(name)(file, mode, offset, length);                              \
   }
-#define CHANGE_NAME(name, parameters, ...)                                      \
+#define CHANGE_FILE(name, parameters, ...)                                      \
   int name parameters noexcept {                                                \
     if (fails(#name)) return -1;                                                \
     return NEXT(name)(__VA_ARGS__);                                             \
@@ -168,14 +168,18 @@ RESIZE(ftruncate, off_t)
 RESIZE(ftruncate64, off64_t)
 ALLOCATE(fallocate, off_t)
 ALLOCATE(fallocate64, off64_t)
-CHANGE_NAME(truncate, (const char* file, off_t size), file, size)
-CHANGE_NAME(unlink, (const char* file), file)
-CHANGE_NAME(unlinkat, (int folder, const char* file, int flags), folder, file, flags)
-CHANGE_NAME(remove, (const char* file), file)
-CHANGE_NAME(rename, (const char* file, const char* newName), file, newName)
-CHANGE_NAME(link, (const char* file, const char* newName), file, newName)
-CHANGE_NAME(symlink, (const char* file, const char* newName), file, newName)
-CHANGE_NAME(mkdir, (const char* file, mode_t mode), file, mode)
+CHANGE_FILE(truncate, (const char* file, off_t size), file, size)
+CHANGE_FILE(unlink, (const char* file), file)
+CHANGE_FILE(unlinkat, (int folder, const char* file, int flags), folder, file, flags)
+CHANGE_FILE(remove, (const char* file), file)
+CHANGE_FILE(rename, (const char* file, const char* newName), file, newName)
+CHANGE_FILE(link, (const char* file, const char* newName), file, newName)
+CHANGE_FILE(symlink, (const char* file, const char* newName), file, newName)
+CHANGE_FILE(mkdir, (const char* file, mode_t mode), file, mode)
+CHANGE_FILE(linkat, (int folder, const char* file, int newFolder, const char* newName, int flags),
+            folder, file, newFolder, newName, flags)
+CHANGE_FILE(fchmod, (int file, mode_t mode), file, mode)
+CHANGE_FILE(fchown, (int file, uid_t owner, gid_t group), file, owner, group)
 BRING_TO_DISK(fsync)
 BRING_TO_DISK(fdatasync)
 
