@@ -2,7 +2,7 @@
 
 #include "common/check.h"
 #include "common/console.h"
-#include "h5/attribute.h"
+#include "h5/attributes/attribute.h"
 #include "h5/group.h"
 #include "h5/journal/Refused.h"
 

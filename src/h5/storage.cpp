@@ -7,6 +7,7 @@
 #include "h5/Handle.h"
 #include "h5/StringHeap.h"
 #include "h5/journal/JournaledFile.h"
+#include "h5/journal/driver.h"
 #include "h5/shape.h"
 #include "h5/type.h"
 
@@ -52,20 +53,16 @@ std::uint64_t countUpTo(std::uint64_t most, const Shape& extents) {
   return count;
 }
 
-const JournaledFile& journaledOf(hid_t file) {
+const JournaledFile& sourceOf(hid_t file) {
   // Texts that have just been written are to be found in the file.
   H5Fflush(file, H5F_SCOPE_LOCAL);
-  void* handle = nullptr;
-  check(H5Fget_vfd_handle(file, H5P_DEFAULT, &handle), "Unable to look into the file");
-  return *static_cast<const JournaledFile*>(handle);
+  const JournaledFile* source = journaledOf(file);
+  if (source == nullptr) throw Error("Unable to look into the file");
+  return *source;
 }
 
-// Addresses count from behind a block of the user's.
 StringHeap heapOf(hid_t file) {
-  const Handle plan(H5Fget_create_plist(file));
-  hsize_t userBlock = 0;
-  H5Pget_userblock(plan.id(), &userBlock);
-  return {journaledOf(file), userBlock};
+  return {sourceOf(file), baseOf(file)};
 }
 
 std::string contiguousFault(const Description& described) {
@@ -77,7 +74,7 @@ std::string contiguousFault(const Description& described) {
   }
   if (!described.isText) return {};
   std::vector<char> references(described.bytes);
-  journaledOf(described.file).read(place, references.data(), references.size());
+  sourceOf(described.file).read(place, references.data(), references.size());
   return heapOf(described.file).fault(references);
 }
 

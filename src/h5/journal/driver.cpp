@@ -215,4 +215,18 @@ hid_t createFile(const char* name) {
   return file;
 }
 
+const JournaledFile* journaledOf(hid_t file) {
+  void* source = nullptr;
+  return H5Fget_vfd_handle(file, H5P_DEFAULT, &source) < 0 ? nullptr
+                                                           : static_cast<JournaledFile*>(source);
+}
+
+std::uint64_t baseOf(hid_t file) {
+  const hid_t plan = H5Fget_create_plist(file);
+  hsize_t userBlock = 0;
+  H5Pget_userblock(plan, &userBlock);
+  H5Pclose(plan);
+  return userBlock;
+}
+
 }  // namespace h5

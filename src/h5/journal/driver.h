@@ -13,7 +13,11 @@
 
 #include <hdf5.h>
 
+#include <cstdint>
+
 namespace h5 {
+
+class JournaledFile;
 
 /// The file access property list to open or create any file with. It stays the library's: it is not
 /// to be closed. Negative if the library refuses.
@@ -23,5 +27,12 @@ hid_t accessList();
 /// the list above flushes by itself.
 /// @return negative on failure
 hid_t createFile(const char* name);
+
+/// What stands behind an open file, which has been opened with the list above.
+/// @return null if the library refuses
+const JournaledFile* journaledOf(hid_t file);
+
+/// What addresses in an open file count from: the end of a block of the user's [bytes].
+std::uint64_t baseOf(hid_t file);
 
 }  // namespace h5

@@ -6,7 +6,9 @@
 #include <cstring>
 #include <string>
 
+#include "h5/attributes/attribute_storage.h"
 #include "h5/journal/driver.h"
+#include "h5/type.h"
 #include "op/core/op_arg.h"
 #include "op/core/op_type.h"
 #include "op/core/op_util.h"
@@ -61,6 +63,10 @@ void write_values(hid_t dataset, hid_t memory_space, const Target& target) {
 
 // Opens an attribute of the dataset that is to be updated.
 hid_t open_attribute(hid_t dataset, const char* name, const Target& target) {
+  const std::string fault = h5::attributeFault(dataset, name);
+  if (!fault.empty()) {
+    op_fail(2, "Dataset '%s' in file '%s' %s\n", target.path, target.file, fault.c_str());
+  }
   const H5Silence silence;
   const hid_t attribute = H5Aopen(dataset, name, H5P_DEFAULT);
   if (attribute < 0) {
@@ -79,8 +85,10 @@ hid_t open_attribute(hid_t dataset, const char* name, const Target& target) {
 int int_attribute(hid_t dataset, const char* name, const Target& target) {
   const H5Handle attribute(open_attribute(dataset, name, target), H5Aclose);
   const H5Handle space(H5Aget_space(attribute.get()), H5Sclose);
+  const H5Handle type(H5Aget_type(attribute.get()), H5Tclose);
   int value = 0;
-  if (H5Sget_simple_extent_npoints(space.get()) != 1 ||
+  if (!h5::isNumber(type.get()) || !h5::isSoundNumber(type.get()) ||
+      H5Sget_simple_extent_npoints(space.get()) != 1 ||
       H5Aread(attribute.get(), H5T_NATIVE_INT, &value) < 0) {
     fail_attribute(name, target);
   }

@@ -18,7 +18,7 @@
 
 #include "h5/DataSet.h"
 #include "h5/File.h"
-#include "h5/attribute.h"
+#include "h5/attributes/attribute.h"
 #include "h5/group.h"
 
 namespace {

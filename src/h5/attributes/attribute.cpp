@@ -1,11 +1,19 @@
-#include "h5/attribute.h"
+#include "h5/attributes/attribute.h"
 
 #include "h5/Handle.h"
+#include "h5/attributes/attribute_storage.h"
 #include "h5/type.h"
 
 namespace h5 {
 
 namespace {
+
+void requireSound(const Handle& object, const std::string& name) {
+  const std::string fault = attributeFault(object.id(), name);
+  if (!fault.empty()) {
+    throw Error("Unable to open the attribute \"" + name + "\": its dataset " + fault);
+  }
+}
 
 /// The library transfers as many values as the file says: more than one would not fit.
 Handle openSingle(const Handle& object, const std::string& name) {
@@ -17,6 +25,10 @@ Handle openSingle(const Handle& object, const std::string& name) {
   if (count != 1) {
     throw Error("Impossible to access the attribute \"" + name + "\" with " +
                 std::to_string(count) + " values: exactly one is needed");
+  }
+  const Handle type(H5Aget_type(attribute.id()));
+  if (isNumber(type.id()) && !isSoundNumber(type.id())) {
+    throw Error("The attribute \"" + name + "\" has numbers with bits outside of their bytes");
   }
   return attribute;
 }
@@ -40,6 +52,7 @@ bool exists(const Handle& object, const std::string& name) {
 
 template <class T>
 void attachAttribute(const Handle& object, const std::string& name, const T& value) {
+  requireSound(object, name);
   const Handle type = typeOf<T>();
   const Handle attribute =
       exists(object, name) ? openSingle(object, name) : create(object, name, type);
@@ -48,6 +61,7 @@ void attachAttribute(const Handle& object, const std::string& name, const T& val
 
 template <class T>
 T readAttribute(const Handle& object, const std::string& name) {
+  requireSound(object, name);
   const Handle attribute = openSingle(object, name);
   const Handle type = typeOf<T>();
   T value{};

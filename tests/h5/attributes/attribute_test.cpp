@@ -1,4 +1,4 @@
-#include "h5/attribute.h"
+#include "h5/attributes/attribute.h"
 
 #include <gtest/gtest.h>
 
