@@ -44,6 +44,27 @@ TEST_F(Export, ListsTheTimesFromWhichARunContinues) {
   EXPECT_EQ(simulate().status, 1);
 }
 
+TEST_F(Export, LeavesOutARecordWhoseAttributeGoesBeyondItsHeader) {
+  useSample("time_out_tenth");
+  ASSERT_EQ(simulate().status, 0);
+  // The time of a record: name, type and extents of the attribute, each behind the size of all.
+  std::string bytes = support::readFile(resultFile);
+  const std::size_t sizes = bytes.find(std::string("\2\0\24\0\30\0t\0", 8));
+  ASSERT_NE(sizes, std::string::npos);
+  bytes[sizes + 3] = '\xFF';
+  support::writeFile(resultFile, bytes);
+  const Outcome listed = exported({"--list"});
+  EXPECT_EQ(listed.status, 0) << listed.err;
+  EXPECT_THAT(listed.out, HasSubstr("1 record is not valid and left out"));
+
+  setCommand(R"("start": 0.5, "end": 1, "out": 0.1)");
+  const Outcome run = simulate();
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("Unable to open the attribute \"t\": \"/"));
+  EXPECT_THAT(run.err, HasSubstr("has a header whose parts are larger than their room"));
+  EXPECT_TRUE(support::readFile(resultFile) == bytes);
+}
+
 TEST_F(Export, LeavesGapsWhereARunWasContinuedWithOtherOutputs) {
   useSample("interpolation_keys");
   setCommand(R"("start": 0, "end": 2, "out": 1)", R"("water_depth")");

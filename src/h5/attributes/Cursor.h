@@ -52,7 +52,7 @@ class Cursor {
   /// Up to a zero, which is gone, too.
   std::string text() {
     const std::size_t length = std::min(bytes.find('\0'), bytes.size());
-    const std::string found(take(length).bytes);
+    std::string found(take(length).bytes);
     skip(1);
     return found;
   }

@@ -40,10 +40,12 @@ ObjectHeader::ObjectHeader(hid_t object) : opened(H5Iget_file_id(object)) {
 
   blocks = {firstBlock(origin + info.addr)};
   std::uint64_t bytes = 0;
-  for (std::size_t i = 0; i < blocks.size(); ++i) {
-    bytes += std::max<std::uint64_t>(blocks[i].size, 1);
+  while (!blocks.empty()) {
+    const Block block = blocks.back();
+    blocks.pop_back();
+    bytes += std::max<std::uint64_t>(block.size, 1);
     if (bytes > source->end()) throw Broken("has a header that never ends");
-    readBlock(blocks[i]);
+    readBlock(block);
   }
 }
 

@@ -56,9 +56,9 @@ class ObjectHeader {
   std::uint64_t origin = 0;
   std::size_t addressBytes = 0;
   std::size_t lengthBytes = 0;
-  bool isMarked = false;   ///< blocks have a mark, as in the second version
-  bool isOrdered = false;  ///< messages have the number of their creation
-  std::vector<Block> blocks;
+  bool isMarked = false;      ///< blocks have a mark, as in the second version
+  bool isOrdered = false;     ///< messages have the number of their creation
+  std::vector<Block> blocks;  ///< still to be read
   std::vector<Message> found;
 };
 

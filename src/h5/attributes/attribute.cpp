@@ -8,11 +8,18 @@ namespace h5 {
 
 namespace {
 
+std::string pathOf(const Handle& object) {
+  const ssize_t length = H5Iget_name(object.id(), nullptr, 0);
+  if (length <= 0) return {};
+  std::string path(static_cast<std::size_t>(length), '\0');
+  H5Iget_name(object.id(), path.data(), path.size() + 1);
+  return path;
+}
+
 void requireSound(const Handle& object, const std::string& name) {
   const std::string fault = attributeFault(object.id(), name);
-  if (!fault.empty()) {
-    throw Error("Unable to open the attribute \"" + name + "\": its dataset " + fault);
-  }
+  if (fault.empty()) return;
+  throw Error("Unable to open the attribute \"" + name + "\": \"" + pathOf(object) + "\" " + fault);
 }
 
 /// The library transfers as many values as the file says: more than one would not fit.

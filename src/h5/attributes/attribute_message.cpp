@@ -22,6 +22,13 @@ std::uint64_t paddedBy8(std::uint64_t size) {
   return (size + 7) / 8 * 8;
 }
 
+// How many a number of 32 bits needs.
+std::size_t bytesFor(std::uint64_t number) {
+  std::size_t width = 1;
+  while (number >> (8 * width) != 0) ++width;
+  return width;
+}
+
 // The type with all types that it is made of, one after the other.
 class TypeReader {
  public:
@@ -76,10 +83,7 @@ class TypeReader {
   }
 
   void readMembers(const Head& head, int depth) {
-    std::size_t offsetWidth = 4;
-    if (head.version > 2) {
-      for (offsetWidth = 1; head.size >> (8 * offsetWidth) != 0;) ++offsetWidth;
-    }
+    const std::size_t offsetWidth = head.version > 2 ? bytesFor(head.size) : 4;
     for (std::uint64_t i = 0; i < (head.flags & 0xFFFFU); ++i) {
       skipName(head);
       cursor.skip(offsetWidth);

@@ -44,7 +44,7 @@ std::string attributeFault(hid_t object, const std::string& name) {
           readAttributeMessage(message.content, header.addressWidth(), header.lengthWidth());
       if (attribute.name != name || !attribute.isText) continue;
       const std::vector<char> references(attribute.values.begin(), attribute.values.end());
-      const std::string fault = StringHeap(header.file(), header.base()).fault(references);
+      std::string fault = StringHeap(header.file(), header.base()).fault(references);
       if (!fault.empty()) return fault;
     }
   } catch (const Broken& broken) {

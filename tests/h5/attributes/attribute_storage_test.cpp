@@ -284,7 +284,7 @@ TEST_F(AttributeStorage, IsToldWithTheNameOfTheAttribute) {
   make(attachVictim);
   damage("victim", {TYPE_SIZE, 99});
   const std::string text =
-      "Unable to open the attribute \"t\": its dataset has a header whose parts are larger than "
+      "Unable to open the attribute \"t\": \"/a\" has a header whose parts are larger than "
       "their room";
   EXPECT_EQ(failures::textOf<h5::Error>([&] { read("t"); }), text);
   const h5::File file(name, h5::File::READ_WRITE);

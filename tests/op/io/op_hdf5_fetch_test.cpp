@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -283,6 +284,28 @@ TEST_F(OpFetchDataHdf5, RefusesAttributesOfAnotherForm) {
   expectExit(flow_, "Could not read attribute 'type' of dataset '" + std::string(Path));
   attach("dim", H5T_NATIVE_INT, {2}, numbers);
   expectExit(flow_, "Could not read attribute 'dim' of dataset '" + std::string(Path));
+}
+
+TEST_F(OpFetchDataHdf5, RefusesAnAttributeThatGoesBeyondItsHeader) {
+  write(flow_);
+  std::fstream file(file_, std::ios::in | std::ios::out | std::ios::binary);
+  const std::string bytes(std::istreambuf_iterator<char>(file), {});
+  const std::size_t name = bytes.find(std::string("size\0\0\0", 8));
+  ASSERT_NE(name, std::string::npos);
+  file.seekp(static_cast<std::streamoff>(name) - 3);  // the high byte of the size of the type
+  file.put('\x7F');
+  file.close();
+  expectExit(flow_, "Dataset '" + std::string(Path) + "' in file '" + file_ +
+                        "' has a header whose parts are larger than their room");
+}
+
+TEST_F(OpFetchDataHdf5, RefusesNumbersWithBitsOutsideOfTheirBytes) {
+  write(flow_);
+  const H5Handle wide(H5Tcopy(H5T_NATIVE_INT), H5Tclose);
+  H5Tset_size(wide.get(), 2000);
+  const std::vector<char> value(2000, 1);
+  attach("size", wide.get(), {1}, value.data());
+  expectExit(flow_, "Could not read attribute 'size' of dataset '" + std::string(Path));
 }
 
 TEST_F(OpFetchDataHdf5, RefusesAGroupInPlaceOfTheDataset) {
