@@ -2,9 +2,9 @@
 
 #include "dataio/H5Reader.h"
 #include "dataio/H5Writer.h"
-#include "dataio/JSONReader.h"
 #include "dataio/ResultReader.h"
-#include "dataio/xdmf/XdmfWriter.h"
+#include "dataio/XdmfWriter.h"
+#include "dataio/json/JSONReader.h"
 
 namespace dataio {
 

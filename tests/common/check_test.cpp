@@ -11,7 +11,7 @@ namespace {
 
 /// What a failing check writes to standard error.
 template <class Action>
-std::string reportOf(Action&& action) {
+std::string failureOf(Action&& action) {
   ::testing::internal::CaptureStderr();
   EXPECT_THROW(action(), BaseException);
   return ::testing::internal::GetCapturedStderr();
@@ -19,20 +19,20 @@ std::string reportOf(Action&& action) {
 
 TEST(Check, WithoutMessageShowsItsCondition) {
   const std::vector<int> data(2);
-  EXPECT_EQ(reportOf([&] { CHECK_THAT_AT(data.size() == 1, "", 7); }),
+  EXPECT_EQ(failureOf([&] { CHECK_THAT_AT(data.size() == 1, "", 7); }),
             " -> data.size() == 1, in file: tests/common/check_test on line 7, version v3.0.1\n");
 }
 
 TEST(Check, WithMessageShowsItInPlaceOfTheCondition) {
   const int id = 12;
-  EXPECT_EQ(reportOf([&] { CHECK_THAT_AT(id < 0, "kernel <" << id << "> not " << 0.5, 411); }),
+  EXPECT_EQ(failureOf([&] { CHECK_THAT_AT(id < 0, "kernel <" << id << "> not " << 0.5, 411); }),
             " -> kernel <12> not 0.5, in file: tests/common/check_test on line 411, version "
             "v3.0.1\n");
 }
 
 TEST(Check, WithoutALineNumberShowsItsOwn) {
   const int line = __LINE__ + 1;
-  EXPECT_EQ(reportOf([] { CHECK_THAT(false, "no"); }),
+  EXPECT_EQ(failureOf([] { CHECK_THAT(false, "no"); }),
             " -> no, in file: tests/common/check_test on line " + std::to_string(line) +
                 ", version v3.0.1\n");
 }
@@ -50,16 +50,16 @@ TEST(Check, ThatHoldsDoesNothing) {
 }
 
 TEST(FailCheck, TakesASourceWithoutExtensionAsItIs) {
-  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/main_simulation", 37); }),
+  EXPECT_EQ(failureOf([] { common::failCheck("a == b", "", "src/main_simulation", 37); }),
             " -> a == b, in file: src/main_simulation on line 37, version v3.0.1\n");
-  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/model/Model.cpp", 1); }),
+  EXPECT_EQ(failureOf([] { common::failCheck("a == b", "", "src/model/Model.cpp", 1); }),
             " -> a == b, in file: src/model/Model on line 1, version v3.0.1\n");
 }
 
 TEST(FailCheck, CutsNothingButTheExtension) {
-  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/v3.0/Model.test.cpp", 1); }),
+  EXPECT_EQ(failureOf([] { common::failCheck("a == b", "", "src/v3.0/Model.test.cpp", 1); }),
             " -> a == b, in file: src/v3.0/Model.test on line 1, version v3.0.1\n");
-  EXPECT_EQ(reportOf([] { common::failCheck("a == b", "", "src/v3.0/Model", 1); }),
+  EXPECT_EQ(failureOf([] { common::failCheck("a == b", "", "src/v3.0/Model", 1); }),
             " -> a == b, in file: src/v3.0/Model on line 1, version v3.0.1\n");
 }
 

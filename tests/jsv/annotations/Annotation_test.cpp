@@ -70,8 +70,8 @@ TEST(Annotation, DifferentTypesCompareByIndexWhateverTheyHold) {
 }
 
 TEST(Annotation, EqualTypesCompareByWhatTheyHold) {
-  using Minimum = ExtremumConstraintViolation<ExtremumType::Minimum>;
-  EXPECT_TRUE(Annotation(Minimum{1.0}) < Annotation(Minimum{2.0}));
+  using AtLeast = ExtremumConstraintViolation<ExtremumType::Minimum>;
+  EXPECT_TRUE(Annotation(AtLeast{1.0}) < Annotation(AtLeast{2.0}));
   EXPECT_TRUE(Annotation(IncorrectType{JsonTypeClass::Integer}) <
               Annotation(IncorrectType{JsonTypeClass::Array}));
   EXPECT_TRUE(Annotation(EnumConstraintViolation{makeSortable({"b", "a"})}) <

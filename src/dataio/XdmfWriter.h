@@ -21,7 +21,7 @@
 #include <vector>
 
 #include "api/IXdmfWriter.h"
-#include "dataio/xdmf/SimpleXdmf.h"
+#include "dataio/SimpleXdmf.h"
 
 namespace dataio {
 

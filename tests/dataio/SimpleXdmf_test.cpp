@@ -1,4 +1,4 @@
-#include "dataio/xdmf/SimpleXdmf.h"
+#include "dataio/SimpleXdmf.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

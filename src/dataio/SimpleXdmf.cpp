@@ -1,4 +1,4 @@
-#include "dataio/xdmf/SimpleXdmf.h"
+#include "dataio/SimpleXdmf.h"
 
 #include <algorithm>
 #include <array>

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "dataio/JSONReader.h"
 #include "dataio/failures.h"
+#include "dataio/json/JSONReader.h"
 
 namespace {
 

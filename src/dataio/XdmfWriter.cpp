@@ -1,4 +1,4 @@
-#include "dataio/xdmf/XdmfWriter.h"
+#include "dataio/XdmfWriter.h"
 
 #include "common/check.h"
 

@@ -1,4 +1,4 @@
-#include "dataio/JSONValue.h"
+#include "dataio/json/JSONValue.h"
 
 #include <gtest/gtest.h>
 

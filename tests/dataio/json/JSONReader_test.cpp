@@ -1,4 +1,4 @@
-#include "dataio/JSONReader.h"
+#include "dataio/json/JSONReader.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 // becomes.
 #include <limits>
 
-#include "dataio/JSONReader.h"
-#include "dataio/JSONValue.h"
+#include "dataio/json/JSONReader.h"
+#include "dataio/json/JSONValue.h"
 
 namespace dataio {
 

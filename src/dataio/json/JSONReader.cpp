@@ -1,5 +1,5 @@
 // The document and the ways to a value in it; the typed getters stand in JSONGetters.cpp.
-#include "dataio/JSONReader.h"
+#include "dataio/json/JSONReader.h"
 
 #include <fstream>
 #include <sstream>
