@@ -36,7 +36,7 @@ bool asksString(int key, int /*column*/) {
   return oneOf(key, {Key::Depth, Key::WaterLevel, Key::Discharge});
 }
 bool takesFromString(int type, int column) {
-  using enum EdgeChange;
+  using enum model::EdgeModificationCode;
   if (column == 1) {
     return oneOf(type, {OverSecondLength, WettedAreaOverSecondLength, DischargeOverSecondLength});
   }
@@ -63,7 +63,7 @@ bool isInnerCell(int /*type*/, int column) {
   return column == 0;
 }
 bool takesValue(int type, int /*column*/) {
-  using enum Boundary;
+  using enum model::HydBoundaryCode;
   return oneOf(type, {InflowNormalDepth, InflowFroude, OutflowNormalDepth, OutflowWeir,
                       OutflowRatingCurve, OutflowDischarge, WaterLevel, InnerTransfer, InnerGate,
                       LinkWeirInflow, LinkWeirOutflow, LinkRatingCurveInflow,
@@ -71,7 +71,7 @@ bool takesValue(int type, int /*column*/) {
                       LinkSwitchInflow, LinkSwitchOutflow, LinkLevelInflow, LinkLevelOutflow});
 }
 bool takesBedValue(int type, int /*column*/) {
-  using enum BedBoundary;
+  using enum model::MorBoundaryCode;
   return oneOf(type, {LowestBed, HighestBed, Inflow, InflowByDepth, InflowByConveyance, Capacity,
                       CapacityByDepth, CapacityByConveyance});
 }

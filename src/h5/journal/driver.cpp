@@ -32,11 +32,11 @@ std::shared_ptr<JournaledFile> openOnce(const char* name, int flags) {
   std::erase_if(opened, [](const auto& file) { return file.expired(); });
   const Identity wanted = identityOf(name);
   for (const auto& known : opened) {
-    const std::shared_ptr<JournaledFile> file = known.lock();
+    std::shared_ptr<JournaledFile> file = known.lock();
     const bool suffices = file->isWritable() || (flags & O_RDWR) == 0;
     if (suffices && (flags & O_TRUNC) == 0 && file->identity() == wanted) return file;
   }
-  const auto file = std::make_shared<JournaledFile>(name, flags);
+  auto file = std::make_shared<JournaledFile>(name, flags);
   opened.push_back(file);
   return file;
 }

@@ -1,4 +1,6 @@
 #include <cmath>
+#include <functional>
+#include <type_traits>
 
 #include "catalogue/Codes.h"
 #include "catalogue/Limits.h"
@@ -15,12 +17,12 @@ int count(const Items& items) {
   return static_cast<int>(items.size());
 }
 
-/// One member of each item.
-template <class Item, class Value>
-std::vector<Value> each(const std::vector<Item>& items, Value Item::*member) {
-  std::vector<Value> values;
+/// What `get` gives of each item: the value of a function, or a member.
+template <class Item, class Get>
+auto each(const std::vector<Item>& items, Get get) {
+  std::vector<std::decay_t<std::invoke_result_t<Get, const Item&>>> values;
   values.reserve(items.size());
-  for (const Item& item : items) values.push_back(item.*member);
+  for (const Item& item : items) values.push_back(std::invoke(get, item));
   return values;
 }
 
@@ -123,30 +125,21 @@ std::vector<int> bedloadPassages(const Domain& domain) {
 }
 
 std::vector<int> cellsLeftOf(const std::vector<int>& edges, const Domain& domain) {
-  std::vector<int> cells;
-  for (const int edge : edges) cells.push_back(domain.topology.edgeCells[index(edge)][0]);
-  return cells;
+  return each(edges, [&](int edge) { return domain.topology.edgeCells[index(edge)][0]; });
 }
 
 /// The cells on the left and on the right of each edge.
 std::vector<int> cellsBeside(const std::vector<int>& edges, const Domain& domain) {
-  std::vector<std::array<int, 2>> cells;
-  for (const int edge : edges) cells.push_back(domain.topology.edgeCells[index(edge)]);
-  return flat(cells);
+  return flat(each(edges, [&](int edge) { return domain.topology.edgeCells[index(edge)]; }));
 }
 
 std::vector<int> edgesOf(const std::vector<int>& cells, const Domain& domain) {
-  std::vector<std::array<int, 3>> edges;
-  for (const int cell : cells) edges.push_back(domain.topology.cellEdges[index(cell)]);
-  return flat(edges);
+  return flat(each(cells, [&](int cell) { return domain.topology.cellEdges[index(cell)]; }));
 }
 
 std::vector<int> fixedCellsOfSources(const Domain& domain) {
-  std::vector<int> positions;
-  for (const int cell : domain.sources.bed.cells) {
-    positions.push_back(domain.fixedCells.positionOf(cell));
-  }
-  return positions;
+  return each(domain.sources.bed.cells,
+              [&](int cell) { return domain.fixedCells.positionOf(cell); });
 }
 
 /// Rows of the greatest number of edges; what is behind the last edge of a string is 0.
@@ -162,9 +155,7 @@ std::vector<int> stringRows(const std::vector<EdgeString>& strings,
 }
 
 std::vector<int> edgeCounts(const std::vector<EdgeString>& strings) {
-  std::vector<int> counts;
-  for (const EdgeString& string : strings) counts.push_back(count(string.edges));
-  return counts;
+  return each(strings, [](const EdgeString& string) { return count(string.edges); });
 }
 
 /// Behind the last point in use stand missing values.
@@ -179,9 +170,7 @@ std::vector<double> seriesRows(const std::vector<Series>& list) {
 }
 
 std::vector<int> seriesSizes(const std::vector<Series>& list) {
-  std::vector<int> sizes;
-  for (const Series& series : list) sizes.push_back(2 * count(series.points));
-  return sizes;
+  return each(list, [](const Series& series) { return 2 * count(series.points); });
 }
 
 std::vector<int> keysAndPositions(const std::vector<EdgeInterpolation>& interpolations) {
