@@ -21,6 +21,7 @@ bool hasFailed = false;
 bool knowsUnnamedFiles = true;
 std::string refused;
 long freeBytes = UNLIMITED;
+long bytesToSetAside = UNLIMITED;
 std::vector<std::string>* noted = nullptr;
 
 void note(const char* call) {
@@ -55,6 +56,7 @@ int __real_rename(const char* name, const char* newName);
 int __real_linkat(int from, const char* name, int to, const char* newName, int flags);
 int __real_fsync(int file);
 int __real_fstatvfs(int file, struct statvfs* status);
+int __real_fallocate(int file, int mode, off_t offset, off_t count);
 
 int __wrap_open(const char* name, int flags, mode_t mode) {
   if (!knowsUnnamedFiles && (flags & O_TMPFILE) == O_TMPFILE) {
@@ -119,6 +121,14 @@ int __wrap_fstatvfs(int file, struct statvfs* status) {
   return result;
 }
 
+int __wrap_fallocate(int file, int mode, off_t offset, off_t count) {
+  if (bytesToSetAside != UNLIMITED && count > bytesToSetAside) {
+    errno = ENOSPC;
+    return -1;
+  }
+  return __real_fallocate(file, mode, offset, count);
+}
+
 }  // extern "C"
 
 namespace systemCalls {
@@ -178,12 +188,14 @@ Log::~Log() {
   noted = nullptr;
 }
 
-SmallDisk::SmallDisk(long bytes) {
-  freeBytes = bytes;
+SmallDisk::SmallDisk(long bytesTold, long bytesThere) {
+  freeBytes = bytesTold;
+  bytesToSetAside = bytesThere;
 }
 
 SmallDisk::~SmallDisk() {
   freeBytes = UNLIMITED;
+  bytesToSetAside = UNLIMITED;
 }
 
 }  // namespace systemCalls

@@ -68,10 +68,12 @@ class Log {
   std::vector<std::string> calls;
 };
 
-/// While it exists, all disks tell that so many bytes are free.
+/// While it exists, all disks tell that so many bytes are free, and set aside at most as many as
+/// there are.
 class SmallDisk {
  public:
-  explicit SmallDisk(long bytes);
+  explicit SmallDisk(long bytes) : SmallDisk(bytes, bytes) {}
+  SmallDisk(long bytesTold, long bytesThere);
   ~SmallDisk();
   SmallDisk(const SmallDisk&) = delete;
   SmallDisk& operator=(const SmallDisk&) = delete;

@@ -232,6 +232,28 @@ TEST_F(Locking, CanBeSwitchedOffByTheUser) {
 
 // -- full disks -----------------------------------------------------------------------------------
 
+#ifndef __SANITIZE_ADDRESS__  // which takes terabytes of addresses for itself
+// From limits at which not even the libraries find their place to those at which the run does.
+TEST_F(Robustness, LittleMemoryEndsInAMessageNeverInASignal) {
+  useSample("one_cell");
+  int refused = 0;
+  int done = 0;
+  for (int megabytes = 8; megabytes <= 40; megabytes += 2) {
+    const Outcome run = simulateBehind("ulimit -v " + std::to_string(megabytes * 1024));
+    if (run.status == 1) {
+      EXPECT_THAT(run.err, HasSubstr("memory"));
+      ++refused;
+    } else if (run.status == 0) {
+      ++done;
+    } else {
+      EXPECT_EQ(run.status, 127) << megabytes << " MB: " << run.err;  // of the loader
+    }
+  }
+  EXPECT_GT(refused, 0);
+  EXPECT_GT(done, 0);
+}
+#endif
+
 class FullDisk : public Robustness {
  protected:
   /// Runs the dry dam break where no file may grow beyond so many bytes.

@@ -93,9 +93,10 @@ TEST_F(DescriptorTest, FindsRoomForWhatStandsInTheFileAndBesideItTogether) {
 }
 
 TEST_F(DescriptorTest, FindsNoRoomForMoreThanTheDiskSetsAside) {
-  const systemCalls::SmallDisk pretendsToBeLarge(std::numeric_limits<long>::max());
-  const auto capacity = std::filesystem::space(dir.path()).capacity;
-  EXPECT_FALSE(Descriptor(name, O_RDWR).reserve(2 * capacity, 0));
+  const Descriptor file(name, O_RDWR);
+  const systemCalls::SmallDisk disk(std::numeric_limits<long>::max(), 1000);
+  EXPECT_TRUE(file.reserve(1000, 0));
+  EXPECT_FALSE(file.reserve(1001, 0));
 }
 
 // As file systems in memory that were given no size.
