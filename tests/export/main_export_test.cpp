@@ -54,7 +54,12 @@ TEST_F(ExportExecutable, WritesNoMessagesIntoItsFiles) {
   const std::string command =
       "exec <&- >&- 2>&-; exec " EXPORT_EXE " -r run_results.h5 --csv again.csv -m closed.h5";
   EXPECT_EQ(support::runIn(dir.path(), "/bin/sh", {"-c", command}).status, 0);
-  EXPECT_EQ(support::readFile(dir.file("again.csv")), support::readFile(dir.file("strings.csv")));
+  // Its first lines tell when it was made.
+  const auto table = [this](const char* name) {
+    const std::string text = support::readFile(dir.file(name));
+    return text.substr(text.find("\n", text.rfind("\n#") + 1));
+  };
+  EXPECT_EQ(table("again.csv"), table("strings.csv"));
   EXPECT_THAT(support::differences(dir.file("dry.h5"), dir.file("closed.h5")),
               ::testing::IsEmpty());
 }
